@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/BVContainerWidgetInterface.h"
+
+#include "foundation/BVStatusBatch.h"
+
+void BVContainerWidgetInterface::setBvStatus(BVWidgetStatus::Status status, bool on)
+{
+    setBvStatus(currentIndex(), status, on);
+}
+
+void BVContainerWidgetInterface::setBvStatus(BVWidgetStatus::Stati stati)
+{
+    setBvStatus(currentIndex(), stati);
+}
+
+bool BVContainerWidgetInterface::getBvStatus(BVWidgetStatus::Status status) const
+{
+    return getBvStatus(currentIndex(), status);
+}
+
+BVWidgetStatus::Stati BVContainerWidgetInterface::getBvStatus() const
+{
+    return getBvStatus(currentIndex());
+}
+
+void BVContainerWidgetInterface::updateWidget()
+{
+    QWidget *widget = getStatusWidget();
+    BVWidgetStatus::setStatusProperty(widget, BVWidgetStatus::status(widget));
+    BVStatusBatch::repolish(widget);
+    onStatusChanged();
+}
+
+QWidget *BVContainerWidgetInterface::getStatusWidget() const
+{
+    return getStatusWidget(currentIndex());
+}
+
+void BVContainerWidgetInterface::updateWidget(int index)
+{
+    BVStatusBatch::repolish(getStatusWidget(index));
+}
+
+void BVContainerWidgetInterface::setBvStatus(int index, BVWidgetStatus::Status status, bool on)
+{
+    if (!BVWidgetStatus::setStatusProperty(getStatusWidget(index), status, on))
+        return;
+    updateWidget(index);
+    onStatusChanged();
+}
+
+void BVContainerWidgetInterface::setBvStatus(int index, BVWidgetStatus::Stati stati)
+{
+    if (!BVWidgetStatus::setStatusProperty(getStatusWidget(index), stati))
+        return;
+    updateWidget(index);
+    onStatusChanged();
+}
+
+bool BVContainerWidgetInterface::getBvStatus(int index, BVWidgetStatus::Status status) const
+{
+    return BVWidgetStatus::testStatus(getStatusWidget(index), status);
+}
+
+BVWidgetStatus::Stati BVContainerWidgetInterface::getBvStatus(int index) const
+{
+    return BVWidgetStatus::status(getStatusWidget(index));
+}
+
+#define BV_DEFINE_FLAG(Name, Flag) \
+    void BVContainerWidgetInterface::set##Name(int index, bool on) \
+    { \
+        setBvStatus(index, BVWidgetStatus::Flag, on); \
+    } \
+    bool BVContainerWidgetInterface::is##Name(int index) const \
+    { \
+        return getBvStatus(index, BVWidgetStatus::Flag); \
+    }
+
+BV_DEFINE_FLAG(NeedInputStatus, NeedInput)
+BV_DEFINE_FLAG(UserEditStatus, UserEdit)
+BV_DEFINE_FLAG(DifferentStatus, Different)
+BV_DEFINE_FLAG(CompareDifferent, CompareDifferent)
+BV_DEFINE_FLAG(RuvixEnabled, RuvixEnabled)
+BV_DEFINE_FLAG(RuvixStandardChanged, RuvixStandardChanged)
+BV_DEFINE_FLAG(RuvixActive, RuvixActive)
+BV_DEFINE_FLAG(RuvixInvalid, RuvixInvalid)
+BV_DEFINE_FLAG(StandardEnabled, StandardEnabled)
+BV_DEFINE_FLAG(StandardDefined, StandardDefined)
+BV_DEFINE_FLAG(StandardDefault, StandardDefault)
+BV_DEFINE_FLAG(DefaultChanged, DefaultChanged)
+BV_DEFINE_FLAG(StandardChanged, StandardChanged)
+BV_DEFINE_FLAG(StandardLocked, StandardLocked)
+
+#undef BV_DEFINE_FLAG

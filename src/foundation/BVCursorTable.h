@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "BVWidgetsExport.h"
+
+#include <QCursor>
+
+/// The cursors of the library, by what they tell the user.
+class BVWIDGETS_EXPORT BVCursorTable
+{
+public:
+    enum class Cursor {
+        Default,         ///< nothing special
+        Text,            ///< text can be typed here
+        Locked,          ///< the value is locked or read-only
+        SlideHorizontal, ///< dragging sideways changes a value
+        SlideVertical,   ///< dragging up and down changes a value
+        Grab,            ///< the thing can be dragged
+        Grabbing,        ///< the thing is being dragged
+        Busy,            ///< the program works and takes no input
+    };
+
+    static QCursor cursor(Cursor cursor);
+};

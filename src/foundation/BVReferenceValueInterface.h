@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "BVWidgetsExport.h"
+
+#include <QString>
+
+class QHelpEvent;
+class QVariant;
+class QWidget;
+
+/// What a widget's tool tip tells of its reference value, the dynamic property "ReferenceValue".
+///
+/// A widget that shows its value in a way of its own implements the interface, so that the
+/// reference value reads like the value. The static functions serve any widget: without the
+/// interface a check box's reference reads "On" or "Off" (tri-state: "Partly"), any other that has
+/// a text as that text, and what cannot be shown as "Undefined".
+class BVWIDGETS_EXPORT BVReferenceValueInterface
+{
+public:
+    virtual ~BVReferenceValueInterface();
+
+    /// The reference value as the widget would show it; empty when it cannot.
+    virtual QString referenceValueText(const QVariant &reference) const = 0;
+    /// What the tool tip says besides the reference value; by default the widget's tool tip
+    /// property.
+    virtual QString toolTipText() const = 0;
+
+    /// The tool tip of @p widget: its own text, then "Reference value: ..." on a line of its own if
+    /// it has a reference value. Empty when there is neither.
+    static QString toolTip(const QWidget *widget);
+    /// Shows that tool tip if the widget has a reference value; returns whether it does.
+    static bool showToolTip(QWidget *widget, QHelpEvent *event);
+};

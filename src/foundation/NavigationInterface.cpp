@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/NavigationInterface.h"
+
+NavigationInterface::~NavigationInterface() = default;

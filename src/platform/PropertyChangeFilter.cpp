@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "platform/PropertyChangeFilter.h"
+
+#include "platform/RepolishQueue_p.h"
+
+#include <QCoreApplication>
+#include <QDynamicPropertyChangeEvent>
+#include <QPointer>
+#include <QStyle>
+#include <QVector>
+#include <QWidget>
+
+namespace {
+
+/// The widget and, when @p children, everything inside it: outer widgets before inner ones, so that
+/// an inherited font or palette settles once.
+QVector<QPointer<QWidget>> widgetsOf(QWidget *widget, bool children)
+{
+    QVector<QPointer<QWidget>> widgets{widget};
+    if (children) {
+        const QList<QWidget *> inner = widget->findChildren<QWidget *>();
+        widgets.reserve(inner.size() + 1);
+        for (QWidget *child : inner)
+            widgets.append(child);
+    }
+    return widgets;
+}
+
+void polishAnew(QWidget *widget)
+{
+    QStyle *style = widget->style();
+    style->unpolish(widget);
+    style->polish(widget);
+    // Makes the widget lay itself out and paint anew, as a new style sheet would.
+    QEvent event(QEvent::StyleChange);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+} // namespace
+
+void PropertyChangeFilter::repolish(QWidget *widget, bool children)
+{
+    if (!widget)
+        return;
+    const QVector<QPointer<QWidget>> widgets = widgetsOf(widget, children);
+    for (const QPointer<QWidget> &each : widgets) { // some may go while others are told
+        if (!each)
+            continue;
+        RepolishQueue::instance()->forget(each, children);
+        polishAnew(each);
+    }
+}
+
+void PropertyChangeFilter::repolishPost(QWidget *widget, bool children)
+{
+    if (widget)
+        RepolishQueue::instance()->add(widget, children);
+}
+
+PropertyChangeFilter *PropertyChangeFilter::installFilter(QWidget *widget,
+                                                          const QList<QByteArray> &properties,
+                                                          bool children)
+{
+    return widget ? new PropertyChangeFilter(widget, properties, children) : nullptr;
+}
+
+bool PropertyChangeFilter::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == parent() && event->type() == QEvent::DynamicPropertyChange) {
+        const auto *change = static_cast<QDynamicPropertyChangeEvent *>(event);
+        if (m_properties.contains(change->propertyName()))
+            repolishPost(static_cast<QWidget *>(watched), m_children);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+PropertyChangeFilter::PropertyChangeFilter(QWidget *widget, const QList<QByteArray> &properties,
+                                           bool children)
+    : QObject(widget)
+    , m_properties(properties)
+    , m_children(children)
+{
+    widget->installEventFilter(this);
+}

@@ -1,0 +1,320 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/BVStatusColor.h"
+#include "foundation/BVWidgetStatus.h"
+#include "foundation/BVWidgetStatusChangedEvent.h"
+
+#include "TestSupport.h"
+
+#include <QStandardItemModel>
+#include <QTest>
+#include <QTreeWidget>
+#include <QWidget>
+
+using S = BVWidgetStatus;
+
+class tst_BVWidgetStatus : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void setStatus_data();
+    void setStatus();
+    void setStatusProperty_data();
+    void setStatusProperty();
+    void propertyNames_data();
+    void propertyNames();
+    void dominantStatus();
+    void debugTexts();
+    void event();
+    void valueObject();
+    void items();
+    void oddProperty();
+    void nullWidget();
+    void colors_data();
+    void colors();
+};
+
+Q_DECLARE_METATYPE(S::Status)
+
+void tst_BVWidgetStatus::setStatus_data()
+{
+    QTest::addColumn<S::Stati>("before");
+    QTest::addColumn<S::Status>("flag");
+    QTest::addColumn<bool>("on");
+    QTest::addColumn<S::Stati>("after");
+
+    const S::Stati two = S::UserEdit | S::Different;
+    QTest::newRow("set") << two << S::NeedInput << true << (two | S::NeedInput);
+    QTest::newRow("set again") << two << S::UserEdit << true << two;
+    QTest::newRow("clear") << two << S::UserEdit << false << S::Stati(S::Different);
+    QTest::newRow("clear a missing one") << two << S::NeedInput << false << two;
+    QTest::newRow("Normal on clears all") << two << S::Normal << true << S::Stati();
+    QTest::newRow("Normal off changes nothing") << two << S::Normal << false << two;
+    QTest::newRow("flag without a property")
+        << two << S::ResetAvailable << true << (two | S::ResetAvailable);
+}
+
+void tst_BVWidgetStatus::setStatus()
+{
+    QFETCH(S::Stati, before);
+    QFETCH(S::Status, flag);
+    QFETCH(bool, on);
+    QFETCH(S::Stati, after);
+
+    QWidget widget;
+    S::setStatus(&widget, before);
+    EventCounter events(&widget, BVWidgetStatusChangedEvent::s_eventType);
+    S::setStatus(&widget, flag, on);
+    QCOMPARE(S::status(&widget), after);
+    QCOMPARE(widget.property("WidgetStatus").type(), QVariant::UInt);
+    QCOMPARE(events.count(), before == after ? 0 : 1);
+    QVERIFY(
+        !widget.property("userEditStatus").isValid()); // the plain form writes no style property
+    QVERIFY(!S::testStatus(&widget, S::Normal));
+}
+
+void tst_BVWidgetStatus::setStatusProperty_data()
+{
+    QTest::addColumn<S::Stati>("flags");      // before
+    QTest::addColumn<S::Stati>("properties"); // before
+    QTest::addColumn<S::Status>("flag");
+    QTest::addColumn<bool>("on");
+    QTest::addColumn<bool>("changed");
+    QTest::addColumn<S::Stati>("flagsAfter");
+    QTest::addColumn<S::Stati>("propertiesAfter");
+
+    const S::Stati none;
+    const S::Stati need = S::NeedInput;
+    QTest::newRow("both follow") << none << none << S::NeedInput << true << true << need << need;
+    QTest::newRow("unchanged property leaves the flags")
+        << none << need << S::NeedInput << true << false << none << need;
+    QTest::newRow("Normal clears all, whatever on says")
+        << need << need << S::Normal << false << true << none << none;
+    QTest::newRow("clear") << (need | S::UserEdit) << (need | S::UserEdit) << S::UserEdit << false
+                           << true << need << need;
+    QTest::newRow("no property, no effect")
+        << need << need << S::ResetAvailable << true << false << need << need;
+}
+
+void tst_BVWidgetStatus::setStatusProperty()
+{
+    QFETCH(S::Stati, flags);
+    QFETCH(S::Stati, properties);
+    QFETCH(S::Status, flag);
+    QFETCH(bool, on);
+    QFETCH(bool, changed);
+    QFETCH(S::Stati, flagsAfter);
+    QFETCH(S::Stati, propertiesAfter);
+
+    QWidget widget;
+    S::setStatusProperty(&widget, properties);
+    S::setStatus(&widget, flags);
+    EventCounter events(&widget, BVWidgetStatusChangedEvent::s_eventType);
+    QCOMPARE(S::setStatusProperty(&widget, flag, on), changed);
+    QCOMPARE(S::status(&widget), flagsAfter);
+    QCOMPARE(S::getStatusProperty(&widget), propertiesAfter);
+    QCOMPARE(events.count(), flags == flagsAfter ? 0 : 1);
+    if (flag != S::Normal && flag != S::ResetAvailable)
+        QCOMPARE(S::testStatusProperty(&widget, flag), on);
+}
+
+void tst_BVWidgetStatus::propertyNames_data()
+{
+    QTest::addColumn<quint32>("value");
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("Normal") << 0x0u << "";
+    QTest::newRow("UserEdit") << 0x2u << "userEditStatus";
+    QTest::newRow("NeedInput") << 0x20u << "needInputStatus";
+    QTest::newRow("RuvixEnabled") << 0x40u << "ruvixEnabledStatus";
+    QTest::newRow("RuvixStandardChanged") << 0x80u << "ruvixStandardChanged";
+    QTest::newRow("RuvixActive") << 0x100u << "ruvixActiveStatus";
+    QTest::newRow("RuvixInvalid") << 0x200u << "ruvixInvalidStatus";
+    QTest::newRow("Different") << 0x400u << "differentStatus";
+    QTest::newRow("CompareDifferent") << 0x800u << "compareDifferentStatus";
+    QTest::newRow("StandardEnabled") << 0x1000u << "standardEnabledStatus";
+    QTest::newRow("StandardDefined") << 0x2000u << "standardDefinedStatus";
+    QTest::newRow("StandardDefault") << 0x4000u << "standardDefaultStatus";
+    QTest::newRow("DefaultChanged") << 0x8000u << "defaultChangedStatus";
+    QTest::newRow("StandardChanged") << 0x10000u << "standardChangedStatus";
+    QTest::newRow("StandardLocked") << 0x20000u << "standardLockedStatus";
+    QTest::newRow("ResetAvailable") << 0x40000u << "";
+    QTest::newRow("unassigned bit") << 0x4u << "";
+    QTest::newRow("two flags") << 0x22u << "";
+}
+
+void tst_BVWidgetStatus::propertyNames()
+{
+    QFETCH(quint32, value);
+    QFETCH(QString, name);
+
+    const auto status = static_cast<S::Status>(value);
+    QCOMPARE(S::statusPropertyName(status), name);
+    QCOMPARE(S::debugStatusFlag(S::Stati(QFlag(value))),
+             value == 0x22u ? "needInputStatus|userEditStatus" : name);
+}
+
+void tst_BVWidgetStatus::dominantStatus()
+{
+    // Each flag is added to those before it, so it must win over all of them.
+    S::Stati stati = S::StandardLocked | S::StandardDefined | S::RuvixEnabled | S::DefaultChanged |
+                     S::RuvixStandardChanged | S::StandardEnabled |
+                     S::StandardDefault; // these never dominate
+    for (const S::Status flag :
+         {S::Normal, S::UserEdit, S::RuvixActive, S::Different, S::StandardChanged, S::RuvixInvalid,
+          S::CompareDifferent, S::NeedInput}) {
+        stati |= flag;
+        QCOMPARE(S::getDominantStatusFromFlag(stati), flag);
+    }
+}
+
+void tst_BVWidgetStatus::debugTexts()
+{
+    QWidget widget;
+    widget.setObjectName(QStringLiteral("edit"));
+    S::setStatus(&widget, S::UserEdit | S::NeedInput);
+    QCOMPARE(S::debugStatusToString(&widget), QStringLiteral("needInputStatus|userEditStatus"));
+    QTest::ignoreMessage(QtDebugMsg,
+                         QRegularExpression(QStringLiteral(
+                             "^here debug Status of QWidget\\(0x[0-9a-f]+, name=\"?edit\"?\\): "
+                             "needInputStatus\\|userEditStatus$")));
+    S::debugStatus(&widget, QStringLiteral("here"));
+
+    QString text = QStringLiteral("x");
+    S::debugStateHelper(text, S::UserEdit, S::UserEdit);
+    S::debugStateHelper(text, S::UserEdit, S::NeedInput);
+    QCOMPARE(text, QStringLiteral("x|userEditStatus"));
+}
+
+void tst_BVWidgetStatus::event()
+{
+    class Recorder : public QWidget
+    {
+    public:
+        bool event(QEvent *event) override
+        {
+            if (event->type() == BVWidgetStatusChangedEvent::s_eventType)
+                m_seen.append(*static_cast<BVWidgetStatusChangedEvent *>(event));
+            return QWidget::event(event);
+        }
+        QList<BVWidgetStatusChangedEvent> m_seen;
+    } widget;
+
+    S::setStatus(&widget, S::UserEdit, true);
+    S::setStatusProperty(&widget, S::NeedInput);
+    S::clear(&widget); // silent
+    QCOMPARE(widget.m_seen.size(), 2);
+    QCOMPARE(widget.m_seen.at(1).oldStatus(), S::Stati(S::UserEdit));
+    QCOMPARE(widget.m_seen.at(1).status(), S::Stati(S::NeedInput));
+    QCOMPARE(widget.m_seen.at(1).widget(), &widget);
+    QVERIFY(S::isStatus(&widget, S::Normal));
+}
+
+void tst_BVWidgetStatus::valueObject()
+{
+    QWidget first;
+    QWidget second;
+    S::setStatus(&first, S::UserEdit);
+    S::setStatus(&second, S::Different);
+    BVWidgetStatus object(&first);
+    QVERIFY(!first.property("WidgetStatus").isValid());
+    object.setStatus(S::NeedInput, true);
+    QVERIFY(S::testStatus(&first, S::NeedInput));
+    QVERIFY(!S::isStatus(&second, object));
+    object.attachWidget(&second); // unlike construction, resets nothing
+    QCOMPARE(object.status(), S::Stati(S::Different));
+    QVERIFY(S::isStatus(&second, object));
+}
+
+void tst_BVWidgetStatus::items()
+{
+    QStandardItemModel model(1, 1);
+    auto *item = new QStandardItem;
+    model.setItem(0, item);
+    QSignalSpy changes(&model, &QStandardItemModel::dataChanged);
+    S::setStatus(item, S::NeedInput, true);
+    S::setStatus(item, S::NeedInput, true);
+    S::setStatus(item, S::Normal, true); // not special for items
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(item->data(280), QVariant(0x20));
+    QCOMPARE(getWidgetStatus(item->index()), S::Stati(S::NeedInput));
+    QCOMPARE(getWidgetStatus(QModelIndex()), S::Stati());
+
+    QTreeWidgetItem treeItem;
+    S::setStatus(&treeItem, 1, S::Different, true);
+    QCOMPARE(treeItem.data(1, 280), QVariant(0x400));
+    QVERIFY(!treeItem.data(0, 280).isValid());
+}
+
+void tst_BVWidgetStatus::oddProperty()
+{
+    QWidget widget;
+    widget.setProperty("WidgetStatus", QStringLiteral("many"));
+    QVERIFY(S::isStatus(&widget, S::Normal));
+    S::setStatus(&widget, S::UserEdit, true);
+    QVERIFY(S::isStatus(&widget, S::UserEdit));
+}
+
+void tst_BVWidgetStatus::nullWidget()
+{
+    QWidget *none = nullptr;
+    S::setStatus(none, S::NeedInput, true);
+    S::clear(none);
+    S::setStatus(static_cast<QStandardItem *>(nullptr), S::NeedInput, true);
+    S::setStatus(static_cast<QTreeWidgetItem *>(nullptr), 0, S::NeedInput, true);
+    QCOMPARE(S::status(none), S::Stati());
+    QVERIFY(!S::isStatus(none, S::Normal));
+    QVERIFY(!S::setStatusProperty(none, S::NeedInput));
+    QVERIFY(!S::setStatusProperty(none, S::NeedInput, true));
+    QCOMPARE(S::debugStatusToString(none), QString());
+}
+
+void tst_BVWidgetStatus::colors_data()
+{
+    QTest::addColumn<S::Status>("status");
+    QTest::addColumn<QColor>("dark");
+    QTest::addColumn<QColor>("light");
+    QTest::addColumn<QColor>("button");
+    QTest::addColumn<QColor>("alternate");
+    QTest::addColumn<QColor>("darkWithLightColors");
+
+    QTest::newRow("Normal") << S::Normal << QColor(229, 229, 229) << QColor(51, 51, 51)
+                            << QColor(84, 84, 84) << QColor(204, 204, 204) << QColor(229, 229, 229);
+    QTest::newRow("NeedInput") << S::NeedInput << QColor(255, 77, 77) << QColor(153, 0, 0)
+                               << QColor(204, 61, 61) << QColor(204, 61, 61)
+                               << QColor(255, 170, 170);
+    QTest::newRow("UserEdit") << S::UserEdit << QColor(153, 195, 255) << QColor(0, 64, 153)
+                              << QColor(54, 106, 178) << QColor(26, 68, 128)
+                              << QColor(153, 195, 255);
+    QTest::newRow("StandardChanged")
+        << S::StandardChanged << QColor(255, 223, 127) << QColor(115, 76, 0) << QColor(204, 158, 20)
+        << QColor(204, 158, 20) << QColor(255, 223, 127);
+    QTest::newRow("Different") << S::Different << QColor(153, 255, 187) << QColor(0, 128, 42)
+                               << QColor(153, 255, 187) << QColor(0, 128, 42)
+                               << QColor(153, 255, 187);
+    QTest::newRow("CompareDifferent")
+        << S::CompareDifferent << QColor(238, 153, 255) << QColor(149, 0, 178)
+        << QColor(238, 153, 255) << QColor(149, 0, 178) << QColor(238, 153, 255);
+    QTest::newRow("without colours")
+        << S::StandardLocked << QColor(229, 229, 229) << QColor(51, 51, 51) << QColor(84, 84, 84)
+        << QColor(204, 204, 204) << QColor(229, 229, 229);
+}
+
+void tst_BVWidgetStatus::colors()
+{
+    QFETCH(S::Status, status);
+    BVStatusColor &table = BVStatusColor::colors();
+    QTEST(table.forDarkBackground(status), "dark");
+    QTEST(table.forLightBackground(status), "light");
+    QTEST(table.forButtons(status, false), "button");
+    QTEST(table.forButtons(status, true), "alternate");
+    table.setUseLightColor(true);
+    QTEST(table.forDarkBackground(status), "darkWithLightColors");
+    table.setUseLightColor(false);
+    QCOMPARE(table.disabledForButtons(true), QColor(204, 204, 204, 178));
+    QCOMPARE(table.disabledForLightBackground(), QColor(51, 51, 51, 178));
+}
+
+QTEST_MAIN(tst_BVWidgetStatus)
+
+#include "tst_bvwidgetstatus.moc"

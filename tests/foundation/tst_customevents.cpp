@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/BVWidgetStatusChangedEvent.h"
+#include "foundation/BlockSignals.h"
+#include "foundation/MainWindow.h"
+#include "foundation/OpenSimulationEvent.h"
+#include "foundation/OverlayEvent.h"
+#include "foundation/RegisterDragAndDropWidgetEvent.h"
+#include "foundation/RegisterResizeableWidgetInterfaceEvent.h"
+#include "foundation/ResizeWidgetCloseEvent.h"
+#include "foundation/VirtualSliderEvent.h"
+
+#include <QSet>
+#include <QTest>
+#include <QWidget>
+
+using namespace Brimvale;
+
+class tst_CustomEvents : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void types();
+    void fields();
+    void mainWindow();
+    void blockSignals();
+};
+
+void tst_CustomEvents::types()
+{
+    const QSet<int> types = {BVWidgetStatusChangedEvent::s_eventType,
+                             OpenSimulationEvent::s_customEventType,
+                             OverlayEvent::s_customEventType,
+                             RegisterDragAndDropWidgetEvent::s_customEventType,
+                             RegisterResizeableWidgetInterfaceEvent::s_customEventType,
+                             ResizeWidgetCloseEvent::s_customEventType,
+                             VirtualSliderEvent::s_virtualSliderEventType};
+    QCOMPARE(types.size(), 7);
+    for (const int type : types)
+        QVERIFY(type >= QEvent::User && type <= QEvent::MaxUser);
+    QCOMPARE(OverlayEvent().type(), OverlayEvent::s_customEventType);
+}
+
+void tst_CustomEvents::fields()
+{
+    QWidget widget;
+    auto *resizeable = reinterpret_cast<ResizeableWidgetInterface *>(quintptr(16));
+    auto *filter = reinterpret_cast<DragAndDropBaseFilter *>(quintptr(32));
+
+    const RegisterResizeableWidgetInterfaceEvent panel(resizeable, &widget, true);
+    QVERIFY(panel.getResizeableWidgetInterface() == resizeable &&
+            panel.getResizableWidget() == &widget);
+    QVERIFY(panel.deregister());
+    const RegisterDragAndDropWidgetEvent drag(&widget, filter, false);
+    QVERIFY(drag.getWidget() == &widget && drag.getDragAndDropFilter() == filter &&
+            !drag.deregister());
+    QVERIFY(!OverlayEvent().open() && OverlayEvent(true).open());
+    QCOMPARE(ResizeWidgetCloseEvent(&widget).getParentWidget(), &widget);
+    const VirtualSliderEvent slider(5, Qt::ShiftModifier);
+    QCOMPARE(slider.getKeys(), 5);
+    QCOMPARE(slider.getModifiers(), Qt::KeyboardModifiers(Qt::ShiftModifier));
+    const OpenSimulationEvent original(QStringLiteral("cup.sim"), QStringLiteral("done"));
+    const OpenSimulationEvent copy = original;
+    QCOMPARE(copy.getFileName() + copy.getMessage(), QStringLiteral("cup.simdone"));
+    QCOMPARE(copy.type(), OpenSimulationEvent::s_customEventType);
+}
+
+void tst_CustomEvents::mainWindow()
+{
+    QVERIFY(!Brimvale::mainWindow());
+    QWidget widget;
+    qApp->setProperty("MainWindow", QVariant::fromValue(&widget));
+    QCOMPARE(Brimvale::mainWindow(), &widget);
+    qApp->setProperty("MainWindow", QVariant::fromValue<QObject *>(&widget));
+    QCOMPARE(Brimvale::mainWindow(), &widget);
+    for (const QVariant &wrong : {QVariant(3), QVariant::fromValue<QObject *>(qApp), QVariant()}) {
+        qApp->setProperty("MainWindow", wrong);
+        QVERIFY(!Brimvale::mainWindow());
+    }
+}
+
+void tst_CustomEvents::blockSignals()
+{
+    QObject first;
+    auto *second = new QObject;
+    second->blockSignals(true);
+    QObject third;
+    {
+        const BlockSignals blocker{&first, nullptr, second, &first, &third};
+        QVERIFY(first.signalsBlocked() && third.signalsBlocked());
+        delete second;
+    }
+    QVERIFY(!first.signalsBlocked() && !third.signalsBlocked());
+}
+
+QTEST_MAIN(tst_CustomEvents)
+
+#include "tst_customevents.moc"

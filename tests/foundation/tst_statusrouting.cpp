@@ -1,0 +1,279 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/BVReferenceValueInterface.h"
+#include "foundation/BVStatusBatch.h"
+#include "foundation/BVWidgetStatusChangedEvent.h"
+#include "foundation/BVWidgetStatusHandler.h"
+#include "foundation/BVWidgetStatusPropertyDispatcher.h"
+#include "foundation/BVWidgetStatusRouter.h"
+
+#include "TestSupport.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolTip>
+
+using S = BVWidgetStatus;
+
+class tst_StatusRouting : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { muteOffscreenWarnings(); }
+    void combine();
+    void disabledChildren();
+    void settingsWaitForTheNextUpdate();
+    void blocking();
+    void detachAndDelete();
+    void nesting();
+    void parentGoesFirst();
+    void lockSymbol();
+    void referenceToolTip_data();
+    void referenceToolTip();
+    void router();
+    void dispatcher();
+    void batch();
+};
+
+void tst_StatusRouting::combine()
+{
+    QGroupBox group;
+    auto *first = new QLineEdit(&group);
+    auto *second = new QLineEdit(&group);
+    S::setStatus(first, S::NeedInput);
+    auto *handler = new BVWidgetStatusHandler(&group);
+    handler->attach(first);
+    handler->attach(first);
+    handler->attach(second);
+    handler->attach(nullptr);
+    QVERIFY(S::isStatus(&group, S::Normal)); // attaching does not combine
+
+    QSignalSpy changes(handler, &BVWidgetStatusHandler::childStatusChanged);
+    S::setStatus(second, S::UserEdit);
+    QVERIFY(S::isStatus(&group, S::NeedInput | S::UserEdit));
+    QVERIFY(S::testStatusProperty(&group, S::NeedInput));
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.first().at(0).value<QWidget *>(), second);
+    handler->clear();
+    QVERIFY(S::isStatus(&group, S::Normal));
+}
+
+void tst_StatusRouting::disabledChildren()
+{
+    QGroupBox group;
+    auto *first = new QLineEdit(&group);
+    auto *second = new QLineEdit(&group);
+    auto *handler = new BVWidgetStatusHandler(&group);
+    handler->attach(first);
+    handler->attach(second);
+    S::setStatus(first, S::NeedInput);
+    S::setStatus(second, S::UserEdit);
+    first->setEnabled(false);
+    QVERIFY(S::isStatus(&group, S::UserEdit)); // at once
+    handler->setObserveDisabledChildren(true);
+    handler->updateParentStatus();
+    QVERIFY(S::isStatus(&group, S::NeedInput | S::UserEdit));
+}
+
+void tst_StatusRouting::settingsWaitForTheNextUpdate()
+{
+    QGroupBox group;
+    auto *edit = new QLineEdit(&group);
+    auto *handler = new BVWidgetStatusHandler(&group);
+    handler->attach(edit);
+    handler->set(S::StandardDefined);
+    QVERIFY(S::isStatus(&group, S::Normal));
+    S::setStatus(edit, S::UserEdit);
+    QVERIFY(S::isStatus(&group, S::StandardDefined | S::UserEdit));
+    handler->setEnabled(false);
+    QVERIFY(!S::isStatus(&group, S::Normal));
+    handler->updateParentStatus();
+    QVERIFY(S::isStatus(&group, S::Normal));
+}
+
+void tst_StatusRouting::blocking()
+{
+    QGroupBox group;
+    auto *edit = new QLineEdit(&group);
+    auto *handler = new BVWidgetStatusHandler(&group);
+    handler->attach(edit);
+    S::setStatus(edit, S::UserEdit);
+    QVERIFY(!handler->setBlocking(true, true));
+    S::setStatus(edit, S::NeedInput);
+    QVERIFY(handler->setBlocking(false, true));
+    QVERIFY(S::isStatus(&group, S::UserEdit)); // what was recorded before blocking began
+}
+
+void tst_StatusRouting::detachAndDelete()
+{
+    QGroupBox group;
+    auto *first = new QLineEdit(&group);
+    auto *second = new QLineEdit(&group);
+    auto *handler = new BVWidgetStatusHandler(&group);
+    handler->attach(first);
+    handler->attach(second);
+    S::setStatus(first, S::NeedInput);
+    S::setStatus(second, S::UserEdit);
+    handler->detach(second);
+    QVERIFY(S::isStatus(&group, S::NeedInput));
+    S::setStatus(second, S::Different);
+    QVERIFY(S::isStatus(&group, S::NeedInput));
+    delete first;
+    QVERIFY(S::isStatus(&group, S::Normal));
+    handler->updateParentStatus(); // touches no widget that is gone
+}
+
+void tst_StatusRouting::nesting()
+{
+    QWidget page;
+    auto *group = new QGroupBox(&page);
+    auto *edit = new QLineEdit(group);
+    (new BVWidgetStatusHandler(group))->attach(edit);
+    (new BVWidgetStatusHandler(&page))->attach(group);
+    S::setStatus(edit, S::NeedInput, true);
+    QVERIFY(S::testStatusProperty(&page, S::NeedInput));
+    S::setStatus(edit, S::NeedInput, false);
+    QVERIFY(!S::testStatusProperty(&page, S::NeedInput));
+}
+
+void tst_StatusRouting::parentGoesFirst()
+{
+    QLineEdit stays;
+    {
+        QGroupBox group;
+        auto *edit = new QLineEdit(&group);
+        auto *handler = new BVWidgetStatusHandler(&group);
+        handler->attach(edit);
+        handler->attach(&stays);
+        S::setStatus(edit, S::NeedInput, true);
+        S::setStatus(&stays, S::UserEdit, true);
+    }
+    S::setStatus(&stays, S::NeedInput, true); // no handler left to hear of it
+}
+
+void tst_StatusRouting::lockSymbol()
+{
+    QGroupBox group;
+    auto *edit = new QLineEdit(&group);
+    edit->resize(100, 24);
+    (new BVWidgetStatusHandler(&group))->attach(edit);
+    const auto symbol = [edit] {
+        return edit->findChild<QWidget *>(QStringLiteral("bv_standardlocked"));
+    };
+    QVERIFY(!symbol());
+    S::setStatus(edit, S::StandardLocked, true);
+    QVERIFY(symbol() && !symbol()->isHidden());
+    QVERIFY(symbol()->geometry().left() > 50);
+    group.setLayoutDirection(Qt::RightToLeft);
+    QVERIFY(symbol()->geometry().right() < 50);
+    S::setStatus(edit, S::StandardLocked, false);
+    QVERIFY(symbol()->isHidden());
+}
+
+void tst_StatusRouting::referenceToolTip_data()
+{
+    QTest::addColumn<bool>("checkBox");
+    QTest::addColumn<QString>("own");
+    QTest::addColumn<QVariant>("reference");
+    QTest::addColumn<QString>("toolTip");
+
+    QTest::newRow("text") << false << "" << QVariant("DC04") << "Reference value: DC04";
+    QTest::newRow("below the own text")
+        << false << "Material" << QVariant(2.5) << "Material\nReference value: 2.5";
+    QTest::newRow("list") << false << "" << QVariant(QStringList{"a", "b"})
+                          << "Reference value: a, b";
+    QTest::newRow("check box") << true << "" << QVariant(true) << "Reference value: On";
+    QTest::newRow("check state") << true << "" << QVariant(int(Qt::PartiallyChecked))
+                                 << "Reference value: Partly";
+    QTest::newRow("no text") << false << "" << QVariant(QSize(1, 2))
+                             << "Reference value: Undefined";
+    QTest::newRow("none") << false << "Material" << QVariant() << "Material";
+}
+
+void tst_StatusRouting::referenceToolTip()
+{
+    QFETCH(bool, checkBox);
+    QFETCH(QString, own);
+    QFETCH(QVariant, reference);
+
+    QWidget window;
+    QWidget *child =
+        checkBox ? static_cast<QWidget *>(new QCheckBox(&window)) : new QLineEdit(&window);
+    (new BVWidgetStatusHandler(&window))->attach(child);
+    child->setToolTip(own);
+    child->setProperty("ReferenceValue", reference);
+    QTEST(BVReferenceValueInterface::toolTip(child), "toolTip");
+
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QHelpEvent help(QEvent::ToolTip, QPoint(1, 1), child->mapToGlobal(QPoint(1, 1)));
+    QApplication::sendEvent(child, &help);
+    QTEST(QToolTip::text(), "toolTip");
+    QToolTip::hideText();
+}
+
+void tst_StatusRouting::router()
+{
+    QLabel receiver;
+    auto *sender = new QLineEdit;
+    EventCounter senderEvents(sender, BVWidgetStatusChangedEvent::s_eventType);
+    S::setStatus(sender, S::UserEdit);
+    BVWidgetStatusPropertyDispatcher::dispatch(&receiver, &receiver);
+    BVWidgetStatusRouter::route(&receiver, &receiver);
+    QVERIFY(!receiver.findChild<BVWidgetStatusRouter *>());
+    BVWidgetStatusRouter::route(&receiver, sender);
+    QVERIFY(S::testStatusProperty(&receiver, S::UserEdit)); // told at once
+
+    QLineEdit second;
+    senderEvents.reset();
+    S::setStatus(sender, S::NeedInput);
+    QVERIFY(S::isStatus(&receiver, S::NeedInput));
+    QCOMPARE(senderEvents.count(), 0); // consumed
+    BVWidgetStatusRouter::route(&receiver, &second);
+    QVERIFY(S::isStatus(&receiver, S::Normal));
+    S::setStatus(sender, S::Different);
+    QVERIFY(S::isStatus(&receiver, S::Normal)); // the first route has ended
+
+    BVWidgetStatusRouter::route(&receiver, sender);
+    delete sender;
+    QCOMPARE(S::getStatusProperty(&receiver), S::Stati());
+}
+
+void tst_StatusRouting::dispatcher()
+{
+    QLineEdit edit;
+    BVWidgetStatusPropertyDispatcher::dispatch(&edit, &edit);
+    EventCounter events(&edit, BVWidgetStatusChangedEvent::s_eventType);
+    S::setStatus(&edit, S::NeedInput, true);
+    QVERIFY(S::testStatusProperty(&edit, S::NeedInput));
+    QCOMPARE(events.count(), 1);
+}
+
+void tst_StatusRouting::batch()
+{
+    QWidget window;
+    window.setStyleSheet(QStringLiteral("QLineEdit[needInputStatus=\"true\"] { color: #ff0000; }"));
+    auto *edit = new QLineEdit(&window);
+    BVWidgetStatusPropertyDispatcher::dispatch(edit, edit);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const auto color = [edit] { return edit->palette().color(QPalette::Text); };
+    {
+        const BVStatusBatch outer;
+        const BVStatusBatch inner;
+        S::setStatus(edit, S::NeedInput, true);
+        QVERIFY(S::testStatusProperty(edit, S::NeedInput));
+    }
+    QVERIFY(color() != QColor(Qt::red));
+    QTRY_COMPARE(color(), QColor(Qt::red));
+    S::setStatus(edit, S::NeedInput, false);
+    QVERIFY(color() != QColor(Qt::red)); // at once without a batch
+}
+
+QTEST_MAIN(tst_StatusRouting)
+
+#include "tst_statusrouting.moc"

@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+#include "platform/ConfigReader.h"
+#include "platform/ConfigWriter.h"
+#include "platform/ConfigurationManager.h"
+#include "platform/ConfigurationObject.h"
+#include "platform/ConfigurationValue.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+using Brimvale::ConfigReader;
+using Brimvale::ConfigurationManager;
+using Brimvale::ConfigurationObject;
+using Brimvale::ConfigurationValue;
+using Brimvale::ConfigWriter;
+
+namespace {
+
+const QRegularExpression s_notUsed("^Configuration file \".+\" is not used: .+");
+const QRegularExpression s_notSaved("^Configuration file \".+\" cannot be saved: .+");
+
+void writeFile(const QString &fileName, const QByteArray &bytes)
+{
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+QByteArray readFile(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
+}
+
+std::unique_ptr<ConfigurationObject> makeView()
+{
+    auto object = std::make_unique<ConfigurationObject>("View");
+    object->addConfigurationValue(std::make_unique<ConfigurationValue>("Font Size", "12"));
+    object->addConfigurationValue(std::make_unique<ConfigurationValue>("Tiny-Length", "um"));
+    return object;
+}
+
+} // namespace
+
+class tst_Configuration : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void textsRoundTrip_data();
+    void textsRoundTrip();
+    void namesDoNotMix();
+    void savesOfOneMomentAreTold();
+    void unusableFile_data();
+    void unusableFile();
+    void filesWithoutContent();
+    void handWrittenFile();
+    void unknownKeysSurvive();
+    void unwritableTarget();
+    void managerLoadsAndSavesAll();
+    void assignmentKeepsPointers();
+
+private:
+    QString fileName(const char *name) const { return m_folder->filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void tst_Configuration::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+}
+
+void tst_Configuration::textsRoundTrip_data()
+{
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("empty") << "";
+    QTest::newRow("commas") << "a, b,c,";
+    QTest::newRow("quotes") << "say \"no\"";
+    QTest::newRow("umlauts") << QString::fromUtf8("Größe µm²");
+    QTest::newRow("beyond 16 bit") << QString::fromUtf8("\xF0\x9F\x94\xA7 1");
+    QTest::newRow("half a pair") << QString(QChar(0xD83D)) + "ab";
+    QTest::newRow("percent") << "100 %20 %";
+    QTest::newRow("line ends") << "one\ntwo\r\n\tthree";
+    QTest::newRow("spaces outside") << "  x ";
+    QTest::newRow("looks like no value") << "@Invalid()";
+    QTest::newRow("looks like a variant") << "@Variant(\\0)";
+    QTest::newRow("looks like a group") << "[View]";
+    QTest::newRow("looks like a comment") << "; x # y = z";
+    QTest::newRow("backslashes") << "C:\\new\\x41";
+    QTest::newRow("zero character") << QString(QChar(0)) + "b";
+}
+
+void tst_Configuration::textsRoundTrip()
+{
+    QFETCH(QString, text);
+    ConfigWriter writer(fileName("a.ini"));
+    writer.setValue("Angular Velocity", "Tiny-Length", text);
+    QVERIFY(writer.commit());
+
+    const ConfigReader reader(fileName("a.ini"));
+    QVERIFY(reader.contains("Angular Velocity", "Tiny-Length"));
+    QCOMPARE(reader.value("Angular Velocity", "Tiny-Length", "default"), text);
+    QCOMPARE(reader.value("Angular Velocity", "other", "default"), QString("default"));
+
+    QVERIFY(ConfigWriter(fileName("a.ini")).commit()); // as a key that nobody knows
+    QCOMPARE(ConfigReader(fileName("a.ini")).value("Angular Velocity", "Tiny-Length"), text);
+}
+
+void tst_Configuration::namesDoNotMix()
+{
+    const std::vector<std::pair<const char *, const char *>> names = {
+        {"General", "x"}, {"general", "x"},   {"a/b", "c"}, {"a", "b/c"},
+        {"a%2Fb", "c"},   {"/", "//"},        {"[a]", "="}, {"Mäße", "größte Länge"},
+        {"a b", "c-d"},   {"View", "version"}};
+    ConfigWriter writer(fileName("a.ini"));
+    for (const auto &[object, value] : names)
+        writer.setValue(object, value, QString(object) + "|" + value);
+    writer.setValue("", "x", "nameless");
+    writer.setValue("x", "", "nameless");
+    QVERIFY(writer.commit());
+
+    const ConfigReader reader(fileName("a.ini"));
+    for (const auto &[object, value] : names)
+        QCOMPARE(reader.value(object, value), QString(object) + "|" + value);
+    QVERIFY(!reader.contains("", "x"));
+    QVERIFY(!reader.contains("x", ""));
+}
+
+void tst_Configuration::savesOfOneMomentAreTold()
+{
+    for (int i = 0; i < 20; ++i) { // equal in size and, often, in time
+        ConfigWriter writer(fileName("a.ini"));
+        writer.setValue("View", "unit", i % 2 ? "mm" : "um");
+        QVERIFY(writer.commit());
+        QCOMPARE(ConfigReader(fileName("a.ini")).value("View", "unit"),
+                 QString(i % 2 ? "mm" : "um"));
+    }
+}
+
+void tst_Configuration::unusableFile_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    QByteArray binary;
+    for (int i = 0; i < 4096; ++i)
+        binary.append(char(1 + i * 7 % 255));
+    QTest::newRow("binary") << binary;
+    QTest::newRow("zeros") << QByteArray("[General]\nConfigurationFormat=1\n") +
+                                  QByteArray(64, '\0');
+    QTest::newRow("xml") << QByteArray("<?xml version=\"1.0\"?>\n<a b=\"c\">\n</a>\n");
+    QTest::newRow("another program's settings") << QByteArray("[View]\nFont%20Size=8\n");
+    QTest::newRow("cut off") << QByteArray(
+        "[General]\nConfigurationFormat=1\n\n[View]\nFont%20Size=8\nTiny");
+    QTest::newRow("cut off in a group")
+        << QByteArray("[General]\nConfigurationFormat=1\n\n[View]\nFont%20Size=8\n[Vie");
+    QTest::newRow("later format") << QByteArray(
+        "[General]\nConfigurationFormat=2\n[View]\nFont%20Size=8\n");
+    QTest::newRow("no format") << QByteArray(
+        "[General]\nConfigurationFormat=x\n[View]\nFont%20Size=8\n");
+}
+
+void tst_Configuration::unusableFile()
+{
+    QFETCH(QByteArray, bytes);
+    const QString name = fileName("a.ini");
+    writeFile(name, bytes);
+    writeFile(name + ".bak", "an earlier one");
+    ConfigurationManager manager;
+    ConfigurationObject *view = manager.registerObject(makeView());
+
+    QTest::ignoreMessage(QtWarningMsg, s_notUsed);
+    QVERIFY(!manager.load(name));
+    QCOMPARE(view->configurationValue("Font Size")->value(), QString("12"));
+    QCOMPARE(readFile(name), bytes);
+    QCOMPARE(readFile(name + ".bak"), QByteArray("an earlier one"));
+
+    QVERIFY(manager.save(name));
+    QCOMPARE(readFile(name + ".bak"), bytes);
+    QVERIFY(manager.load(name));
+    QCOMPARE(m_folder->isValid() ? QDir(m_folder->path()).entryList(QDir::Files).size() : 0, 2);
+}
+
+void tst_Configuration::filesWithoutContent()
+{
+    QVERIFY(ConfigReader(fileName("missing.ini")).isValid());
+    QVERIFY(ConfigReader(QString()).isValid());
+    writeFile(fileName("empty.ini"), "\n");
+    QVERIFY(ConfigReader(fileName("empty.ini")).isValid());
+
+    QTest::ignoreMessage(QtWarningMsg, s_notUsed);
+    const ConfigReader folder(m_folder->path());
+    QVERIFY(!folder.isValid());
+    QVERIFY(!folder.contains("View", "x"));
+}
+
+void tst_Configuration::handWrittenFile()
+{
+    writeFile(fileName("a.ini"), "; mine\n[General]\nConfigurationFormat=1\n[View]\n"
+                                 "list=a,b\nunit=\xC2\xB5m\nplain = 25 mm \n");
+    const ConfigReader reader(fileName("a.ini"));
+    QCOMPARE(reader.value("View", "list"), QString("a,b"));
+    QCOMPARE(reader.value("View", "unit"), QString::fromUtf8("µm"));
+    QCOMPARE(reader.value("View", "plain"), QString("25 mm"));
+}
+
+void tst_Configuration::unknownKeysSurvive()
+{
+    const QString name = fileName("a.ini");
+    ConfigurationManager manager;
+    ConfigurationObject *view = manager.registerObject(makeView());
+    QVERIFY(manager.save(name));
+    {
+        QSettings settings(name, QSettings::IniFormat);
+        settings.setValue("topmost", 1);
+        settings.setValue("View/later", QStringList{"a", "b,c"});
+        settings.setValue("Other group/deep/key", QByteArray("\x01\xff", 2));
+        settings.setValue("View/Font Size", "9");
+    }
+    QVERIFY(manager.load(name));
+    QCOMPARE(view->configurationValue("Font Size")->value(), QString("9"));
+    view->configurationValue("Font Size")->setValue("10");
+    QVERIFY(manager.save(name));
+
+    const QSettings settings(name, QSettings::IniFormat);
+    QCOMPARE(settings.value("topmost").toInt(), 1);
+    QCOMPARE(settings.value("View/later").toStringList(), (QStringList{"a", "b,c"}));
+    QCOMPARE(settings.value("Other group/deep/key").toByteArray(), QByteArray("\x01\xff", 2));
+    QCOMPARE(settings.value("View/Font Size").toString(), QString("10"));
+    QVERIFY(!QFile::exists(name + ".bak"));
+}
+
+void tst_Configuration::unwritableTarget()
+{
+    QVERIFY(QDir(m_folder->path()).mkdir("folder"));
+    QTest::ignoreMessage(QtWarningMsg, s_notSaved);
+    QVERIFY(!ConfigWriter(fileName("folder")).commit());
+    QVERIFY(QFileInfo(fileName("folder")).isDir());
+
+    writeFile(fileName("plain"), "text");
+    QTest::ignoreMessage(QtWarningMsg, s_notSaved);
+    QVERIFY(!ConfigWriter(fileName("plain/a.ini")).commit());
+    QCOMPARE(readFile(fileName("plain")), QByteArray("text"));
+
+    // A folder in the place of the copy: the damaged file must not be lost.
+    QVERIFY(QDir(m_folder->path()).mkpath("plain.bak/x"));
+    QTest::ignoreMessage(QtWarningMsg, s_notSaved);
+    QVERIFY(!ConfigWriter(fileName("plain")).commit());
+    QCOMPARE(readFile(fileName("plain")), QByteArray("text"));
+
+    QVERIFY(ConfigWriter(fileName("new/folders/a.ini")).commit());
+}
+
+void tst_Configuration::managerLoadsAndSavesAll()
+{
+    ConfigurationManager manager;
+    QCOMPARE(manager.registerObject(nullptr), nullptr);
+    ConfigurationObject *view = manager.registerObject(makeView());
+    QCOMPARE(manager.registerObject(makeView()), view); // one object a name
+    ConfigurationObject *tools =
+        manager.registerObject(std::make_unique<ConfigurationObject>("Tools"));
+    ConfigurationValue *radius =
+        tools->addConfigurationValue(std::make_unique<ConfigurationValue>("radius", "5"));
+    QCOMPARE(tools->addConfigurationValue(std::make_unique<ConfigurationValue>("radius")), nullptr);
+    QCOMPARE(tools->addConfigurationValue(std::make_unique<ConfigurationValue>("")), nullptr);
+
+    radius->setValue("8");
+    view->configurationValue("Tiny-Length")->setValue("nm");
+    QVERIFY(manager.save(fileName("a.ini")));
+    manager.setDefaultValues();
+    QCOMPARE(radius->value(), QString("5"));
+    QVERIFY(manager.load(fileName("a.ini")));
+    QCOMPARE(radius->value(), QString("8"));
+    QCOMPARE(manager.object("View")->configurationValue("Tiny-Length")->value(), QString("nm"));
+    QCOMPARE(manager.object("None"), nullptr);
+}
+
+void tst_Configuration::assignmentKeepsPointers()
+{
+    ConfigurationObject source("Source");
+    source.addConfigurationValue(std::make_unique<ConfigurationValue>("new", "n"));
+    source.addConfigurationValue(std::make_unique<ConfigurationValue>("both", "b"))->setValue("B");
+    ConfigurationObject target("Target");
+    ConfigurationValue *both =
+        target.addConfigurationValue(std::make_unique<ConfigurationValue>("both", "x"));
+    target.addConfigurationValue(std::make_unique<ConfigurationValue>("old", "o"));
+
+    target = source;
+    target = *&target;
+    QCOMPARE(target.name(), QString("Source"));
+    QCOMPARE(target.configurationValues().size(), size_t(2));
+    QCOMPARE(target.configurationValues().at(1), both);
+    QCOMPARE(both->value(), QString("B"));
+    QCOMPARE(target.configurationValue("old"), nullptr);
+
+    const std::unique_ptr<ConfigurationObject> copy = target.createConfigurationObject();
+    both->reset();
+    QCOMPARE(both->value(), QString("b"));
+    QCOMPARE(copy->configurationValue("both")->value(), QString("B"));
+}
+
+QTEST_GUILESS_MAIN(tst_Configuration)
+
+#include "tst_configuration.moc"
