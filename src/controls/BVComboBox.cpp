@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#include "controls/BVComboBox.h"
+
+#include <QWheelEvent>
+
+BVComboBox::BVComboBox(QWidget *parent)
+    : BVStatusControl<QComboBox>(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void BVComboBox::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        BVStatusControl<QComboBox>::wheelEvent(event);
+    else
+        event->ignore();
+}
