@@ -29,7 +29,10 @@ QVector<QPointer<QWidget>> widgetsOf(QWidget *widget, bool children)
 void polishAnew(QWidget *widget)
 {
     QStyle *style = widget->style();
-    style->unpolish(widget);
+    // The style of a style sheet forgets what it knew of a widget when it polishes it again, as it
+    // does for a new sheet. Unpolished before, it would match all its rules a second time.
+    if (!widget->testAttribute(Qt::WA_StyleSheet))
+        style->unpolish(widget);
     style->polish(widget);
     // Makes the widget lay itself out and paint anew, as a new style sheet would.
     QEvent event(QEvent::StyleChange);

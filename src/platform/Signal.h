@@ -42,7 +42,13 @@ public:
     }
 
 private:
-    using BoostSignal = boost::signals2::signal<void(Args...)>;
+    struct NoGroups
+    { // the order of connection alone counts
+        bool operator()(int, int) const { return false; }
+    };
+    using BoostSignal =
+        boost::signals2::signal<void(Args...), boost::signals2::optional_last_value<void>, int,
+                                NoGroups>;
 
     std::shared_ptr<BoostSignal> m_signal = std::make_shared<BoostSignal>();
 };

@@ -72,6 +72,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void attributeSelectorTakesEffect();
+    void withoutStyleSheet();
     void rulesReachInside();
     void sizeFollows();
     void nothingToDo();
@@ -126,6 +127,15 @@ void tst_PropertyChangeFilter::attributeSelectorTakesEffect()
     edit->setProperty("alarm", false);
     PropertyChangeFilter::repolish(edit);
     QCOMPARE(edit->palette().color(QPalette::Text), plain);
+}
+
+void tst_PropertyChangeFilter::withoutStyleSheet()
+{
+    qApp->setStyleSheet(QString());
+    m_style->counts.clear();
+    PropertyChangeFilter::repolish(m_form->box, true);
+    QCOMPARE(polished(m_form->box), 1); // the style may go by properties of its own accord
+    QCOMPARE(polished(m_form->edit), 1);
 }
 
 void tst_PropertyChangeFilter::rulesReachInside()
