@@ -1,0 +1,350 @@
+// SPDX-License-Identifier: MIT
+#include "style/StyleSheetHandler.h"
+
+#include <QApplication>
+#include <QStyle>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using Brimvale::StyleSheetDiagnostic;
+using Brimvale::StyleSheetHandler;
+
+namespace {
+
+// Serves sheets from memory and counts how often each is read.
+class MemoryHandler : public StyleSheetHandler
+{
+public:
+    explicit MemoryHandler(const QHash<QString, QString> &files)
+        : StyleSheetHandler(false)
+        , m_files(files)
+    {
+        load("top");
+    }
+
+    QHash<QString, QString> m_files;
+    QStringList m_reads;
+
+protected:
+    QString readFromFile(const QString &path) override
+    {
+        m_reads << path;
+        return m_files.value(path);
+    }
+};
+
+MemoryHandler fontHandler()
+{
+    return MemoryHandler(
+        {{"top", "#include \"defines\"\n#include \"use\""},
+         {"defines", "#define bvFontSize 11\n#define bvFontSizeBig 12\n"
+                     "#define textColorError #ff4d4d\n#define palette(link) #123456"},
+         {"use", "big bvFontSizeBig; normal bvFontSize; color textColorError;"}});
+}
+
+QString used(StyleSheetHandler &handler)
+{
+    return handler.getStyleSheet().split('\n').value(3);
+}
+
+void writeFile(const QString &fileName, const QByteArray &text)
+{
+    QVERIFY(QDir().mkpath(QFileInfo(fileName).absolutePath()));
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(text);
+}
+
+QByteArray fileText(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+}
+
+} // namespace
+
+class tst_StyleSheetHandler : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void constructorTellsPathsFromModes();
+    void readsFiles();
+    void readsResources();
+    void expandsOnceAndReadsOnce();
+    void setsParts();
+    void userDefinesWin();
+    void fontSizes_data();
+    void fontSizes();
+    void lightVersion();
+    void copiesAreIndependent();
+    void savesFiles();
+    void replacesPaths_data();
+    void replacesPaths();
+    void replacesDefines_data();
+    void replacesDefines();
+    void baseStyleSurvivesTheApplicationsChoice();
+
+private:
+    QTemporaryDir m_dir;
+};
+
+void tst_StyleSheetHandler::constructorTellsPathsFromModes()
+{
+    QVERIFY(StyleSheetHandler(true).getPath().contains("/../Resources"));
+    QVERIFY(StyleSheetHandler(false).getPartNames().isEmpty());
+    StyleSheetHandler literal("/no such folder/top.css");
+    QCOMPARE(literal.getPath(), "/no such folder");
+    QCOMPARE(literal.getPartNames(), QStringList("/no such folder/top.css"));
+    QCOMPARE(literal.getStyleSheet(), "");
+    QCOMPARE(literal.diagnostics().value(0).kind, StyleSheetDiagnostic::Kind::MissingFile);
+    StyleSheetHandler directory(m_dir.path());
+    QVERIFY(directory.getPath() == m_dir.path() && directory.getPartNames().isEmpty());
+    static_assert(!std::is_constructible_v<StyleSheetHandler, const char16_t *>);
+}
+
+void tst_StyleSheetHandler::readsFiles()
+{
+    writeFile(m_dir.filePath("top.css"),
+              "\xEF\xBB\xBF#include \"sub/a.css\"\n#include \":/Style/b.css\"\n"
+              "#include \"empty.css\"\n#include \"sub\"");
+    writeFile(m_dir.filePath("sub/a.css"), "\xC3\xA4");
+    writeFile(m_dir.filePath("Style/b.css"), "b");
+    writeFile(m_dir.filePath("empty.css"), "");
+    StyleSheetHandler handler(m_dir.filePath("top.css"));
+    QCOMPARE(handler.getPart("sub/a.css"), QString(QChar(0xE4)));
+    QCOMPARE(handler.getPart(":/Style/b.css"), "b");
+    QCOMPARE(handler.diagnostics().size(), 1); // only the folder is no sheet
+    QCOMPARE(handler.diagnostics().value(0).text, "sub");
+
+    writeFile(m_dir.filePath("sub/a.css"), "changed");
+    QVERIFY(!handler.getStyleSheet().contains("changed"));
+    handler.reload();
+    QVERIFY(handler.getStyleSheet().contains("changed"));
+    handler.load(QString());
+    QVERIFY(handler.getStyleSheet().isEmpty() && handler.getPartNames().isEmpty());
+}
+
+void tst_StyleSheetHandler::readsResources()
+{
+    const QString expanded = "QLabel { font-size: 11pt }\n";
+    StyleSheetHandler handler(true);
+    for (const char *path :
+         {"tst_stylesheethandler/sheet.css", ":/tst_stylesheethandler/sheet.css"}) {
+        handler.load(path);
+        QCOMPARE(handler.getStyleSheet(), expanded);
+    }
+    handler.load(m_dir.filePath("top.css")); // a file, not a resource
+    QCOMPARE(handler.diagnostics().size(), 1);
+    StyleSheetHandler files(":/tst_stylesheethandler/sheet.css");
+    QCOMPARE(files.getStyleSheet(), expanded);
+    files.load("sheet.css");
+    QCOMPARE(files.getStyleSheet(), expanded);
+}
+
+void tst_StyleSheetHandler::expandsOnceAndReadsOnce()
+{
+    MemoryHandler handler = fontHandler();
+    const QStringList names{"top", "defines", "use"};
+    for (int i = 0; i < 3; ++i) {
+        handler.setUserDefine("bvFontSize", QString::number(i));
+        QCOMPARE(handler.getReduced(), handler.getStyleSheet());
+        QCOMPARE(handler.getPartNames(), names);
+    }
+    QCOMPARE(handler.m_reads, names);
+    QCOMPARE(handler.getPalette().color(QPalette::Disabled, QPalette::Link), QColor("#123456"));
+}
+
+void tst_StyleSheetHandler::setsParts()
+{
+    MemoryHandler handler = fontHandler();
+    handler.setPart("use", "bvFontSize"); // before anything has been asked for
+    QVERIFY(handler.getStyleSheet().contains("\n11\n"));
+    handler.setPart("never included", "x");
+    QCOMPARE(handler.getPart("never included"), "");
+    handler.setPart("top", "#include \"use\"");
+    QCOMPARE(handler.getPartNames(), QStringList({"top", "use"}));
+    QVERIFY(handler.getStyleSheet().contains("\nbvFontSize\n"));
+    handler.setPart("use", QString());
+    QVERIFY(handler.diagnostics().isEmpty());
+    handler.reload();
+    QCOMPARE(used(handler), "big 12; normal 11; color #ff4d4d;");
+}
+
+void tst_StyleSheetHandler::userDefinesWin()
+{
+    MemoryHandler handler = fontHandler();
+    handler.setUserDefine("textColorError", "red");
+    handler.setUserDefine("normal", "abnormal"); // no sheet defines it
+    QCOMPARE(used(handler), "big 12; normal 11; color red;");
+    QCOMPARE(handler.getDefined("textColorError"), "red");
+    QCOMPARE(handler.getDefined("bvFontSize"), "11");
+    QCOMPARE(handler.getDefined("normal"), "abnormal");
+    QCOMPARE(handler.getDefined("unknown"), "");
+    handler.load("top");
+    QCOMPARE(used(handler), "big 12; normal 11; color red;");
+}
+
+void tst_StyleSheetHandler::fontSizes_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<QString>("defined"); // very small, smaller, small, normal, big
+
+    QTest::newRow("usual") << 14 << "11 12 13 14 15";
+    QTest::newRow("smallest") << 4 << "1 2 3 4 5";
+    QTest::newRow("too small") << 3 << "   11 12";
+    QTest::newRow("greatest") << 2147483647
+                              << "2147483644 2147483645 2147483646 2147483647 2147483648";
+}
+
+void tst_StyleSheetHandler::fontSizes()
+{
+    QFETCH(int, size);
+    MemoryHandler handler = fontHandler();
+    handler.setDefinedFontSize(size);
+    QStringList sizes;
+    for (const char *name : {"VerySmall", "Smaller", "Small", "", "Big"})
+        sizes << handler.getDefined(QString("bvFontSize") + name);
+    QTEST(sizes.join(' '), "defined");
+}
+
+void tst_StyleSheetHandler::lightVersion()
+{
+    MemoryHandler handler = fontHandler();
+    const auto colors = [&handler] {
+        return handler.getDefined("textColorError") + handler.getDefined("textColorError2");
+    };
+    QVERIFY(!handler.setUseLightVersion(false));
+    QCOMPARE(colors(), "#ff4d4d");
+    QVERIFY(handler.setUseLightVersion(true));
+    QVERIFY(!handler.setUseLightVersion(true));
+    QCOMPARE(colors(), "#ffaaaa#b30000");
+    QCOMPARE(used(handler), "big 12; normal 11; color #ffaaaa;");
+    QVERIFY(handler.setUseLightVersion(false));
+    QCOMPARE(colors(), "#ff4d4d#990000");
+}
+
+void tst_StyleSheetHandler::copiesAreIndependent()
+{
+    MemoryHandler original = fontHandler();
+    MemoryHandler copy = original;
+    copy.setDefinedFontSize(20);
+    QCOMPARE(used(copy), "big 21; normal 20; color #ff4d4d;");
+    QCOMPARE(used(original), "big 12; normal 11; color #ff4d4d;");
+}
+
+void tst_StyleSheetHandler::savesFiles()
+{
+    MemoryHandler handler({{"top", "#include \":/Style/x.css\"\n#include \"new/y.css\""},
+                           {":/Style/x.css", QString("x") + QChar(0xE4)},
+                           {"new/y.css", "// y"}});
+    handler.setPath(m_dir.filePath("saved"));
+    QVERIFY(handler.savePartToFile(":/Style/x.css"));
+    QVERIFY(handler.savePartToFile("new/y.css"));
+    QCOMPARE(fileText(m_dir.filePath("saved/Style/x.css")), QByteArray("x\xC3\xA4"));
+    QCOMPARE(fileText(m_dir.filePath("saved/new/y.css")), QByteArray("// y"));
+    QVERIFY(handler.save(m_dir.filePath("saved/all.css")));
+    QCOMPARE(fileText(m_dir.filePath("saved/all.css")), handler.getStyleSheet().toUtf8());
+
+    QVERIFY(!handler.savePartToFile("unknown"));
+    QVERIFY(!handler.save(QString()));
+    QVERIFY(!handler.save(m_dir.filePath("saved"))); // a folder
+    QVERIFY(!handler.save(m_dir.filePath("saved/all.css/below a file")));
+}
+
+void tst_StyleSheetHandler::replacesPaths_data()
+{
+    QTest::addColumn<QString>("base");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("resource");
+    QTest::addColumn<QString>("absolute");
+
+    QTest::newRow("resource") << "/base"
+                              << ":/a/b"
+                              << ":/a/b"
+                              << "/base/a/b";
+    QTest::newRow("resource without slash") << "/base"
+                                            << ":a"
+                                            << ":a"
+                                            << "/base/a";
+    QTest::newRow("absolute") << "/base"
+                              << "/base/a/b"
+                              << ":/a/b"
+                              << "/base/a/b";
+    QTest::newRow("base not clean") << "/x/../base/"
+                                    << "/base/a"
+                                    << ":/a"
+                                    << "/base/a";
+    QTest::newRow("beside the base") << "/base"
+                                     << "/base2/a"
+                                     << "/base2/a"
+                                     << "/base2/a";
+    QTest::newRow("out of the base") << "/base"
+                                     << "/base/../a"
+                                     << "/base/../a"
+                                     << "/base/../a";
+    QTest::newRow("relative") << "/base"
+                              << "a"
+                              << "a"
+                              << "a";
+    QTest::newRow("root") << "/"
+                          << "/a"
+                          << ":/a"
+                          << "/a";
+}
+
+void tst_StyleSheetHandler::replacesPaths()
+{
+    QFETCH(QString, base);
+    QFETCH(QString, path);
+    StyleSheetHandler handler(false);
+    handler.setPath(base);
+    QTEST(handler.replacePath(path, StyleSheetHandler::ResourcePath), "resource");
+    QTEST(handler.replacePath(path, StyleSheetHandler::AbsolutePath), "absolute");
+}
+
+void tst_StyleSheetHandler::replacesDefines_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("replaced");
+
+    QTest::newRow("keeps the rest") << "x\n #define  a(b)  1 // one\ny"
+                                    << "2"
+                                    << "x\n #define  a(b)  2 // one\ny";
+    QTest::newRow("every one") << "#define a(b) 1\n#define a(b) 1"
+                               << "\\1"
+                               << "#define a(b) \\1\n#define a(b) \\1";
+    QTest::newRow("other names") << "#define a(bc 1\n#define a(b)c 1"
+                                 << "2"
+                                 << "#define a(bc 1\n#define a(b)c 1";
+    QTest::newRow("value on the next line") << "#define a(b)\n1"
+                                            << "2"
+                                            << "#define a(b)\n1";
+    QTest::newRow("two words") << "#define a(b) 1"
+                               << "2 3"
+                               << "#define a(b) 1";
+    QTest::newRow("no word") << "#define a(b) 1"
+                             << ""
+                             << "#define a(b) 1";
+}
+
+void tst_StyleSheetHandler::replacesDefines()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, value);
+    QTEST(StyleSheetHandler::replaceDefine(text, "a(b)", value), "replaced");
+}
+
+void tst_StyleSheetHandler::baseStyleSurvivesTheApplicationsChoice()
+{
+    const StyleSheetHandler handler(false);
+    QVERIFY(handler.getBaseStyle());
+    QCOMPARE(handler.getBaseStyle(), StyleSheetHandler(true).getBaseStyle());
+    QApplication::setStyle(handler.getBaseStyle());
+    QApplication::setStyle("Windows"); // deletes the former style
+    QVERIFY(handler.getBaseStyle()->parent() == qApp);
+}
+
+QTEST_MAIN(tst_StyleSheetHandler)
+#include "tst_stylesheethandler.moc"

@@ -1,0 +1,371 @@
+// SPDX-License-Identifier: MIT
+#include "TestSupport.h"
+#include "platform/ConfigReader.h"
+#include "platform/ConfigWriter.h"
+#include "platform/ConfigurationManager.h"
+#include "platform/ConfigurationValue.h"
+#include "units/UnitConverter.h"
+#include "units/UnitsChangedEvent.h"
+#include "units/UnitsConfiguration.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWidget>
+
+using Dimension = UnitsConfiguration::Dimension;
+
+namespace {
+
+/// Writes "U" when the unit event arrives.
+class EventLog : public QWidget
+{
+public:
+    explicit EventLog(QString &log)
+        : m_log(log)
+    {
+        qApp->setProperty("MainWindow", QVariant::fromValue<QWidget *>(this));
+    }
+    ~EventLog() override { qApp->setProperty("MainWindow", QVariant()); }
+
+    bool event(QEvent *event) override
+    {
+        if (event->type() == UnitsChangedEvent::s_eventType)
+            m_log += 'U';
+        return QWidget::event(event);
+    }
+
+private:
+    QString &m_log;
+};
+
+} // namespace
+
+class tst_UnitsConfiguration : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void dimensions_data();
+    void dimensions();
+    void unitsOfDimensions_data();
+    void unitsOfDimensions();
+    void announces();
+    void announcesToMainWindow_data();
+    void announcesToMainWindow();
+    void loads_data();
+    void loads();
+    void savesAndLoads();
+    void copiesAreIndependent();
+    void currency();
+    void unknownDimension();
+    void registersItself();
+
+private:
+    QString settingsFile(const QString &key, const QString &text);
+
+    QTemporaryDir m_directory;
+};
+
+QString tst_UnitsConfiguration::settingsFile(const QString &key, const QString &text)
+{
+    const QString fileName = m_directory.filePath(QString(QTest::currentDataTag()) + ".ini");
+    Brimvale::ConfigWriter writer(fileName);
+    writer.setValue("UnitsConfiguration", key, text);
+    return writer.commit() ? fileName : QString();
+}
+
+void tst_UnitsConfiguration::dimensions_data()
+{
+    QTest::addColumn<QString>("units");
+    QTest::addColumn<QString>("decimals");
+
+    QTest::newRow("Length") << "mm,m,inch"
+                            << "2,5,3";
+    QTest::newRow("Tiny-Length") << "um"
+                                 << "3";
+    QTest::newRow("Nano-Length") << "nm"
+                                 << "3";
+    QTest::newRow("Mass") << "kg,t,lb,lbt"
+                          << "3,6,3,3";
+    QTest::newRow("Temperature") << "degC,degF,K"
+                                 << "2,2,2";
+    QTest::newRow("Pressure") << "MPa,N/mm^2,psi,bar"
+                              << "1,1,2,1";
+    QTest::newRow("Force") << "kN,N,tf,tonf"
+                           << "1,0,1,1";
+    QTest::newRow("Angle") << "deg,rad"
+                           << "2,2";
+    QTest::newRow("Area") << "dm^2,mm^2,inch^2"
+                          << "2,2,2";
+    QTest::newRow("Volume") << "dm^3,mm^3,inch^3"
+                            << "2,2,2";
+    QTest::newRow("Percentage") << "%,perc"
+                                << "1,1";
+    QTest::newRow("Rate") << "1/min"
+                          << "1";
+    QTest::newRow("Stiffness") << "MPa/mm,N/mm^3,lbf/inch^3"
+                               << "2,2,2";
+    QTest::newRow("Torque") << "N*m,lbf*inch"
+                            << "2,2";
+    QTest::newRow("Angular Velocity") << "deg/s,rad/s"
+                                      << "2,2";
+    QTest::newRow("Moment") << "kNm,Nm"
+                            << "3,3";
+    QTest::newRow("Curvature") << "1/mm,1/m,1/inch"
+                               << "3,3,3";
+    QTest::newRow("GaussianCurvature") << "1/mm^2,1/m^2,1/inch^2"
+                                       << "3,3,3";
+}
+
+void tst_UnitsConfiguration::dimensions()
+{
+    QFETCH(QString, units);
+    const QString key = QTest::currentDataTag();
+    const UnitsConfiguration configuration;
+    const auto dimension =
+        configuration.isSupportedUnitOfAny(units.section(',', 0, 0)); // each first unit is unique
+    QCOMPARE(UnitsConfiguration::dimensionKey(dimension), key);
+    QCOMPARE(UnitsConfiguration::allowedUnits(dimension).join(','), units);
+
+    const Brimvale::ConfigurationValue *value = configuration.configurationValue(key);
+    QVERIFY(value);
+    QCOMPARE(value->description(), "allowed values " + units);
+    QCOMPARE(configuration.currentUnit(dimension), units.section(',', 0, 0));
+    QStringList decimals;
+    for (const QString &unit : units.split(',')) {
+        decimals << QString::number(configuration.precisionOfUnit(unit));
+        QVERIFY(UnitConverter::isConvertable(value->defaultValue(), unit));
+    }
+    QTEST(decimals.join(','), "decimals");
+}
+
+void tst_UnitsConfiguration::unitsOfDimensions_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<int>("dimension");
+    QTest::addColumn<QString>("current");
+    QTest::addColumn<int>("decimals");
+
+    QTest::newRow("length") << "m" << int(Dimension::Length) << "inch" << 5;
+    QTest::newRow("one unit, own dimension") << "um" << 1 << "um" << 3;
+    QTest::newRow("torque is no moment") << "N*m" << int(Dimension::Torque) << "N*m" << 2;
+    QTest::newRow("moment is no torque") << "Nm" << int(Dimension::Moment) << "kNm" << 3;
+    QTest::newRow("equal unit, other text") << "in" << -1 << "in" << 3;
+    QTest::newRow("other case") << "MM" << -1 << "MM" << 3;
+    QTest::newRow("convertible, not allowed") << "ft" << -1 << "ft" << 3;
+    QTest::newRow("no value") << "-" << -1 << "-" << 3;
+    QTest::newRow("empty") << "" << -1 << "" << 3;
+}
+
+void tst_UnitsConfiguration::unitsOfDimensions()
+{
+    QFETCH(QString, unit);
+    UnitsConfiguration configuration;
+    configuration.setCurrentUnit(Dimension::Length, "inch");
+    QTEST(int(configuration.isSupportedUnitOfAny(unit)), "dimension");
+    QTEST(configuration.currentUnit(unit), "current");
+    QTEST(configuration.precisionOfUnit(unit), "decimals");
+}
+
+void tst_UnitsConfiguration::announces()
+{
+    QString log;
+    UnitsConfiguration configuration;
+    Signals::Connection connection = configuration.connectChanged([&] { log += 'c'; });
+    configuration.setCurrentUnit(Dimension::Length, "m");
+    QCOMPARE(log, QString("c"));
+
+    const EventLog window(log);
+    configuration.setCurrentUnit(Dimension::Length, "m");
+    QCOMPARE(log, QString("ccU")); // also for an unchanged unit
+    configuration.setCurrentUnit(Dimension::Length, "furlong");
+    QCOMPARE(configuration.currentUnit(Dimension::Length), QString("furlong"));
+    configuration.setCurrencySettings("USD", "rates.xml");
+    QCOMPARE(log, QString("ccUcU"));
+
+    QString seen;
+    connection = configuration.connectChanged([&] {
+        seen = configuration.currentUnit(Dimension::Length) +
+               QString::fromStdString(configuration.getActiveCurrency());
+    });
+    configuration.setDefaultValues();
+    QCOMPARE(seen, QString("mmEUR"));
+    QCOMPARE(log, QString("ccUcUU"));
+    QVERIFY(configuration.getExchangeRatePath().empty());
+}
+
+void tst_UnitsConfiguration::announcesToMainWindow_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("events");
+
+    QTest::newRow("widget pointer") << 0 << 1;
+    QTest::newRow("object pointer") << 1 << 1;
+    QTest::newRow("guarded pointer") << 2 << 1;
+    QTest::newRow("guarded pointer to a deleted widget") << 3 << 0;
+    QTest::newRow("object that is no widget") << 4 << 0;
+    QTest::newRow("text") << 5 << 0;
+}
+
+void tst_UnitsConfiguration::announcesToMainWindow()
+{
+    QFETCH(int, kind);
+    QWidget window;
+    QObject object;
+    auto *const deleted = new QWidget;
+    const QVariant properties[] = {
+        QVariant::fromValue(&window),
+        QVariant::fromValue<QObject *>(&window),
+        QVariant::fromValue(QPointer<QWidget>(&window)),
+        QVariant::fromValue(QPointer<QWidget>(deleted)),
+        QVariant::fromValue(&object),
+        QVariant("window"),
+    };
+    delete deleted;
+    const EventCounter counter(&window, UnitsChangedEvent::s_eventType);
+    qApp->setProperty("MainWindow", properties[kind]);
+    UnitsConfiguration().setCurrentUnit(Dimension::Mass, "t");
+    qApp->setProperty("MainWindow", QVariant());
+    QTEST(counter.count(), "events");
+}
+
+void tst_UnitsConfiguration::loads_data()
+{
+    QTest::addColumn<bool>("enabled");
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("warning");
+    QTest::addColumn<QString>("mass");
+    QTest::addColumn<QString>("log");
+
+    const QString warning = "Could not load unit preference,unsupported unit ";
+    QTest::newRow("allowed unit") << true << "lb"
+                                  << ""
+                                  << "lb"
+                                  << "cU";
+    QTest::newRow("other dimension") << true << "mm" << warning + "mm"
+                                     << "stone"
+                                     << "cU";
+    QTest::newRow("no unit") << true << "x y" << warning + "x y"
+                             << "stone"
+                             << "cU";
+    QTest::newRow("empty") << true << "" << warning << "stone"
+                           << "cU";
+    QTest::newRow("disabled") << false << "lb"
+                              << ""
+                              << "stone"
+                              << "";
+}
+
+void tst_UnitsConfiguration::loads()
+{
+    QFETCH(bool, enabled);
+    QFETCH(QString, stored);
+    QFETCH(QString, warning);
+    Brimvale::ConfigReader reader(settingsFile("Mass", stored));
+
+    UnitsConfiguration configuration;
+    configuration.setCurrentUnit(Dimension::Mass, "stone"); // stays where nothing better is loaded
+    configuration.setCurrentUnit(Dimension::Length, "rod"); // the file does not name it
+    configuration.setLoadingEnabled(enabled);
+    QString log;
+    const EventLog window(log);
+    const Signals::Connection connection = configuration.connectChanged([&] { log += 'c'; });
+    if (!warning.isEmpty())
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
+    configuration.loadContent(reader);
+    QTEST(configuration.currentUnit(Dimension::Mass), "mass");
+    QCOMPARE(configuration.currentUnit(Dimension::Length), QString("rod"));
+    QTEST(log, "log");
+}
+
+void tst_UnitsConfiguration::savesAndLoads()
+{
+    UnitsConfiguration configuration;
+    configuration.setCurrentUnit(Dimension::AngularVelocity, "rad/s");
+    configuration.setCurrentUnit(Dimension::Percentage, "perc");
+    configuration.setCurrencySettings("JPY", "/tmp/rates, \xc3\xbc.xml");
+    const QString fileName = m_directory.filePath("all.ini");
+    Brimvale::ConfigWriter writer(fileName);
+    configuration.saveContent(writer);
+    QVERIFY(writer.commit());
+
+    UnitsConfiguration loaded;
+    loaded.setLoadingEnabled(true);
+    Brimvale::ConfigReader reader(fileName);
+    loaded.loadContent(reader);
+    for (int dimension = 0; dimension < UnitsConfiguration::s_dimensionCount; ++dimension)
+        QCOMPARE(loaded.currentUnit(Dimension(dimension)),
+                 configuration.currentUnit(Dimension(dimension)));
+    QCOMPARE(loaded.getActiveCurrency(), configuration.getActiveCurrency());
+    QCOMPARE(loaded.getExchangeRatePath(), configuration.getExchangeRatePath());
+}
+
+void tst_UnitsConfiguration::copiesAreIndependent()
+{
+    QString log;
+    auto original = std::make_unique<UnitsConfiguration>();
+    original->setLoadingEnabled(true);
+    original->setCurrentUnit(Dimension::Force, "tf");
+    original->setCurrencySettings("CHF", "rates");
+    const Signals::Connection connection = original->connectChanged([&] { log += 'o'; });
+
+    const auto object = original->createConfigurationObject();
+    auto *const created = dynamic_cast<UnitsConfiguration *>(object.get());
+    QVERIFY(created);
+    UnitsConfiguration assigned;
+    assigned = *original;
+    UnitsConfiguration &same = assigned;
+    assigned = same;
+    original.reset();
+
+    for (UnitsConfiguration *copy : {created, &assigned}) {
+        QCOMPARE(copy->currentUnit(Dimension::Force), QString("tf"));
+        QCOMPARE(copy->getActiveCurrency(), std::string("CHF"));
+        QVERIFY(!copy->isLoadingEnabled());
+        copy->setCurrentUnit(Dimension::Force, "N");
+        QCOMPARE(copy->configurationValue("Force")->value(), QString("N"));
+    }
+    QCOMPARE(log, QString()); // copies have slots of their own
+}
+
+void tst_UnitsConfiguration::currency()
+{
+    UnitsConfiguration configuration;
+    QCOMPARE(configuration.getActiveCurrency(), std::string("EUR"));
+    configuration.setCurrencySettings("\xe2\x82\xac", "C:/Kurse/\xc3\xbc.csv");
+    QCOMPARE(configuration.getActiveCurrency(), std::string("\xe2\x82\xac"));
+    QCOMPARE(configuration.getExchangeRatePath(), std::string("C:/Kurse/\xc3\xbc.csv"));
+    QCOMPARE(configuration.configurationValues().size(), std::size_t(20));
+}
+
+void tst_UnitsConfiguration::unknownDimension()
+{
+    QString log;
+    UnitsConfiguration configuration;
+    const Signals::Connection connection = configuration.connectChanged([&] { log += 'c'; });
+    for (const int number : {-1, 18, 1000}) {
+        const auto dimension = Dimension(number);
+        configuration.setCurrentUnit(dimension, "mm");
+        QVERIFY(configuration.currentUnit(dimension).isEmpty());
+        QVERIFY(UnitsConfiguration::allowedUnits(dimension).isEmpty());
+        QVERIFY(UnitsConfiguration::dimensionKey(dimension).isEmpty());
+    }
+    QVERIFY(log.isEmpty());
+}
+
+void tst_UnitsConfiguration::registersItself()
+{
+    UnitsConfiguration &configuration = UnitsConfiguration::instance();
+    auto &manager = Brimvale::ConfigurationManager::instance();
+    QCOMPARE(manager.object("UnitsConfiguration"), &configuration);
+    QVERIFY(configuration.isLoadingEnabled());
+    QVERIFY(manager.load(settingsFile("Length", "inch")));
+    QCOMPARE(UnitsConfiguration::instance().currentUnit("mm"), QString("inch"));
+    manager.setDefaultValues();
+    QCOMPARE(configuration.currentUnit("inch"), QString("mm"));
+}
+
+QTEST_MAIN(tst_UnitsConfiguration)
+#include "tst_unitsconfiguration.moc"
