@@ -4,6 +4,15 @@ include(CMakePackageConfigHelpers)
 
 set(BVWIDGETS_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/Presentation_BVWidgets")
 
+# Libraries installed together find each other; an application's own services stay where they are.
+set(installed_libraries Presentation_BVWidgets)
+if(BVWIDGETS_PLATFORM_DIR)
+    set_target_properties(Presentation_BVWidgets PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+else()
+    list(APPEND installed_libraries ${BVWIDGETS_PLATFORM_SERVICES})
+endif()
+set_target_properties(${installed_libraries} PROPERTIES INSTALL_RPATH "$ORIGIN")
+
 install(TARGETS Presentation_BVWidgets EXPORT Presentation_BVWidgetsTargets
         LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
         RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
@@ -22,7 +31,29 @@ install(FILES "${PROJECT_BINARY_DIR}/Presentation_BVWidgetsConfig.cmake"
               "${PROJECT_BINARY_DIR}/Presentation_BVWidgetsConfigVersion.cmake"
         DESTINATION "${BVWIDGETS_CMAKE_DIR}" COMPONENT Development)
 
+# The pkg-config file finds the prefix from its own place, so that an installation can be moved.
+file(RELATIVE_PATH BVWIDGETS_PC_PREFIX
+     "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+list(TRANSFORM BVWIDGETS_FLOORS PREPEND "-I\${includedir}/Presentation_BVWidgets/" OUTPUT_VARIABLE pc_cflags)
+list(PREPEND pc_cflags "-I\${includedir}" "-I\${includedir}/Presentation_BVWidgets")
+set(pc_libs "")
+foreach(service IN LISTS BVWIDGETS_PLATFORM_SERVICES)
+    if(BVWIDGETS_PLATFORM_DIR)
+        set(service_includes "$<TARGET_PROPERTY:Brimvale::${service},INTERFACE_INCLUDE_DIRECTORIES>")
+        list(APPEND pc_cflags "-I$<JOIN:${service_includes}, -I>")
+        list(APPEND pc_libs "$<TARGET_FILE:Brimvale::${service}>")
+    else()
+        list(APPEND pc_libs "-l${service}")
+    endif()
+endforeach()
+if(NOT BVWIDGETS_PLATFORM_DIR)
+    list(APPEND pc_cflags "-I\${includedir}/Presentation_BVWidgets/platform")
+endif()
+list(JOIN pc_cflags " " BVWIDGETS_PC_CFLAGS)
+list(JOIN pc_libs " " BVWIDGETS_PC_LIBS)
 configure_file("${CMAKE_CURRENT_LIST_DIR}/Presentation_BVWidgets.pc.in"
-               "${PROJECT_BINARY_DIR}/Presentation_BVWidgets.pc" @ONLY)
+               "${PROJECT_BINARY_DIR}/Presentation_BVWidgets.pc.configured" @ONLY)
+file(GENERATE OUTPUT "${PROJECT_BINARY_DIR}/Presentation_BVWidgets.pc"
+     INPUT "${PROJECT_BINARY_DIR}/Presentation_BVWidgets.pc.configured")
 install(FILES "${PROJECT_BINARY_DIR}/Presentation_BVWidgets.pc"
         DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT Development)
