@@ -41,8 +41,8 @@ packages_of() {
 missing_packages() {
     local package
     while read -r package; do
-        case "$(dpkg-query -W -f '${db:Status-Status} ' "$package" 2>/dev/null)" in
-        *installed\ *) ;;
+        case " $(dpkg-query -W -f '${db:Status-Status} ' "$package" 2>/dev/null)" in
+        *" installed "*) ;;
         *) echo "$package" ;;
         esac
     done
