@@ -36,20 +36,20 @@ file(RELATIVE_PATH BVWIDGETS_PC_PREFIX
      "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 list(TRANSFORM BVWIDGETS_FLOORS PREPEND "-I\${includedir}/Presentation_BVWidgets/" OUTPUT_VARIABLE pc_cflags)
 list(PREPEND pc_cflags "-I\${includedir}" "-I\${includedir}/Presentation_BVWidgets")
-set(pc_libs "")
-foreach(service IN LISTS BVWIDGETS_PLATFORM_SERVICES)
-    if(BVWIDGETS_PLATFORM_DIR)
-        set(service_includes "$<TARGET_PROPERTY:Brimvale::${service},INTERFACE_INCLUDE_DIRECTORIES>")
-        list(APPEND pc_cflags "-I$<JOIN:${service_includes}, -I>")
-        list(APPEND pc_libs "$<TARGET_FILE:Brimvale::${service}>")
-    else()
-        list(APPEND pc_libs "-l${service}")
-    endif()
-endforeach()
-if(NOT BVWIDGETS_PLATFORM_DIR)
+if(BVWIDGETS_PLATFORM_DIR)
+    list(TRANSFORM BVWIDGETS_PLATFORM_SERVICES REPLACE "(.+)" "$<TARGET_FILE:Brimvale::\\1>"
+         OUTPUT_VARIABLE pc_libs)
+    list(TRANSFORM BVWIDGETS_PLATFORM_SERVICES
+         REPLACE "(.+)" "$<TARGET_PROPERTY:Brimvale::\\1,INTERFACE_INCLUDE_DIRECTORIES>"
+         OUTPUT_VARIABLE service_includes)
+    # The toolkit's folders come from its own packages.
+    set(service_includes "$<REMOVE_DUPLICATES:$<FILTER:${service_includes},EXCLUDE,^/usr/(include|lib)>>")
+    list(APPEND pc_cflags "-I$<JOIN:${service_includes}, -I>")
+else()
+    list(TRANSFORM BVWIDGETS_PLATFORM_SERVICES PREPEND "-l" OUTPUT_VARIABLE pc_libs)
     list(APPEND pc_cflags "-I\${includedir}/Presentation_BVWidgets/platform")
 endif()
-list(JOIN pc_cflags " " BVWIDGETS_PC_CFLAGS)
+string(REPLACE ";-I" " -I" BVWIDGETS_PC_CFLAGS "${pc_cflags}")
 list(JOIN pc_libs " " BVWIDGETS_PC_LIBS)
 configure_file("${CMAKE_CURRENT_LIST_DIR}/Presentation_BVWidgets.pc.in"
                "${PROJECT_BINARY_DIR}/Presentation_BVWidgets.pc.configured" @ONLY)

@@ -35,14 +35,14 @@ bool XdoTool::showActive(QWidget *window)
 
 bool XdoTool::typeText(const QString &text)
 {
-    return run({QStringLiteral("type"), QStringLiteral("--clearmodifiers"), QStringLiteral("--"),
-                text});
+    return run(
+        {QStringLiteral("type"), QStringLiteral("--clearmodifiers"), QStringLiteral("--"), text});
 }
 
 bool XdoTool::pressKey(const QString &key)
 {
-    return run({QStringLiteral("key"), QStringLiteral("--clearmodifiers"), QStringLiteral("--"),
-                key});
+    return run(
+        {QStringLiteral("key"), QStringLiteral("--clearmodifiers"), QStringLiteral("--"), key});
 }
 
 bool XdoTool::clickAt(const QWidget *widget, const QPoint &position, int button)

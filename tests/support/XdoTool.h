@@ -8,8 +8,8 @@ class QStringList;
 class QWidget;
 
 /// The hands of a window test: keys and clicks that reach the application through the X server and
-/// its window manager. Every function keeps the event loop turning and returns whether it succeeded;
-/// what the input leads to arrives later, so compare with QTRY_COMPARE.
+/// its window manager. Every function keeps the event loop turning and returns whether it
+/// succeeded; what the input leads to arrives later, so compare with QTRY_COMPARE.
 namespace XdoTool {
 
 /// Runs the tool to its end. False, with a warning, when it cannot be started, fails, hangs or has
