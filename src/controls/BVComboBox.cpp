@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/BVComboBox.h"
 
+#include <QLineEdit>
 #include <QWheelEvent>
 
 BVComboBox::BVComboBox(QWidget *parent)
@@ -15,4 +16,9 @@ void BVComboBox::wheelEvent(QWheelEvent *event)
         BVStatusControl<QComboBox>::wheelEvent(event);
     else
         event->ignore();
+}
+
+QMenu *BVComboBox::createContextMenu()
+{
+    return lineEdit() ? lineEdit()->createStandardContextMenu() : nullptr;
 }

@@ -24,5 +24,7 @@ Q_SIGNALS:
     void standardActionTriggered(int action);
 
 protected:
+    /// The menu of an editable box's line edit.
+    QMenu *createContextMenu() override;
     void wheelEvent(QWheelEvent *event) override;
 };

@@ -21,4 +21,8 @@ public:
 Q_SIGNALS:
     /// An entry of the standard context menu was chosen; @p action is a StandardAction.
     void standardActionTriggered(int action);
+
+protected:
+    /// Copy and Select All, where the text can be selected.
+    QMenu *createContextMenu() override;
 };

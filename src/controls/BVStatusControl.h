@@ -4,6 +4,7 @@
 #include "foundation/BVReferenceValueInterface.h"
 #include "foundation/BVWidgetInterface.h"
 #include "foundation/BVWidgetStatusPropertyDispatcher.h"
+#include "foundation/StandardSymbolPainter.h"
 #include "platform/BVMenu.h"
 
 #include <QContextMenuEvent>
@@ -23,7 +24,11 @@ template <typename Base>
 class BVStatusControl : public Base, public BVWidgetInterface
 {
 public:
-    bool event(QEvent *event) override { return showsReference(event) || Base::event(event); }
+    bool event(QEvent *event) override
+    {
+        StandardSymbolPainter::handleStandardLocked(this, event);
+        return showsReference(event) || Base::event(event);
+    }
 
 protected:
     template <typename... Args>

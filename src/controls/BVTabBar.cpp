@@ -4,12 +4,41 @@
 #include "foundation/BVStatusColor.h"
 
 #include <QPainter>
+#include <QStyle>
 #include <QWheelEvent>
 
 namespace {
 
-constexpr qreal s_dotRadius = 3.0; // px
-constexpr int s_dotMargin = 3;     // px, to the edges of the tab
+constexpr int s_dotSize = 6;   // px
+constexpr int s_dotMargin = 3; // px, to the edges of the tab
+
+struct StatusText
+{
+    BVWidgetStatus::Status status;
+    const char *text;
+};
+
+// What a dot tells those who do not see its colour.
+constexpr StatusText s_statusTexts[] = {
+    {BVWidgetStatus::NeedInput, QT_TRANSLATE_NOOP("BVTabBar", "needs input")},
+    {BVWidgetStatus::CompareDifferent, QT_TRANSLATE_NOOP("BVTabBar", "differs in comparison")},
+    {BVWidgetStatus::RuvixInvalid, QT_TRANSLATE_NOOP("BVTabBar", "variation not valid")},
+    {BVWidgetStatus::StandardChanged, QT_TRANSLATE_NOOP("BVTabBar", "differs from the standard")},
+    {BVWidgetStatus::Different, QT_TRANSLATE_NOOP("BVTabBar", "differs from the reference")},
+    {BVWidgetStatus::RuvixActive, QT_TRANSLATE_NOOP("BVTabBar", "variation active")},
+    {BVWidgetStatus::UserEdit, QT_TRANSLATE_NOOP("BVTabBar", "edited")},
+};
+
+/// The tab's text with its status; empty, for the tab's text alone, without one.
+QString nameWithStatus(const QString &text, BVWidgetStatus::Stati stati)
+{
+    const auto status = BVWidgetStatus::getDominantStatusFromFlag(stati);
+    for (const StatusText &entry : s_statusTexts) {
+        if (entry.status == status)
+            return text + QLatin1String(", ") + BVTabBar::tr(entry.text);
+    }
+    return QString();
+}
 
 } // namespace
 
@@ -19,11 +48,20 @@ BVTabBar::BVTabBar(QWidget *parent)
     connect(this, &QTabBar::tabMoved, this, &BVTabBar::onTabMoved);
 }
 
+void BVTabBar::setDarkBackground(bool dark)
+{
+    if (dark == m_darkBackground)
+        return;
+    m_darkBackground = dark;
+    update();
+}
+
 void BVTabBar::setTabStatus(int index, BVWidgetStatus::Stati stati)
 {
     if (index < 0 || index >= m_stati.size() || m_stati.at(index) == stati)
         return;
     m_stati[index] = stati;
+    setAccessibleTabName(index, nameWithStatus(tabText(index), stati));
     update(tabRect(index));
 }
 
@@ -38,19 +76,14 @@ void BVTabBar::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    const bool darkText = palette().color(QPalette::WindowText).lightness() < 128;
     const BVStatusColor &colors = BVStatusColor::colors();
     for (int index = 0; index < m_stati.size(); ++index) {
         const auto status = BVWidgetStatus::getDominantStatusFromFlag(m_stati.at(index));
-        if (status == BVWidgetStatus::Normal)
+        if (status == BVWidgetStatus::Normal || !isTabVisible(index))
             continue;
-        const QRectF tab =
-            tabRect(index).adjusted(s_dotMargin, s_dotMargin, -s_dotMargin, -s_dotMargin);
-        const qreal x = layoutDirection() == Qt::LeftToRight ? tab.right() - s_dotRadius
-                                                             : tab.left() + s_dotRadius;
-        painter.setBrush(darkText ? colors.forLightBackground(status)
-                                  : colors.forDarkBackground(status));
-        painter.drawEllipse(QPointF(x, tab.top() + s_dotRadius), s_dotRadius, s_dotRadius);
+        painter.setBrush(m_darkBackground ? colors.forDarkBackground(status)
+                                          : colors.forLightBackground(status));
+        painter.drawEllipse(dotRect(index));
     }
 }
 
@@ -72,6 +105,20 @@ void BVTabBar::tabRemoved(int index)
 {
     m_stati.remove(index);
     QTabBar::tabRemoved(index);
+}
+
+void BVTabBar::tabLayoutChange()
+{
+    QTabBar::tabLayoutChange();
+    for (int index = 0; index < m_stati.size(); ++index) // a text may have changed
+        setAccessibleTabName(index, nameWithStatus(tabText(index), m_stati.at(index)));
+}
+
+QRectF BVTabBar::dotRect(int index) const
+{
+    const QRect tab = tabRect(index).adjusted(s_dotMargin, s_dotMargin, -s_dotMargin, -s_dotMargin);
+    return QStyle::alignedRect(layoutDirection(), Qt::AlignRight | Qt::AlignTop,
+                               QSize(s_dotSize, s_dotSize), tab);
 }
 
 void BVTabBar::onTabMoved(int from, int to)

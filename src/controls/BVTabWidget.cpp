@@ -53,6 +53,9 @@ bool BVTabWidget::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == BVWidgetStatusChangedEvent::s_eventType) {
         const int index = indexOf(qobject_cast<QWidget *>(watched));
         m_tabBar->setTabStatus(index, static_cast<BVWidgetStatusChangedEvent *>(event)->status());
+    } else if (event->type() == QEvent::StyleChange) { // follows a silent reset
+        auto *page = qobject_cast<QWidget *>(watched);
+        m_tabBar->setTabStatus(indexOf(page), BVWidgetStatus::status(page));
     }
     return QTabWidget::eventFilter(watched, event);
 }
@@ -83,6 +86,10 @@ void BVTabWidget::tabInserted(int index)
 
 void BVTabWidget::contextMenuEvent(QContextMenuEvent *event)
 {
+    // The menu is that of the current page, so the tab under the pointer becomes it first.
+    const int index = m_tabBar->tabAt(m_tabBar->mapFrom(this, event->pos()));
+    if (index >= 0)
+        setCurrentIndex(index);
     auto *menu = new BVMenu(this);
     setupStandardMenu(menu, this, SIGNAL(standardActionTriggered(int)));
     if (menu->isEmpty()) {

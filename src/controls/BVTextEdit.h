@@ -8,7 +8,7 @@
 
 #include <QTextEdit>
 
-/// An edit for text of several lines that carries a status.
+/// An edit for text of several lines that carries a status. The wheel does not give it the focus.
 class BVWIDGETS_EXPORT BVTextEdit : public BVStatusControl<QTextEdit>
 {
     Q_OBJECT

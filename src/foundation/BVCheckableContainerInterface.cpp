@@ -3,6 +3,7 @@
 
 #include "foundation/BVWidgetStatusHandler.h"
 #include "foundation/BVWidgetStatusPropertyDispatcher.h"
+#include "platform/BVMenu.h"
 #include "platform/PropertyChangeFilter.h"
 
 #include <QAbstractButton>
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr char s_referenceProperty[] = "ReferenceValue";
+constexpr char s_containerProperty[] = "container"; // of a button group
 
 // The flags that a container shares with its buttons.
 constexpr BVWidgetStatus::Stati s_sharedFlags =
@@ -22,13 +24,28 @@ constexpr BVWidgetStatus::Stati s_sharedFlags =
     BVWidgetStatus::StandardLocked | BVWidgetStatus::ResetAvailable;
 static_assert(static_cast<quint32>(s_sharedFlags) == 0x7F800);
 
+// The flags without a style property.
+constexpr BVWidgetStatus::Stati s_menuFlags = BVWidgetStatus::ResetAvailable |
+                                              BVWidgetStatus::ResetToStandardDisabled |
+                                              BVWidgetStatus::DeleteVariableDisabled;
+
+/// The container whose group the button is in, or null.
+BVCheckableContainerInterface *containerOf(const QAbstractButton *button)
+{
+    const QButtonGroup *group = button->group();
+    QObject *container = group ? group->property(s_containerProperty).value<QObject *>() : nullptr;
+    return qobject_cast<BVCheckableContainerInterface *>(container);
+}
+
 } // namespace
 
 BVCheckableContainerInterface::BVCheckableContainerInterface(QWidget *parent)
     : QWidget(parent)
     , BVCheckableContainerWidgetInterface(this)
-    , m_statusHandler(new BVWidgetStatusHandler(this, nullptr))
 {
+    // Not in the initialiser list: a new child reaches event(), which reads the switch behind it.
+    m_statusHandler = new BVWidgetStatusHandler(this, nullptr);
+    m_group.setProperty(s_containerProperty, QVariant::fromValue<QObject *>(this));
     setStatusWidget(this);
     BVWidgetStatusPropertyDispatcher::dispatch(this, this);
     followContextMenu(this);
@@ -40,19 +57,26 @@ BVCheckableContainerInterface::~BVCheckableContainerInterface() = default;
 
 void BVCheckableContainerInterface::attach(QAbstractButton *button, int id)
 {
-    if (!button || m_group.buttons().contains(button))
+    if (!button)
         return;
+    if (button->group() == &m_group) {
+        m_group.setId(button, id);
+        return;
+    }
+    if (auto *other = containerOf(button))
+        other->detach(button);
     m_group.addButton(button, id);
     m_statusHandler->attach(button);
     followContextMenu(button);
+    if (property(s_referenceProperty).isValid())
+        button->setProperty(s_referenceProperty, property(s_referenceProperty));
 }
 
 void BVCheckableContainerInterface::detach(QAbstractButton *button)
 {
-    if (!button || !m_group.buttons().contains(button))
+    if (!button)
         return;
-    m_group.removeButton(button);
-    disconnect(button, &QWidget::customContextMenuRequested, this, nullptr);
+    letGo(button);
     m_statusHandler->detach(button);
 }
 
@@ -66,10 +90,8 @@ void BVCheckableContainerInterface::attachAllChildren()
 void BVCheckableContainerInterface::detachAll()
 {
     const QList<QAbstractButton *> buttons = m_group.buttons();
-    for (auto it = buttons.crbegin(); it != buttons.crend(); ++it) {
-        m_group.removeButton(*it);
-        disconnect(*it, &QWidget::customContextMenuRequested, this, nullptr);
-    }
+    for (auto it = buttons.crbegin(); it != buttons.crend(); ++it)
+        letGo(*it);
     m_statusHandler->clear();
 }
 
@@ -128,7 +150,7 @@ void BVCheckableContainerInterface::setBvStatus(BVWidgetStatus::Status status, b
 {
     if (status == BVWidgetStatus::Normal && on)
         setBvStatus(BVWidgetStatus::Stati());
-    else
+    else if (getBvStatus(status) != on)
         setBvStatus(BVWidgetStatus::setFlag(getBvStatus(), status, on));
 }
 
@@ -137,7 +159,8 @@ void BVCheckableContainerInterface::setBvStatus(BVWidgetStatus::Stati stati)
     const bool wasBlocking = m_statusHandler->setBlocking(true, true);
     const QList<QAbstractButton *> buttons = m_group.buttons();
     for (QAbstractButton *button : buttons) {
-        const BVWidgetStatus::Stati own = BVWidgetStatus::getStatusProperty(button);
+        const BVWidgetStatus::Stati own = BVWidgetStatus::getStatusProperty(button) |
+                                          (BVWidgetStatus::status(button) & s_menuFlags);
         BVWidgetStatus::setStatusProperty(button, (stati & s_sharedFlags) | (own & ~s_sharedFlags));
         PropertyChangeFilter::repolishPost(button, true);
     }
@@ -185,6 +208,16 @@ void BVCheckableContainerInterface::updateWidget()
     BVWidgetStatus::setStatusProperty(this, BVWidgetStatus::status(this));
 }
 
+void BVCheckableContainerInterface::updateWidget(int /*index*/) {}
+
+void BVCheckableContainerInterface::letGo(QAbstractButton *button)
+{
+    if (button->group() == &m_group)
+        m_group.removeButton(button);
+    if (disconnect(button, &QWidget::customContextMenuRequested, this, nullptr))
+        button->setContextMenuPolicy(Qt::DefaultContextMenu);
+}
+
 void BVCheckableContainerInterface::followContextMenu(QWidget *widget)
 {
     widget->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -195,7 +228,7 @@ void BVCheckableContainerInterface::followContextMenu(QWidget *widget)
 
 void BVCheckableContainerInterface::showContextMenu(const QPoint &globalPosition)
 {
-    QMenu menu;
+    BVMenu menu;
     menu.addActions(actions());
     setupStandardMenu(&menu, this, SIGNAL(standardActionTriggered(int)));
     if (!menu.isEmpty())

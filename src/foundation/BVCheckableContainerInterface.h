@@ -28,7 +28,8 @@ public:
     explicit BVCheckableContainerInterface(QWidget *parent = nullptr);
     ~BVCheckableContainerInterface() override;
 
-    /// Adds the button to the group. Null and a button of the group are ignored. The button stays
+    /// Adds the button to the group. Null is ignored; a button of the
+    /// group gets the new id, one of another container leaves that. The button stays
     /// with its owner.
     void attach(QAbstractButton *button, int id);
     void detach(QAbstractButton *button);
@@ -72,15 +73,17 @@ Q_SIGNALS:
     void standardActionTriggered(int action);
 
 protected:
-    using BVCheckableContainerWidgetInterface::updateWidget;
     void updateWidget() override;
+    /// Nothing: writing the button's style properties has re-applied its style.
+    void updateWidget(int index) override;
 
 private:
+    void letGo(QAbstractButton *button);
     void followContextMenu(QWidget *widget);
     void showContextMenu(const QPoint &globalPosition);
     void childArrived(QObject *child);
 
     QButtonGroup m_group;
-    bool m_autoAttach = false;              // before what announces itself as a child
-    BVWidgetStatusHandler *m_statusHandler; // child of this
+    BVWidgetStatusHandler *m_statusHandler = nullptr; // child of this
+    bool m_autoAttach = false;
 };

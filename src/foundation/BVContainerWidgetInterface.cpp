@@ -43,7 +43,17 @@ void BVContainerWidgetInterface::updateWidget(int index)
 
 void BVContainerWidgetInterface::setBvStatus(int index, BVWidgetStatus::Status status, bool on)
 {
-    if (!BVWidgetStatus::setStatusProperty(getStatusWidget(index), status, on))
+    QWidget *widget = getStatusWidget(index);
+    const bool hasProperty =
+        status == BVWidgetStatus::Normal || !BVWidgetStatus::statusPropertyName(status).isEmpty();
+    bool changed = false;
+    if (hasProperty) {
+        changed = BVWidgetStatus::setStatusProperty(widget, status, on);
+    } else if (BVWidgetStatus::testStatus(widget, status) != on) { // a flag that steers the menu
+        BVWidgetStatus::setStatus(widget, status, on);
+        changed = widget != nullptr;
+    }
+    if (!changed)
         return;
     updateWidget(index);
     onStatusChanged();

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/BVReferenceValueInterface.h"
 
-#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QHelpEvent>
 #include <QStringList>
+#include <QTextDocument>
 #include <QToolTip>
 #include <QVariant>
 #include <QWidget>
@@ -12,6 +14,7 @@
 namespace {
 
 constexpr char s_referenceProperty[] = "ReferenceValue";
+constexpr int s_digits = 12; // significant, so that 0.1 + 0.2 reads 0.3
 
 QString translated(const char *text)
 {
@@ -24,26 +27,54 @@ bool hasReference(const QWidget *widget)
     return reference.isValid() && !reference.isNull();
 }
 
-QString checkStateText(const QVariant &reference)
+/// The state that a number or a truth value stands for; empty for anything else.
+QString checkStateText(const QAbstractButton *button, const QVariant &reference)
 {
-    if (reference.toInt() == Qt::PartiallyChecked && reference.type() != QVariant::Bool)
+    bool isNumber = false;
+    const int state = reference.toInt(&isNumber);
+    if (!isNumber)
+        return QString();
+    const auto *box = qobject_cast<const QCheckBox *>(button);
+    if (box && box->isTristate() && state == Qt::PartiallyChecked &&
+        reference.type() != QVariant::Bool)
         return translated("Partly");
-    return reference.toBool() ? translated("On") : translated("Off");
+    return state != 0 ? translated("On") : translated("Off");
+}
+
+QString plainText(const QVariant &reference)
+{
+    if (reference.type() == QVariant::Double)
+        return QString::number(reference.toDouble(), 'g', s_digits);
+    if (reference.type() == QVariant::StringList || reference.type() == QVariant::List)
+        return reference.toStringList().join(QStringLiteral(", "));
+    return reference.toString();
 }
 
 QString referenceText(const QWidget *widget, const QVariant &reference)
 {
     QString text;
+    const auto *button = qobject_cast<const QAbstractButton *>(widget);
+    const auto *combo = qobject_cast<const QComboBox *>(widget);
     if (const auto *shown = dynamic_cast<const BVReferenceValueInterface *>(widget))
         text = shown->referenceValueText(reference);
-    else if (const auto *button = qobject_cast<const QAbstractButton *>(widget);
-             button && button->isCheckable() && reference.canConvert<bool>())
-        text = checkStateText(reference);
-    else if (reference.canConvert<QStringList>() && reference.type() != QVariant::String)
-        text = reference.toStringList().join(QStringLiteral(", "));
+    else if (button && button->isCheckable())
+        text = checkStateText(button, reference);
+    else if (combo && reference.type() == QVariant::Int)
+        text = combo->itemText(reference.toInt());
     else
-        text = reference.toString();
+        text = plainText(reference);
     return text.isEmpty() ? translated("Undefined") : text;
+}
+
+/// Both texts on lines of their own, as rich text if the first is.
+QString joined(const QString &first, const QString &second)
+{
+    if (Qt::mightBeRichText(first))
+        return first + QLatin1String("<br>") + second.toHtmlEscaped();
+    const QString text = first.isEmpty() ? second : first + QLatin1Char('\n') + second;
+    if (!Qt::mightBeRichText(text))
+        return text;
+    return text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
 }
 
 } // namespace
@@ -55,14 +86,11 @@ QString BVReferenceValueInterface::composedToolTip(const QWidget *widget)
     if (!widget)
         return QString();
     const auto *shown = dynamic_cast<const BVReferenceValueInterface *>(widget);
-    QString text = shown ? shown->toolTipText() : widget->toolTip();
-    if (hasReference(widget)) {
-        if (!text.isEmpty())
-            text += QLatin1Char('\n');
-        text += translated("Reference value: %1")
-                    .arg(referenceText(widget, widget->property(s_referenceProperty)));
-    }
-    return text;
+    const QString text = shown ? shown->toolTipText() : widget->toolTip();
+    if (!hasReference(widget))
+        return text;
+    const QVariant reference = widget->property(s_referenceProperty);
+    return joined(text, translated("Reference value: %1").arg(referenceText(widget, reference)));
 }
 
 bool BVReferenceValueInterface::showToolTip(QWidget *widget, QHelpEvent *event)

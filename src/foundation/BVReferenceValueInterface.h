@@ -12,9 +12,10 @@ class QWidget;
 /// What a widget's tool tip tells of its reference value, the dynamic property "ReferenceValue".
 ///
 /// A widget that shows its value in a way of its own implements the interface, so that the
-/// reference value reads like the value. The static functions serve any widget: without the
-/// interface a check box's reference reads "On" or "Off" (tri-state: "Partly"), any other that has
-/// a text as that text, and what cannot be shown as "Undefined".
+/// reference value reads like the value. The static functions serve any widget. Without the
+/// interface the reference of a checkable button reads "On" or "Off" (one with three states:
+/// "Partly"), that of a combo box given as an index as the item's text, any other that has a text
+/// as that text, and what cannot be shown as "Undefined".
 class BVWIDGETS_EXPORT BVReferenceValueInterface
 {
 public:

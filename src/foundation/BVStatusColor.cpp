@@ -68,7 +68,8 @@ BVStatusColor::BVStatusColor()
 
 BVStatusColor &BVStatusColor::colors()
 {
-    static BVStatusColor s_colors; // the language guards the creation
+    const QMutexLocker locker(&tableLock());
+    static BVStatusColor s_colors;
     return s_colors;
 }
 

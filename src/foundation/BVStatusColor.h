@@ -8,6 +8,8 @@
 #include <QColor>
 #include <QHash>
 
+#include <atomic>
+
 /// The colours in which a status is painted where code paints it; style sheets have their own.
 ///
 /// Look-ups take single flags, such as BVWidgetStatus::getDominantStatusFromFlag() gives; one
@@ -26,6 +28,9 @@ public:
 
     /// The table of the process, made on first use.
     static BVStatusColor &colors();
+
+    BVStatusColor(const BVStatusColor &) = delete;
+    BVStatusColor &operator=(const BVStatusColor &) = delete;
 
     QColor forDarkBackground(BVWidgetStatus::Status status) const;
     QColor forLightBackground(BVWidgetStatus::Status status) const;
@@ -48,5 +53,5 @@ private:
     QHash<BVWidgetStatus::Status, Colors> m_colors;
     QHash<BVWidgetStatus::Status, Colors> m_lightColors;
     Colors m_disabled;
-    bool m_useLightColor = false;
+    std::atomic<bool> m_useLightColor{false};
 };

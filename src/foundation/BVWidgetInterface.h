@@ -5,6 +5,8 @@
 
 #include "foundation/BVWidgetStatus.h"
 
+#include <QPointer>
+
 class QMenu;
 class QObject;
 class QWidget;
@@ -100,5 +102,5 @@ protected:
 private:
     void emitChanged();
 
-    QWidget *m_statusWidget = nullptr; // not owned
+    QPointer<QWidget> m_statusWidget;
 };

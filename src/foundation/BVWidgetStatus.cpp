@@ -286,8 +286,9 @@ void BVWidgetStatus::debugStatus(const QWidget *widget, const QString &prefix)
 void BVWidgetStatus::debugStateHelper(QString &text, Stati stati, Status status)
 {
     const bool contained = status == Normal ? !stati : (stati & status) == status;
-    if (contained)
-        appendName(text, statusPropertyName(status));
+    const char *name = propertyName(status);
+    if (contained && name)
+        appendName(text, QLatin1String(name));
 }
 
 QString statusPropertyName(BVWidgetStatus::Status status)

@@ -5,6 +5,7 @@
 
 #include <QFlags>
 #include <QMetaType>
+#include <QPointer>
 #include <QString>
 
 class QModelIndex;
@@ -109,7 +110,7 @@ public:
     static void debugStateHelper(QString &text, Stati stati, Status status);
 
 private:
-    QWidget *m_widget = nullptr;
+    QPointer<QWidget> m_widget;
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(BVWidgetStatus::Stati)

@@ -28,8 +28,9 @@ void BVWidgetStatusHandler::attach(QWidget *child)
     if (!child || m_children.contains(child))
         return;
     child->installEventFilter(this);
-    connect(child, &QObject::destroyed, this, &BVWidgetStatusHandler::onChildDeleted);
+    follow(child);
     m_children.insert(child, BVWidgetStatus::status(child));
+    StandardSymbolPainter::updateLock(child);
 }
 
 void BVWidgetStatusHandler::detach(QWidget *child)
@@ -107,11 +108,15 @@ void BVWidgetStatusHandler::onChildStatusChanged(QEvent *event)
 {
     const auto *change = static_cast<BVWidgetStatusChangedEvent *>(event);
     QWidget *child = change->widget();
+    event->accept();
+    if (!child)
+        return;
     const BVWidgetStatus::Stati status = change->status();
+    if (!m_children.contains(child))
+        follow(child); // an event may speak for another widget than the one that it reached
     m_children.insert(child, status);
     updateParentStatus();
     Q_EMIT childStatusChanged(child, status);
-    event->accept();
 }
 
 void BVWidgetStatusHandler::onChildDeleted(QObject *child)
@@ -127,10 +132,16 @@ void BVWidgetStatusHandler::onChildDeleted(QObject *child)
     updateParentStatus();
 }
 
+void BVWidgetStatusHandler::follow(QWidget *child)
+{
+    connect(child, &QObject::destroyed, this, &BVWidgetStatusHandler::onChildDeleted);
+}
+
 void BVWidgetStatusHandler::silentDetach(QWidget *child)
 {
     if (!child || !m_children.remove(child))
         return;
     child->removeEventFilter(this);
+    StandardSymbolPainter::removeLock(child);
     disconnect(child, &QObject::destroyed, this, &BVWidgetStatusHandler::onChildDeleted);
 }

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void onChildDeleted(QObject *child);
 
 private:
+    void follow(QWidget *child);
     void silentDetach(QWidget *child);
     void onChildStatusChanged(QEvent *event);
 

@@ -3,11 +3,17 @@
 
 #include "foundation/BVWidgetStatus.h"
 #include "foundation/BVWidgetStatusChangedEvent.h"
+#include "foundation/BVWidgetStatusHandler.h"
 
+#include <QComboBox>
+#include <QCoreApplication>
 #include <QEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPainterPath>
+#include <QSplitter>
 #include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QWidget>
 
 namespace {
@@ -26,16 +32,38 @@ public:
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setAttribute(Qt::WA_NoSystemBackground);
         setFocusPolicy(Qt::NoFocus);
+        setAccessibleName(QCoreApplication::translate("StandardSymbolPainter", "Locked"));
+        hide();
         resize(s_symbolSize, s_symbolSize);
     }
 
     void place()
     {
-        const QRect area = parentWidget()->rect().adjusted(s_margin, 0, -s_margin, 0);
+        const QRect area =
+            parentWidget()->rect().adjusted(s_margin, 0, -s_margin - arrowWidth(), 0);
+        const QRect mirrored =
+            QStyle::visualRect(parentWidget()->layoutDirection(), parentWidget()->rect(), area);
         const auto alignment = Qt::AlignRight | Qt::AlignVCenter;
-        setGeometry(
-            QStyle::alignedRect(parentWidget()->layoutDirection(), alignment, size(), area));
+        const Qt::LayoutDirection direction = parentWidget()->layoutDirection();
+        setGeometry(QStyle::alignedRect(direction, alignment, size(), mirrored));
         raise();
+    }
+
+    /// Shows or hides the lock and gives a line edit the margin that goes with it.
+    void setShown(bool shown)
+    {
+        if (shown == !isHidden())
+            return;
+        setVisible(shown);
+        if (auto *edit = qobject_cast<QLineEdit *>(parentWidget())) {
+            QMargins margins = edit->textMargins();
+            const int room = shown ? s_symbolSize + s_margin : -s_symbolSize - s_margin;
+            if (edit->layoutDirection() == Qt::LeftToRight)
+                margins.setRight(margins.right() + room);
+            else
+                margins.setLeft(margins.left() + room);
+            edit->setTextMargins(margins);
+        }
     }
 
 protected:
@@ -57,6 +85,20 @@ protected:
         painter.setBrush(color);
         painter.drawRoundedRect(QRectF(2, 5.5, 8, 5.5), 1, 1);
     }
+
+private:
+    int arrowWidth() const
+    {
+        const auto *combo = qobject_cast<const QComboBox *>(parentWidget());
+        if (!combo)
+            return 0;
+        QStyleOptionComboBox option;
+        option.initFrom(combo);
+        option.editable = combo->isEditable();
+        return combo->style()
+            ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, combo)
+            .width();
+    }
 };
 
 LockSymbol *findSymbol(QWidget *widget)
@@ -69,18 +111,22 @@ LockSymbol *findSymbol(QWidget *widget)
     return nullptr;
 }
 
-void updateSymbol(QWidget *widget, bool locked)
+/// Whether the widget shows values of its own, and has room for a lock.
+bool canShowLock(const QWidget *widget)
+{
+    return !qobject_cast<const QSplitter *>(widget) &&
+           !widget->findChild<BVWidgetStatusHandler *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+void showLock(QWidget *widget, bool locked)
 {
     LockSymbol *symbol = findSymbol(widget);
-    if (!locked) {
-        if (symbol)
-            symbol->hide();
-        return;
-    }
-    if (!symbol)
+    if (!symbol && locked && canShowLock(widget))
         symbol = new LockSymbol(widget);
+    if (!symbol)
+        return;
     symbol->place();
-    symbol->show();
+    symbol->setShown(locked);
 }
 
 } // namespace
@@ -91,12 +137,23 @@ bool StandardSymbolPainter::handleStandardLocked(QWidget *widget, QEvent *event)
         return false;
     const QEvent::Type type = event->type();
     if (type == BVWidgetStatusChangedEvent::s_eventType) {
-        const auto *change = static_cast<BVWidgetStatusChangedEvent *>(event);
-        updateSymbol(widget,
-                     BVWidgetStatus::testFlag(change->status(), BVWidgetStatus::StandardLocked));
-    } else if (type == QEvent::Resize || type == QEvent::Show ||
+        const auto stati = static_cast<BVWidgetStatusChangedEvent *>(event)->status();
+        showLock(widget, BVWidgetStatus::testFlag(stati, BVWidgetStatus::StandardLocked));
+    } else if (type == QEvent::Resize || type == QEvent::Show || type == QEvent::StyleChange ||
                type == QEvent::LayoutDirectionChange) {
-        updateSymbol(widget, BVWidgetStatus::testStatus(widget, BVWidgetStatus::StandardLocked));
+        updateLock(widget);
     }
     return false;
+}
+
+void StandardSymbolPainter::updateLock(QWidget *widget)
+{
+    if (widget)
+        showLock(widget, BVWidgetStatus::testStatus(widget, BVWidgetStatus::StandardLocked));
+}
+
+void StandardSymbolPainter::removeLock(QWidget *widget)
+{
+    if (widget)
+        showLock(widget, false);
 }

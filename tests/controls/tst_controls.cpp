@@ -70,6 +70,8 @@ private Q_SLOTS:
     void wheel();
     void tabStatus();
     void tabDots();
+    void tabMenu();
+    void ownMenuStays();
 
 private:
     static void controls(bool withTabWidget);
@@ -154,7 +156,7 @@ void tst_Controls::standardMenu()
     QTest::keyClick(menu, Qt::Key_Return);
     QCOMPARE(actions.count(), 1);
     QCOMPARE(actions.first().first().toInt(), int(BVWidgetInterface::ResetValue));
-    QTRY_VERIFY(!control.m_widget->findChild<QMenu *>() || !QApplication::activePopupWidget());
+    QTRY_VERIFY(!control.m_widget->findChild<QMenu *>());
 }
 
 void tst_Controls::referenceToolTip()
@@ -256,6 +258,56 @@ void tst_Controls::tabDots()
     QCOMPARE(QColor(marked.pixel(tab.right() - 6, tab.top() + 6)), red);
     bar.setTabStatus(0, S::StandardLocked); // never dominates
     QCOMPARE(bar.grab().toImage(), plain);
+}
+
+void tst_Controls::tabMenu()
+{
+    BVTabWidget tabs;
+    tabs.addTab(new BVLineEdit, QStringLiteral("first"));
+    auto *second = new BVLineEdit;
+    tabs.addTab(second, QStringLiteral("second"));
+    tabs.setBvStatus(1, S::StandardChanged | S::ResetAvailable);
+    tabs.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tabs));
+    auto *bar = tabs.findChild<BVTabBar *>();
+    const auto ask = [&tabs, bar] { // a click on the second tab asks for the menu of its page
+        const QPoint position = bar->mapTo(&tabs, bar->tabRect(1).center());
+        QContextMenuEvent event(QContextMenuEvent::Mouse, position, tabs.mapToGlobal(position));
+        QApplication::sendEvent(&tabs, &event);
+        return qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    };
+    QMenu *menu = ask();
+    QVERIFY(menu);
+    QCOMPARE(tabs.currentIndex(), 1);
+    menu->close();
+    tabs.setResetToStandardDisabled(true);
+    QVERIFY(!ask());
+
+    tabs.setNeedInputStatus(true);
+    second->resetBvStatus(); // silent, but the tab follows
+    QCOMPARE(bar->tabStatus(1), S::Stati());
+}
+
+void tst_Controls::ownMenuStays()
+{
+    BVComboBox combo;
+    combo.setEditable(true);
+    BVLabel label(QStringLiteral("DC04"));
+    label.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    for (const Control &control : {Control{&combo, &combo}, Control{&label, &label}}) {
+        control.m_interface->setBvStatus(S::StandardChanged | S::ResetAvailable);
+        control.m_widget->show();
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2));
+        QApplication::sendEvent(control.m_widget, &event);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QStringList texts;
+        for (const QAction *action : menu->actions())
+            texts << action->text().remove(QLatin1Char('&')).section(QLatin1Char('\t'), 0, 0);
+        QCOMPARE(texts.constFirst(), QStringLiteral("Reset Value to Standard"));
+        QVERIFY(texts.contains(QStringLiteral("Copy")));
+        menu->close();
+    }
 }
 
 QTEST_MAIN(tst_Controls)

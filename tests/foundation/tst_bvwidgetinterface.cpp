@@ -12,6 +12,7 @@
 #include <QSignalMapper>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 using S = BVWidgetStatus;
 
@@ -71,12 +72,24 @@ QStringList texts(const QMenu &menu)
 
 } // namespace
 
+using Setter = void (BVWidgetInterface::*)(bool);
+using Getter = bool (BVWidgetInterface::*)() const;
+using ItemSetter = void (BVContainerWidgetInterface::*)(int, bool);
+using ItemGetter = bool (BVContainerWidgetInterface::*)(int) const;
+Q_DECLARE_METATYPE(Setter)
+Q_DECLARE_METATYPE(Getter)
+Q_DECLARE_METATYPE(ItemSetter)
+Q_DECLARE_METATYPE(ItemGetter)
+
 class tst_BVWidgetInterface : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { muteOffscreenWarnings(); }
     void setters();
+    void flagOfEachSetter_data();
+    void flagOfEachSetter();
     void reset();
     void standardMenu_data();
     void standardMenu();
@@ -86,6 +99,8 @@ private Q_SLOTS:
     void containerItems();
     void checkableContainerStatus();
     void checkableContainerButtons();
+    void checkableContainerOwnsItsButtons();
+    void checkableContainerMenu();
     void checkableContainerLifetime();
 };
 
@@ -113,6 +128,55 @@ void tst_BVWidgetInterface::setters()
     carrier.setStatusWidget(nullptr);
     carrier.setBvStatus(S::NeedInput, true);
     QCOMPARE(carrier.getBvStatus(), S::Stati());
+}
+
+void tst_BVWidgetInterface::flagOfEachSetter_data()
+{
+    using W = BVWidgetInterface;
+    using C = BVContainerWidgetInterface;
+    QTest::addColumn<Setter>("set");
+    QTest::addColumn<Getter>("is");
+    QTest::addColumn<ItemSetter>("setItem");
+    QTest::addColumn<ItemGetter>("isItem");
+    QTest::addColumn<S::Stati>("flag");
+
+#define ROW(Name, Flag) \
+    QTest::newRow(#Name) << Setter(&W::set##Name) << Getter(&W::is##Name) \
+                         << ItemSetter(&C::set##Name) << ItemGetter(&C::is##Name) \
+                         << S::Stati(S::Flag)
+    ROW(NeedInputStatus, NeedInput);
+    ROW(UserEditStatus, UserEdit);
+    ROW(DifferentStatus, Different);
+    ROW(CompareDifferent, CompareDifferent);
+    ROW(RuvixEnabled, RuvixEnabled);
+    ROW(RuvixStandardChanged, RuvixStandardChanged);
+    ROW(RuvixActive, RuvixActive);
+    ROW(RuvixInvalid, RuvixInvalid);
+    ROW(StandardEnabled, StandardEnabled);
+    ROW(StandardDefined, StandardDefined);
+    ROW(StandardDefault, StandardDefault);
+    ROW(DefaultChanged, DefaultChanged);
+    ROW(StandardChanged, StandardChanged);
+    ROW(StandardLocked, StandardLocked);
+#undef ROW
+}
+
+void tst_BVWidgetInterface::flagOfEachSetter()
+{
+    QFETCH(Setter, set);
+    QFETCH(Getter, is);
+    QFETCH(ItemSetter, setItem);
+    QFETCH(ItemGetter, isItem);
+    QFETCH(S::Stati, flag);
+
+    Carrier carrier;
+    (carrier.*set)(true);
+    QCOMPARE(carrier.getBvStatus(), flag);
+    QVERIFY((carrier.*is)());
+    Container container;
+    (container.*setItem)(0, true);
+    QCOMPARE(container.getBvStatus(0), flag);
+    QVERIFY((container.*isItem)(0) && !(container.*isItem)(1));
 }
 
 void tst_BVWidgetInterface::reset()
@@ -240,10 +304,16 @@ void tst_BVWidgetInterface::containerItems()
     container.setBvStatus(1, S::Stati(S::NeedInput)); // unchanged
     QCOMPARE(container.m_changes, 2);
 
+    container.setResetToStandardDisabled(true); // a flag without a style property
+    QVERIFY(container.isResetToStandardDisabled());
+    QCOMPARE(container.m_changes, 3);
+    QCOMPARE(container.getBvStatus(), S::NeedInput | S::ResetToStandardDisabled);
+
     // Plain changes reach the style properties with the next update of the current item.
     S::setStatus(&container.m_items[1], S::UserEdit);
-    static_cast<BVWidgetInterface &>(container).resetBvStatus();
-    QCOMPARE(S::getStatusProperty(&container.m_items[1]), S::Stati());
+    QVERIFY(!S::testStatusProperty(&container.m_items[1], S::UserEdit));
+    container.updateWidget();
+    QCOMPARE(S::getStatusProperty(&container.m_items[1]), S::Stati(S::UserEdit));
     container.setCurrentIndex(-1);
     container.setBvStatus(S::NeedInput, true);
     QCOMPARE(container.getBvStatus(), S::Stati());
@@ -299,6 +369,51 @@ void tst_BVWidgetInterface::checkableContainerButtons()
     delete reparented;
 }
 
+void tst_BVWidgetInterface::checkableContainerOwnsItsButtons()
+{
+    BVCheckableContainerInterface first;
+    BVCheckableContainerInterface second;
+    second.setProperty("ReferenceValue", 4);
+    QPushButton button;
+    first.attach(&button, 7);
+    first.attach(&button, 9);
+    QCOMPARE(first.idFromIndex(0), 9);
+    S::setStatusProperty(&button, S::NeedInput, true);
+    S::setStatus(&button, S::DeleteVariableDisabled, true);
+    second.attach(&button, 1);
+    QVERIFY(S::isStatus(&first, S::Normal));
+    QCOMPARE(button.property("ReferenceValue"), QVariant(4));
+    second.setBvStatus(S::Stati(S::StandardLocked));
+    QCOMPARE(S::status(&button), S::NeedInput | S::StandardLocked | S::DeleteVariableDisabled);
+    second.detach(&button);
+    QCOMPARE(button.contextMenuPolicy(), Qt::DefaultContextMenu);
+    S::setStatus(&button, S::UserEdit, true);
+    QVERIFY(!S::testStatus(&first, S::UserEdit) && !S::testStatus(&second, S::UserEdit));
+}
+
+void tst_BVWidgetInterface::checkableContainerMenu()
+{
+    BVCheckableContainerInterface container;
+    container.addAction(new QAction(QStringLiteral("Own"), &container));
+    auto *button = new QPushButton(&container);
+    container.attach(button, 0);
+    container.setBvStatus(S::StandardChanged | S::ResetAvailable);
+    container.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&container));
+    QSignalSpy actions(&container, &BVCheckableContainerInterface::standardActionTriggered);
+    QStringList shown;
+    QTimer::singleShot(0, &container, [&shown] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        shown = texts(*menu);
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    Q_EMIT button->customContextMenuRequested(QPoint(1, 1));
+    QCOMPARE(shown, (QStringList{"Reset Value to Standard", "-", "Own", "-"}));
+    QCOMPARE(actions.count(), 1);
+    QCOMPARE(actions.first().first().toInt(), int(BVWidgetInterface::ResetValue));
+}
+
 void tst_BVWidgetInterface::checkableContainerLifetime()
 {
     auto container = std::make_unique<BVCheckableContainerInterface>();
@@ -308,7 +423,9 @@ void tst_BVWidgetInterface::checkableContainerLifetime()
     delete container->button(1);
     QVERIFY(S::isStatus(container.get(), S::Normal));
     S::setStatus(container->button(0), S::NeedInput, true);
+    QPointer<QAbstractButton> button = container->button(0);
     container.reset(); // buttons with a status go after the container's own parts
+    QVERIFY(!button);
 }
 
 QTEST_MAIN(tst_BVWidgetInterface)

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void nullWidget();
     void colors_data();
     void colors();
+    void replacedColors();
 };
 
 Q_DECLARE_METATYPE(S::Status)
@@ -272,47 +273,64 @@ void tst_BVWidgetStatus::nullWidget()
 void tst_BVWidgetStatus::colors_data()
 {
     QTest::addColumn<S::Status>("status");
-    QTest::addColumn<QColor>("dark");
-    QTest::addColumn<QColor>("light");
-    QTest::addColumn<QColor>("button");
-    QTest::addColumn<QColor>("alternate");
-    QTest::addColumn<QColor>("darkWithLightColors");
+    QTest::addColumn<QString>("main"); // dark, light background, buttons, alternate
+    QTest::addColumn<QString>("light");
 
-    QTest::newRow("Normal") << S::Normal << QColor(229, 229, 229) << QColor(51, 51, 51)
-                            << QColor(84, 84, 84) << QColor(204, 204, 204) << QColor(229, 229, 229);
-    QTest::newRow("NeedInput") << S::NeedInput << QColor(255, 77, 77) << QColor(153, 0, 0)
-                               << QColor(204, 61, 61) << QColor(204, 61, 61)
-                               << QColor(255, 170, 170);
-    QTest::newRow("UserEdit") << S::UserEdit << QColor(153, 195, 255) << QColor(0, 64, 153)
-                              << QColor(54, 106, 178) << QColor(26, 68, 128)
-                              << QColor(153, 195, 255);
-    QTest::newRow("StandardChanged")
-        << S::StandardChanged << QColor(255, 223, 127) << QColor(115, 76, 0) << QColor(204, 158, 20)
-        << QColor(204, 158, 20) << QColor(255, 223, 127);
-    QTest::newRow("Different") << S::Different << QColor(153, 255, 187) << QColor(0, 128, 42)
-                               << QColor(153, 255, 187) << QColor(0, 128, 42)
-                               << QColor(153, 255, 187);
-    QTest::newRow("CompareDifferent")
-        << S::CompareDifferent << QColor(238, 153, 255) << QColor(149, 0, 178)
-        << QColor(238, 153, 255) << QColor(149, 0, 178) << QColor(238, 153, 255);
-    QTest::newRow("without colours")
-        << S::StandardLocked << QColor(229, 229, 229) << QColor(51, 51, 51) << QColor(84, 84, 84)
-        << QColor(204, 204, 204) << QColor(229, 229, 229);
+    const QString normal = "e5e5e5 333333 545454 cccccc";
+    const QString red = "ff4d4d 990000 cc3d3d cc3d3d";
+    const QString lightRed = "ffaaaa 990000 dc7a7a dc7a7a";
+    const QString blue = "99c3ff 004099 366ab2 1a4480";
+    const QString lightBlue = "99c3ff 004099 6492d0 1a4480";
+    const QString yellow = "ffdf7f 734c00 cc9e14 cc9e14";
+    const QString green = "99ffbb 00802a 99ffbb 00802a";
+    const QString purple = "ee99ff 9500b2 ee99ff 9500b2";
+    QTest::newRow("Normal") << S::Normal << normal << normal;
+    QTest::newRow("NeedInput") << S::NeedInput << red << lightRed;
+    QTest::newRow("RuvixInvalid") << S::RuvixInvalid << red << lightRed;
+    QTest::newRow("RuvixActive") << S::RuvixActive << blue << lightBlue;
+    QTest::newRow("UserEdit") << S::UserEdit << blue << lightBlue;
+    QTest::newRow("StandardChanged") << S::StandardChanged << yellow << yellow;
+    QTest::newRow("Different") << S::Different << green << green;
+    QTest::newRow("CompareDifferent") << S::CompareDifferent << purple << purple;
+    QTest::newRow("without colours") << S::StandardLocked << normal << normal;
 }
 
 void tst_BVWidgetStatus::colors()
 {
     QFETCH(S::Status, status);
     BVStatusColor &table = BVStatusColor::colors();
-    QTEST(table.forDarkBackground(status), "dark");
-    QTEST(table.forLightBackground(status), "light");
-    QTEST(table.forButtons(status, false), "button");
-    QTEST(table.forButtons(status, true), "alternate");
+    const auto shown = [&table, status] {
+        QStringList names;
+        for (const QColor &color :
+             {table.forDarkBackground(status), table.forLightBackground(status),
+              table.forButtons(status, false), table.forButtons(status, true)})
+            names << color.name().mid(1);
+        return names.join(QLatin1Char(' '));
+    };
+    QTEST(shown(), "main");
     table.setUseLightColor(true);
-    QTEST(table.forDarkBackground(status), "darkWithLightColors");
+    QTEST(shown(), "light");
     table.setUseLightColor(false);
-    QCOMPARE(table.disabledForButtons(true), QColor(204, 204, 204, 178));
+}
+
+void tst_BVWidgetStatus::replacedColors()
+{
+    BVStatusColor &table = BVStatusColor::colors();
+    const BVStatusColor::Colors before = {
+        table.forDarkBackground(S::NeedInput), table.forLightBackground(S::NeedInput),
+        table.forButtons(S::NeedInput, false), table.forButtons(S::NeedInput, true)};
+    table.setUseLightColor(true);
+    table.replaceColor(S::NeedInput, {Qt::cyan, Qt::cyan, Qt::cyan, Qt::cyan});
+    QCOMPARE(table.forDarkBackground(S::NeedInput), QColor(255, 170, 170));
+    table.setUseLightColor(false);
+    QCOMPARE(table.forDarkBackground(S::NeedInput), QColor(Qt::cyan));
+    table.replaceColor(S::NeedInput, before);
+
+    QCOMPARE(table.disabled(), QColor(229, 229, 229, 178));
+    QCOMPARE(table.disabledForDarkBackground(), table.disabled());
     QCOMPARE(table.disabledForLightBackground(), QColor(51, 51, 51, 178));
+    QCOMPARE(table.disabledForButtons(false), QColor(84, 84, 84, 178));
+    QCOMPARE(table.disabledForButtons(true), QColor(204, 204, 204, 178));
 }
 
 QTEST_MAIN(tst_BVWidgetStatus)

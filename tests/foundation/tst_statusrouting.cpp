@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "controls/BVLineEdit.h"
 #include "foundation/BVReferenceValueInterface.h"
 #include "foundation/BVStatusBatch.h"
 #include "foundation/BVWidgetStatusChangedEvent.h"
@@ -31,7 +32,10 @@ private Q_SLOTS:
     void detachAndDelete();
     void nesting();
     void parentGoesFirst();
+    void oddEvents();
     void lockSymbol();
+    void lockFollows();
+    void containersShowNoLock();
     void referenceToolTip_data();
     void referenceToolTip();
     void router();
@@ -154,6 +158,60 @@ void tst_StatusRouting::parentGoesFirst()
         S::setStatus(&stays, S::UserEdit, true);
     }
     S::setStatus(&stays, S::NeedInput, true); // no handler left to hear of it
+    QVERIFY(S::isStatus(&stays, S::UserEdit | S::NeedInput));
+}
+
+void tst_StatusRouting::oddEvents()
+{
+    QGroupBox group;
+    auto *edit = new QLineEdit(&group);
+    auto *handler = new BVWidgetStatusHandler(&group);
+    handler->attach(edit);
+    BVWidgetStatusChangedEvent nobody(S::Normal, S::NeedInput, nullptr);
+    QCoreApplication::sendEvent(edit, &nobody);
+    QVERIFY(S::isStatus(&group, S::Normal));
+
+    auto *stranger = new QLineEdit; // not attached, but spoken for
+    BVWidgetStatusChangedEvent other(S::Normal, S::NeedInput, stranger);
+    QCoreApplication::sendEvent(edit, &other);
+    QVERIFY(S::isStatus(&group, S::NeedInput));
+    delete stranger;
+    QVERIFY(S::isStatus(&group, S::Normal));
+}
+
+void tst_StatusRouting::lockFollows()
+{
+    QWidget page;
+    auto *edit = new BVLineEdit(&page);
+    S::setStatus(edit, S::StandardLocked, true);
+    auto *handler = new BVWidgetStatusHandler(&page);
+    handler->attach(edit);
+    const auto *symbol = edit->findChild<QWidget *>(QStringLiteral("bv_standardlocked"));
+    QVERIFY(symbol && !symbol->isHidden());
+    QVERIFY(edit->textMargins().right() > 0);
+    edit->resetBvStatus(); // silent
+    QVERIFY(symbol->isHidden());
+    QCOMPARE(edit->textMargins().right(), 0);
+    S::setStatus(edit, S::StandardLocked, true);
+    QVERIFY(!symbol->isHidden());
+
+    QLineEdit plain(&page);
+    handler->attach(&plain);
+    S::setStatus(&plain, S::StandardLocked, true);
+    handler->detach(&plain);
+    QVERIFY(plain.findChild<QWidget *>(QStringLiteral("bv_standardlocked"))->isHidden());
+}
+
+void tst_StatusRouting::containersShowNoLock()
+{
+    QWidget page;
+    auto *group = new QGroupBox(&page);
+    auto *edit = new QLineEdit(group);
+    (new BVWidgetStatusHandler(&page))->attach(group);
+    (new BVWidgetStatusHandler(group))->attach(edit);
+    S::setStatus(edit, S::StandardLocked, true);
+    QVERIFY(S::testStatus(group, S::StandardLocked));
+    QCOMPARE(page.findChildren<QWidget *>(QStringLiteral("bv_standardlocked")).size(), 1);
 }
 
 void tst_StatusRouting::lockSymbol()
@@ -189,7 +247,12 @@ void tst_StatusRouting::referenceToolTip_data()
                           << "Reference value: a, b";
     QTest::newRow("check box") << true << "" << QVariant(true) << "Reference value: On";
     QTest::newRow("check state") << true << "" << QVariant(int(Qt::PartiallyChecked))
-                                 << "Reference value: Partly";
+                                 << "Reference value: On"; // a box of two states
+    QTest::newRow("no check state")
+        << true << "" << QVariant("abc") << "Reference value: Undefined";
+    QTest::newRow("rich text") << false << "<b>Grade</b>" << QVariant("a<b")
+                               << "<b>Grade</b><br>Reference value: a&lt;b";
+    QTest::newRow("digits") << false << "" << QVariant(0.1 + 0.2) << "Reference value: 0.3";
     QTest::newRow("no text") << false << "" << QVariant(QSize(1, 2))
                              << "Reference value: Undefined";
     QTest::newRow("none") << false << "Material" << QVariant() << "Material";
