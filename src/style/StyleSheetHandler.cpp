@@ -166,7 +166,7 @@ void StyleSheetHandler::expandIfDirty()
 {
     if (!m_dirty || m_partNames.isEmpty())
         return;
-    StyleSheetPreprocessor preprocessor(m_userDefines,
+    StyleSheetPreprocessor preprocessor(m_userDefines, QPalette(),
                                         [this](const QString &path) { return part(path); });
     ExpandedStyleSheet expanded = preprocessor.expand(m_partNames.first());
     m_styleSheet = std::move(expanded.text);
