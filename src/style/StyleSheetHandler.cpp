@@ -186,9 +186,9 @@ StyleSheetHandler::StyleSheetHandler(const QByteArray &path)
 }
 
 StyleSheetHandler::StyleSheetHandler(const StyleSheetHandler &other) = default;
-StyleSheetHandler::StyleSheetHandler(StyleSheetHandler &&other) = default;
+StyleSheetHandler::StyleSheetHandler(StyleSheetHandler &&other) noexcept = default;
 StyleSheetHandler &StyleSheetHandler::operator=(const StyleSheetHandler &other) = default;
-StyleSheetHandler &StyleSheetHandler::operator=(StyleSheetHandler &&other) = default;
+StyleSheetHandler &StyleSheetHandler::operator=(StyleSheetHandler &&other) noexcept = default;
 StyleSheetHandler::~StyleSheetHandler() = default;
 
 QString StyleSheetHandler::load()

@@ -79,9 +79,9 @@ public:
     template <typename T, std::enable_if_t<!std::is_same_v<std::remove_cv_t<T>, char>, int> = 0>
     explicit StyleSheetHandler(T *) = delete;
     StyleSheetHandler(const StyleSheetHandler &other);
-    StyleSheetHandler(StyleSheetHandler &&other);
+    StyleSheetHandler(StyleSheetHandler &&other) noexcept;
     StyleSheetHandler &operator=(const StyleSheetHandler &other);
-    StyleSheetHandler &operator=(StyleSheetHandler &&other);
+    StyleSheetHandler &operator=(StyleSheetHandler &&other) noexcept;
     virtual ~StyleSheetHandler();
 
     /// The default sheet, read from the resources and expanded.
