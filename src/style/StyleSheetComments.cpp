@@ -70,8 +70,7 @@ private:
     void remove(int from, int to)
     {
         keepUpTo(from);
-        if (const int breaks = countBreaks(from, to))
-            m_sheet.gaps.push_back({m_sheet.text.size(), breaks});
+        m_sheet.gaps.push_back({m_sheet.text.size(), to - from, countBreaks(from, to)});
         m_kept = m_scan = to;
     }
 

@@ -11,10 +11,11 @@ namespace Brimvale {
 /// The text of a sheet without its comments, with what it takes to tell lines of the original.
 struct UncommentedSheet
 {
-    /// A place in the text where a removed comment spanned lines.
+    /// A place in the text where a comment was removed.
     struct Gap
     {
         int position;
+        int length; ///< of the comment
         int lineBreaks;
     };
 

@@ -7,54 +7,71 @@ namespace Brimvale {
 
 void StyleSheetDefines::define(const QString &name, const QString &value)
 {
-    m_values.insert(name, value);
-    const std::size_t bucket = name.at(0).unicode() % s_buckets;
-    m_secondCharacters[bucket] |=
+    m_defines[name] = value;
+    m_secondCharacters[name.at(0).unicode() % s_buckets] |=
         name.size() == 1 ? ~quint64(0) : quint64(1) << (name.at(1).unicode() % 64);
-    std::vector<Define> &defines = m_buckets[bucket];
-    const auto place = std::find_if(defines.begin(), defines.end(),
-                                    [&](const Define &define) { return define.name <= name; });
-    if (place != defines.end() && place->name == name)
-        place->value = value;
-    else
-        defines.insert(place, {name, value});
+}
+
+QMap<QString, QString> StyleSheetDefines::values() const
+{
+    QMap<QString, QString> result;
+    for (const auto &[name, value] : m_defines)
+        result.insert(result.cend(), name, value);
+    return result;
+}
+
+// The define with the last name of those that the text begins with and that stand before *below.
+const StyleSheetDefines::Define *StyleSheetDefines::lastAtStart(QStringView text,
+                                                                const QString *below) const
+{
+    auto place =
+        below && *below <= text ? m_defines.lower_bound(*below) : m_defines.upper_bound(text);
+    while (place != m_defines.begin()) {
+        const QString &name = (--place)->first;
+        const auto difference =
+            std::mismatch(name.begin(), name.end(), text.begin(), text.end()).first;
+        if (difference == name.end())
+            return &*place;
+        if (difference == name.begin())
+            return nullptr;
+        // Any other name that the text begins with ends before the difference.
+        place = m_defines.upper_bound(text.left(difference - name.begin()));
+    }
+    return nullptr;
 }
 
 // The define with the last name that occurs in the text, of those that stand before *below.
 const StyleSheetDefines::Define *StyleSheetDefines::lastIn(QStringView text,
-                                                           const Define *below) const
+                                                           const QString *below) const
 {
     const Define *last = nullptr;
     const auto *const characters = text.utf16();
     const qsizetype size = text.size();
     for (qsizetype i = 0; i < size; ++i) {
-        const std::size_t bucket = characters[i] % s_buckets;
         const unsigned second = i + 1 < size ? characters[i + 1] : 0u;
-        if (!(m_secondCharacters[bucket] >> (second % 64) & 1))
+        if (!(m_secondCharacters[characters[i] % s_buckets] >> (second % 64) & 1))
             continue;
-        for (const Define &define : m_buckets[bucket]) {
-            if (last && define.name <= last->name)
-                break;
-            if (text.mid(i).startsWith(define.name) && (!below || define.name < below->name))
-                last = &define;
-        }
+        const Define *define = lastAtStart(text.mid(i), below);
+        if (define && (!last || last->first < define->first))
+            last = define;
     }
     return last;
 }
 
-QString StyleSheetDefines::substituted(QStringView text, qint64 maximumLength,
-                                       QString *refused) const
+QString StyleSheetDefines::substituted(QStringView text, int maximumGrowth, QString *refused) const
 {
     const Define *define = lastIn(text, nullptr);
     if (!define)
         return QString();
     QString result = text.toString();
-    for (; define; define = lastIn(result, define)) {
-        const qint64 growth = qint64(define->value.size()) - define->name.size();
-        if (growth <= 0 || result.size() + growth * result.count(define->name) <= maximumLength)
-            result.replace(define->name, define->value);
+    const qint64 maximumLength = qint64(text.size()) + maximumGrowth;
+    for (; define; define = lastIn(result, &define->first)) {
+        const auto &[name, value] = *define;
+        const qint64 growth = qint64(value.size()) - name.size();
+        if (growth <= 0 || result.size() + growth * result.count(name) <= maximumLength)
+            result.replace(name, value);
         else if (refused->isEmpty())
-            *refused = define->name;
+            *refused = name;
     }
     return result.isNull() ? QLatin1String("") : result;
 }

@@ -6,7 +6,7 @@
 #include <QStringView>
 
 #include <array>
-#include <vector>
+#include <map>
 
 namespace Brimvale {
 
@@ -18,29 +18,30 @@ public:
     void define(const QString &name, const QString &value);
 
     /// Replaces in @p text, in descending order of name, every occurrence of each name. Returns the
-    /// result, or a null text if no name occurs. A name whose values would make the text longer
-    /// than
-    /// @p maximumLength stays; the first such name goes to @p refused.
-    QString substituted(QStringView text, qint64 maximumLength, QString *refused) const;
+    /// result, or a null text if no name occurs. A name whose values would make the text grow by
+    /// more than @p maximumGrowth characters in all stays; @p refused gets the first such name.
+    QString substituted(QStringView text, int maximumGrowth, QString *refused) const;
 
-    const QMap<QString, QString> &values() const { return m_values; }
+    QMap<QString, QString> values() const;
 
 private:
     static constexpr std::size_t s_buckets = 128;
 
-    struct Define
+    struct Less
     {
-        QString name;
-        QString value;
+        using is_transparent = void;
+        bool operator()(QStringView first, QStringView second) const { return first < second; }
     };
+    using Map = std::map<QString, QString, Less>;
+    using Define = Map::value_type; // name and value
 
-    const Define *lastIn(QStringView text, const Define *below) const;
+    const Define *lastAtStart(QStringView text, const QString *below) const;
+    const Define *lastIn(QStringView text, const QString *below) const;
 
-    QMap<QString, QString> m_values;
+    Map m_defines;
     // For each first character, modulo the number of buckets: the second characters that names have
-    // there, modulo 64, as a set; and the defines, the last name first.
+    // there, modulo 64, as a set.
     std::array<quint64, s_buckets> m_secondCharacters{};
-    std::array<std::vector<Define>, s_buckets> m_buckets;
 };
 
 } // namespace Brimvale

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 namespace Brimvale {
@@ -18,7 +19,7 @@ struct StyleSheetDiagnostic
     Kind kind = Kind::MissingFile;
     QString file; ///< the sheet with the finding, as its path is written
     int line = 0; ///< in that sheet, from 1; 0 when the top-level sheet itself is missing
-    QString text; ///< what the finding is about: the included path, "*/", or the name of a define
+    QString text; ///< what it is about: the included path, "*/", the name of a define, a suffix
 
     friend bool operator==(const StyleSheetDiagnostic &first, const StyleSheetDiagnostic &second)
     {
@@ -28,6 +29,11 @@ struct StyleSheetDiagnostic
     friend bool operator!=(const StyleSheetDiagnostic &first, const StyleSheetDiagnostic &second)
     {
         return !(first == second);
+    }
+    friend uint qHash(const StyleSheetDiagnostic &finding, uint seed = 0)
+    {
+        return qHash(finding.file, seed) ^ qHash(finding.text, ~seed) ^
+               qHash(finding.line * 4 + int(finding.kind), seed);
     }
 };
 

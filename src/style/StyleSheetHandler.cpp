@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "style/StyleSheetHandler.h"
 
+#include "style/StyleSheetComments_p.h"
+#include "style/StyleSheetDirective_p.h"
 #include "style/StyleSheetPreprocessor_p.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QPointer>
-#include <QRegularExpression>
 #include <QSaveFile>
 #include <QStyle>
 #include <QStyleFactory>
@@ -21,14 +22,14 @@ namespace {
 struct FontSizeDefine
 {
     const char *name;
-    int offset; // from the normal size, in points
+    qint64 offset; // from the normal size, in points
 };
 
 constexpr FontSizeDefine s_fontSizes[] = {
     {"bvFontSize", 0},           {"bvFontSizeSmall", -1}, {"bvFontSizeSmaller", -2},
     {"bvFontSizeVerySmall", -3}, {"bvFontSizeBig", 1},
 };
-constexpr int s_smallestFontSize = 4; // points; the smallest derived size is then 1
+constexpr qint64 s_smallestFontSize = 1; // points
 
 struct LightDefine
 {
@@ -74,6 +75,82 @@ bool isOneWord(const QString &text)
            std::none_of(text.cbegin(), text.cend(), [](QChar c) { return c.isSpace(); });
 }
 
+bool holdsCommentMarks(const QString &text)
+{
+    const UncommentedSheet sheet = removeComments(text);
+    return !sheet.gaps.empty() || !sheet.strayEnds.empty();
+}
+
+// Copies a sheet and replaces pieces of it that are found in the text without its comments, which
+// are all kept. Positions are those in that text and grow from call to call.
+class CommentedSheetEditor
+{
+public:
+    CommentedSheetEditor(const QString &original, const UncommentedSheet &sheet)
+        : m_original(original)
+        , m_gaps(sheet.gaps)
+    {
+    }
+
+    void replace(int from, int to, const QString &value)
+    {
+        keepUpTo(from);
+        m_result += value;
+        // Together with the comment that follows, this would make another mark.
+        if (hasGapUpTo(to) &&
+            (value.endsWith(QLatin1Char('/')) || value.endsWith(QLatin1Char('*'))))
+            m_result += QLatin1Char(' ');
+        while (hasGapUpTo(to - 1)) {
+            passText(m_gaps[m_gap].position);
+            keepComment();
+        }
+        passText(to);
+    }
+
+    QString finish() { return m_result += m_original.midRef(m_copied); }
+
+private:
+    bool hasGapUpTo(int position) const
+    {
+        return m_gap < m_gaps.size() && m_gaps[m_gap].position <= position;
+    }
+
+    void keepUpTo(int position)
+    {
+        while (hasGapUpTo(position)) {
+            keepText(m_gaps[m_gap].position);
+            keepComment();
+        }
+        keepText(position);
+    }
+
+    void keepText(int to)
+    {
+        m_result += m_original.midRef(m_copied, to - m_position);
+        passText(to);
+    }
+
+    void passText(int to)
+    {
+        m_copied += to - m_position;
+        m_position = to;
+    }
+
+    void keepComment()
+    {
+        const int length = m_gaps[m_gap++].length;
+        m_result += m_original.midRef(m_copied, length);
+        m_copied += length;
+    }
+
+    const QString &m_original;
+    const std::vector<UncommentedSheet::Gap> &m_gaps;
+    QString m_result;
+    int m_copied = 0;   // up to here in the original
+    int m_position = 0; // the same place without comments
+    std::size_t m_gap = 0;
+};
+
 } // namespace
 
 const QString StyleSheetHandler::s_defaultCSS = QStringLiteral(":/Style/General/BVMarlo.css");
@@ -90,13 +167,12 @@ StyleSheetHandler::StyleSheetHandler(const QString &path)
     const QFileInfo info(path);
     if (path.isEmpty())
         return;
-    if (info.isDir()) {
+    if (info.isDir() || info.fileName().isEmpty()) {
         m_baseDirectory.setPath(path);
         return;
     }
     m_baseDirectory.setPath(info.absolutePath());
-    const QString sheet = info.absoluteFilePath();
-    setTopPart(sheet, StyleSheetHandler::readFromFile(sheet));
+    load(path.startsWith(QLatin1Char(':')) ? path : info.fileName());
 }
 
 StyleSheetHandler::StyleSheetHandler(const char *path)
@@ -104,8 +180,15 @@ StyleSheetHandler::StyleSheetHandler(const char *path)
 {
 }
 
+StyleSheetHandler::StyleSheetHandler(const QByteArray &path)
+    : StyleSheetHandler(QString::fromUtf8(path))
+{
+}
+
 StyleSheetHandler::StyleSheetHandler(const StyleSheetHandler &other) = default;
+StyleSheetHandler::StyleSheetHandler(StyleSheetHandler &&other) noexcept = default;
 StyleSheetHandler &StyleSheetHandler::operator=(const StyleSheetHandler &other) = default;
+StyleSheetHandler &StyleSheetHandler::operator=(StyleSheetHandler &&other) noexcept = default;
 StyleSheetHandler::~StyleSheetHandler() = default;
 
 QString StyleSheetHandler::load()
@@ -117,28 +200,20 @@ QString StyleSheetHandler::load()
 
 void StyleSheetHandler::load(const QString &path)
 {
-    setTopPart(path, readFromFile(path));
+    m_styleSheet.clear();
+    m_parts.clear();
+    m_defines.clear();
+    m_partNames.clear();
+    m_diagnostics.clear();
+    m_dirty = true;
+    if (!path.isEmpty())
+        m_partNames.append(path);
 }
 
 void StyleSheetHandler::reload()
 {
     if (!m_partNames.isEmpty())
         load(QString(m_partNames.first())); // a copy, since loading empties the list
-}
-
-void StyleSheetHandler::setTopPart(const QString &path, const QString &text)
-{
-    m_styleSheet.clear();
-    m_parts.clear();
-    m_defines.clear();
-    m_partNames.clear();
-    m_palette = QPalette();
-    m_diagnostics.clear();
-    m_dirty = true;
-    if (path.isEmpty())
-        return;
-    m_partNames.append(path);
-    m_parts.insert(path, text);
 }
 
 void StyleSheetHandler::setPath(const QString &path)
@@ -166,7 +241,7 @@ void StyleSheetHandler::expandIfDirty()
 {
     if (!m_dirty || m_partNames.isEmpty())
         return;
-    StyleSheetPreprocessor preprocessor(m_userDefines,
+    StyleSheetPreprocessor preprocessor(m_userDefines, basePalette(),
                                         [this](const QString &path) { return part(path); });
     ExpandedStyleSheet expanded = preprocessor.expand(m_partNames.first());
     m_styleSheet = std::move(expanded.text);
@@ -196,15 +271,18 @@ QString StyleSheetHandler::getPart(const QString &name)
 
 void StyleSheetHandler::setPart(const QString &name, const QString &text)
 {
-    if (!getPartNames().contains(name) || m_parts.value(name) == text)
+    if (!getPartNames().contains(name))
         return;
-    m_parts.insert(name, text.isNull() ? QLatin1String("") : text); // a null text means no file
+    const QString known = m_parts.value(name);
+    if (known == text && !known.isNull()) // a null text means that there is no file
+        return;
+    m_parts.insert(name, text.isNull() ? QLatin1String("") : text);
     m_dirty = true;
 }
 
 bool StyleSheetHandler::savePartToFile(const QString &name)
 {
-    if (!getPartNames().contains(name))
+    if (!getPartNames().contains(name) || m_parts.value(name).isNull())
         return false;
     const QString path = replacePath(name, AbsolutePath);
     return writeFile(m_baseDirectory.absoluteFilePath(path), m_parts.value(name));
@@ -235,7 +313,8 @@ void StyleSheetHandler::setDefinedFontSize(int n)
     if (n < s_smallestFontSize)
         return;
     for (const FontSizeDefine &size : s_fontSizes)
-        setUserDefine(QLatin1String(size.name), QString::number(qint64(n) + size.offset));
+        setUserDefine(QLatin1String(size.name),
+                      QString::number(std::max(n + size.offset, s_smallestFontSize)));
 }
 
 bool StyleSheetHandler::setUseLightVersion(bool on)
@@ -251,20 +330,18 @@ bool StyleSheetHandler::setUseLightVersion(bool on)
 QString StyleSheetHandler::replaceDefine(const QString &text, const QString &name,
                                          const QString &value)
 {
-    if (!isOneWord(name) || !isOneWord(value))
+    if (!isOneWord(name) || !isOneWord(value) || holdsCommentMarks(value))
         return text;
-    const QRegularExpression line(QStringLiteral("^([^\\S\\n]*#define[^\\S\\n]+%1[^\\S\\n]+)\\S+")
-                                      .arg(QRegularExpression::escape(name)),
-                                  QRegularExpression::MultilineOption |
-                                      QRegularExpression::UseUnicodePropertiesOption);
-    QString result;
-    int copied = 0;
-    for (auto matches = line.globalMatch(text); matches.hasNext();) {
-        const QRegularExpressionMatch match = matches.next();
-        result += text.midRef(copied, match.capturedEnd(1) - copied) + value;
-        copied = match.capturedEnd();
+    const UncommentedSheet sheet = removeComments(text);
+    CommentedSheetEditor editor(text, sheet);
+    for (UncommentedLines lines(sheet); lines.next();) {
+        const auto define = StyleSheetDirective::define(lines.line());
+        if (!define || define->name != name)
+            continue;
+        const int from = int(define->value.data() - sheet.text.constData());
+        editor.replace(from, from + int(define->value.size()), value);
     }
-    return result + text.midRef(copied);
+    return editor.finish();
 }
 
 QString StyleSheetHandler::replacePath(const QString &path, StylePathType type) const
@@ -282,13 +359,19 @@ QString StyleSheetHandler::replacePath(const QString &path, StylePathType type) 
 QPalette StyleSheetHandler::getPalette()
 {
     expandIfDirty();
-    return m_palette;
+    return m_partNames.isEmpty() ? basePalette() : m_palette;
+}
+
+QPalette StyleSheetHandler::basePalette() const
+{
+    const QStyle *const style = getBaseStyle();
+    return style ? style->standardPalette() : QPalette();
 }
 
 QStyle *StyleSheetHandler::getBaseStyle() const
 {
-    static QPointer<QStyle>
-        s_style; // may be given to the application, which deletes replaced styles
+    // The application may be given it, and deletes the styles that it replaces.
+    static QPointer<QStyle> s_style;
     if (!qobject_cast<QApplication *>(QCoreApplication::instance()))
         return nullptr;
     if (!s_style)
@@ -323,7 +406,7 @@ QString StyleSheetHandler::readFromFile(const QString &path)
     QFile file(fileName);
     if (!isReadableFile(info) || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return QString();
-    const QString text = QString::fromUtf8(file.read(info.size()));
+    const QString text = QString::fromUtf8(file.readAll());
     return text.isNull() ? QLatin1String("") : text;
 }
 

@@ -4,6 +4,7 @@
 #include "BVWidgetsExport.h"
 #include "style/StyleSheetDiagnostic.h"
 
+#include <QByteArray>
 #include <QDir>
 #include <QHash>
 #include <QList>
@@ -11,6 +12,8 @@
 #include <QPalette>
 #include <QString>
 #include <QStringList>
+
+#include <type_traits>
 
 class QStyle;
 
@@ -30,10 +33,10 @@ namespace Brimvale {
 ///    and addresses, and "<!--" everything up to "-->". A comment that is not closed reaches to the
 ///    end of its file; a closing mark on its own stays in the text.
 ///  - Lines between `<@:state` and `@>`, both at the start of a line, belong to a suffix block:
-///  every
-///    selector in them gets the suffix ":state". Declarations, and what stands in brackets or
-///    quotes, are left alone. A block ends with its file at the latest and does not reach into the
-///    files included in it.
+///    every selector in them gets the suffix ":state". Declarations, and what stands in brackets,
+///    are left alone, also in a rule that begins before the block. In a declaration an apostrophe
+///    may stand alone. A block ends with its file at the latest and does not reach into the files
+///    included in it.
 ///  - Empty lines are dropped.
 ///
 /// A define that the application has set, a user define, replaces the value at every `#define` of
@@ -46,7 +49,8 @@ namespace Brimvale {
 /// debug level.
 ///
 /// The handler has no effect on the application by itself: what it makes goes to
-/// QApplication::setStyleSheet() and QApplication::setPalette(). It is a value that can be copied.
+/// QApplication::setStyleSheet() and QApplication::setPalette(). It is a value that can be copied
+/// and moved.
 class BVWIDGETS_EXPORT StyleSheetHandler
 {
 public:
@@ -63,33 +67,39 @@ public:
     /// resources, and its base directory is "../Resources/" seen from the folder of the program;
     /// otherwise it reads from the base directory, at first the current one.
     explicit StyleSheetHandler(bool resourceMode);
-    /// Makes a handler that reads files. If @p path is a directory, it becomes the base directory;
-    /// otherwise it is loaded as the top-level sheet and its folder becomes the base directory.
-    /// readFromFile() of a derived class is not asked for that first file.
+    /// Makes a handler that reads files. If @p path is a directory or ends in a slash, it becomes
+    /// the base directory. Otherwise its folder does, and the file becomes the top-level sheet: by
+    /// its name alone, so that an include in that folder means the same part, or by its whole path
+    /// if it is a resource.
     explicit StyleSheetHandler(const QString &path);
-    /// The same for a path in UTF-8, so that a literal is a path.
+    /// The same for a path in UTF-8. With these two, a literal, a character array and a byte array
+    /// are paths as well; a pointer to anything else is refused instead of being a resource mode.
     explicit StyleSheetHandler(const char *path);
-    /// No other pointer turns into a resource mode.
-    template <typename T>
+    explicit StyleSheetHandler(const QByteArray &path);
+    template <typename T, std::enable_if_t<!std::is_same_v<std::remove_cv_t<T>, char>, int> = 0>
     explicit StyleSheetHandler(T *) = delete;
     StyleSheetHandler(const StyleSheetHandler &other);
+    StyleSheetHandler(StyleSheetHandler &&other) noexcept;
     StyleSheetHandler &operator=(const StyleSheetHandler &other);
+    StyleSheetHandler &operator=(StyleSheetHandler &&other) noexcept;
     virtual ~StyleSheetHandler();
 
     /// The default sheet, read from the resources and expanded.
     static QString load();
 
-    /// Forgets the sheet and its parts and reads @p path as the top-level sheet. User defines stay.
-    /// An empty path leaves the handler without a sheet.
+    /// Forgets the sheet and its parts and makes @p path the top-level sheet. Like every part, it
+    /// is read by the first call that needs it. User defines stay. An empty path leaves the handler
+    /// without a sheet.
     void load(const QString &path);
-    /// Reads the top-level sheet and everything it includes once more, dropping texts set by
-    /// setPart().
+    /// Loads the top-level sheet once more, so that it and everything it includes are read anew and
+    /// texts set by setPart() are dropped.
     void reload();
 
     /// Sets the base directory, in which relative paths are looked up when reading files. What has
     /// been read already stays until reload().
     void setPath(const QString &path);
-    /// The base directory, as it was set.
+    /// The path of the base directory without a slash at its end: as it was given to setPath() or
+    /// to the constructor, or the absolute path of the folder of the file given to the constructor.
     QString getPath() const;
 
     /// The expanded sheet; empty without a top-level sheet.
@@ -107,8 +117,8 @@ public:
 
     /// Writes the text of a part to its file: a resource path to the same path below the base
     /// directory, any other path to where reading files looks for it. Missing folders are made; an
-    /// existing file is replaced whole or not at all. Returns false if the name is no part or the
-    /// file cannot be written.
+    /// existing file is replaced whole or not at all. Returns false if the name is no part, if the
+    /// part could not be read and was not set, or if the file cannot be written.
     bool savePartToFile(const QString &name);
     /// Writes the expanded sheet to a file in the same way; a relative @p fileName is taken from
     /// the current directory.
@@ -120,24 +130,25 @@ public:
     /// application's own value for it, or an empty text.
     QString getDefined(const QString &name);
 
-    /// Sets the user defines of the five font sizes around @p n, the normal size in points; ignored
-    /// below 4 points, where the smallest of them would vanish.
+    /// Sets the user defines of the five font sizes around @p n, the normal size in points. Below 4
+    /// points the smaller ones stop at 1 point; below 1 point the call is ignored.
     void setDefinedFontSize(int n);
     /// Chooses lighter error colours, which suit a dark display. Returns whether that changed
     /// anything.
     bool setUseLightVersion(bool on);
 
     /// The sheet text @p text with the value of each `#define` of @p name replaced by @p value; the
-    /// rest of those lines stays, comments included. A value that is not one word, or a name that
-    /// is not defined there, leaves the text unchanged.
+    /// rest of those lines stays, and so do all comments, even within the old value. Defines that
+    /// are commented out are none. A value that is not one word or holds a comment mark, or a name
+    /// that is not defined there, leaves the text unchanged.
     static QString replaceDefine(const QString &text, const QString &name, const QString &value);
     /// Rewrites one path. A resource path, beginning with ":" or ":/", becomes the absolute path
     /// below the base directory, or the other way round. A path of another kind is returned
     /// unchanged.
     QString replacePath(const QString &path, StylePathType type) const;
 
-    /// The application's default palette with the colours that the sheets define, in all colour
-    /// groups.
+    /// The standard palette of the base style with the colours that the sheets define, in all
+    /// colour groups. The palette that the application has set has no part in it.
     QPalette getPalette();
     /// The style that the sheets are made for, the same on every platform. It belongs to the
     /// application; null while there is none.
@@ -154,10 +165,10 @@ protected:
     virtual QString readFromFile(const QString &path);
 
 private:
-    void setTopPart(const QString &path, const QString &text);
     void expandIfDirty();
     QString part(const QString &path);
     QString filePath(const QString &path) const;
+    QPalette basePalette() const;
 
     bool m_lightVersion = false;
     bool m_resourceMode = false;

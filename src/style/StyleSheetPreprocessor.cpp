@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "style/StyleSheetPreprocessor_p.h"
 
+#include "style/StyleSheetDirective_p.h"
 #include "style/StyleSheetSuffix_p.h"
 
 #include <QColor>
@@ -16,8 +17,9 @@ namespace {
 // Far beyond any sheet that a person writes; they end sheets that multiply themselves.
 constexpr int s_maximumDepth = 64;
 constexpr int s_maximumIncludes = 4096;
-constexpr int s_maximumLength = 16 * 1024 * 1024;    // characters of the expanded sheet
-constexpr int s_maximumLineLength = 1 * 1024 * 1024; // characters that defines may swell a line to
+constexpr int s_maximumLength = 16 * 1024 * 1024; // characters of the expanded sheet
+// Characters that the defines, and again the suffix, may add to one line.
+constexpr int s_maximumGrowth = 1 * 1024 * 1024;
 
 struct PaletteRole
 {
@@ -39,7 +41,6 @@ constexpr PaletteRole s_paletteRoles[] = {
     {"link-visited", QPalette::LinkVisited},
     {"mid", QPalette::Mid},
     {"midlight", QPalette::Midlight},
-    {"placeholder-text", QPalette::PlaceholderText},
     {"shadow", QPalette::Shadow},
     {"text", QPalette::Text},
     {"tooltip-base", QPalette::ToolTipBase},
@@ -68,23 +69,18 @@ void setPaletteColor(QPalette &palette, QStringView define, const QString &value
     const qsizetype closing = define.indexOf(QLatin1Char(')'));
     if (!define.startsWith(opening, Qt::CaseInsensitive) || closing < 0)
         return;
-    const auto role = paletteRole(define.mid(opening.size(), closing - opening.size()).trimmed());
+    const auto role = paletteRole(define.mid(opening.size(), closing - opening.size()));
     if (role && QColor::isValidColor(value))
         palette.setBrush(*role, QColor(value));
 }
 
-qsizetype skipSpaces(QStringView line, qsizetype from)
+// Angle brackets are rare, and looking for one character is fast.
+bool hasSuffixBlocks(const QString &text)
 {
-    while (from < line.size() && line.at(from).isSpace())
-        ++from;
-    return from;
-}
-
-qsizetype skipWord(QStringView line, qsizetype from)
-{
-    while (from < line.size() && !line.at(from).isSpace())
-        ++from;
-    return from;
+    int found = text.indexOf(QLatin1Char('<'));
+    while (found >= 0 && QStringView(text).mid(found + 1, 1) != QLatin1String("@"))
+        found = text.indexOf(QLatin1Char('<'), found + 1);
+    return found >= 0;
 }
 
 void append(QString &output, QStringView text)
@@ -94,51 +90,12 @@ void append(QString &output, QStringView text)
 
 } // namespace
 
-/// An include or a define, as it stands in its line.
-struct StyleSheetPreprocessor::Directive
-{
-    QStringView whole;
-    QStringView name; // or the included path
-    QStringView value;
-
-    // #include "path", at the very start of the line
-    static std::optional<Directive> include(QStringView line)
-    {
-        const QLatin1String keyword("#include");
-        if (!line.startsWith(keyword))
-            return std::nullopt;
-        const qsizetype opening = skipSpaces(line, keyword.size());
-        if (opening == line.size() || line.at(opening) != QLatin1Char('"'))
-            return std::nullopt;
-        const qsizetype closing = line.indexOf(QLatin1Char('"'), opening + 1);
-        if (closing < 0)
-            return std::nullopt;
-        return Directive{line.left(closing + 1), line.mid(opening + 1, closing - opening - 1), {}};
-    }
-
-    // #define name value
-    static std::optional<Directive> define(QStringView line)
-    {
-        const QLatin1String keyword("#define");
-        const qsizetype start = skipSpaces(line, 0);
-        if (!line.mid(start).startsWith(keyword))
-            return std::nullopt;
-        const qsizetype keywordEnd = start + keyword.size();
-        const qsizetype name = skipSpaces(line, keywordEnd);
-        const qsizetype nameEnd = skipWord(line, name);
-        const qsizetype value = skipSpaces(line, nameEnd);
-        const qsizetype valueEnd = skipWord(line, value);
-        if (name == keywordEnd || value == valueEnd)
-            return std::nullopt;
-        return Directive{line, line.mid(name, nameEnd - name), line.mid(value, valueEnd - value)};
-    }
-};
-
 StyleSheetPreprocessor::StyleSheetPreprocessor(const QHash<QString, QString> &userDefines,
-                                               PartReader readPart)
+                                               const QPalette &palette, PartReader readPart)
     : m_userDefines(userDefines)
     , m_readPart(std::move(readPart))
 {
+    m_result.palette = palette;
 }
 
 ExpandedStyleSheet StyleSheetPreprocessor::expand(const QString &topPath)
@@ -172,7 +129,7 @@ void StyleSheetPreprocessor::expandPart(const QString &path)
 {
     const UncommentedSheet &sheet = part(path);
     m_openParts.append(path);
-    SelectorSuffix suffix;
+    SelectorSuffix suffix(hasSuffixBlocks(sheet.text));
     for (UncommentedLines lines(sheet); lines.next();)
         expandLine(lines, suffix);
     m_openParts.removeLast();
@@ -181,9 +138,9 @@ void StyleSheetPreprocessor::expandPart(const QString &path)
 void StyleSheetPreprocessor::expandLine(UncommentedLines &lines, SelectorSuffix &suffix)
 {
     const QStringView line = lines.line();
-    if (const auto included = Directive::include(line))
+    if (const auto included = StyleSheetDirective::include(line))
         include(*included, lines.number());
-    else if (const auto defined = Directive::define(line))
+    else if (const auto defined = StyleSheetDirective::define(line))
         define(*defined);
     else if (line.startsWith(QLatin1String("<@")))
         suffix.open(line.mid(2).trimmed());
@@ -193,7 +150,7 @@ void StyleSheetPreprocessor::expandLine(UncommentedLines &lines, SelectorSuffix 
         appendPlainLine(lines, suffix);
 }
 
-void StyleSheetPreprocessor::include(const Directive &directive, int line)
+void StyleSheetPreprocessor::include(const StyleSheetDirective &directive, int line)
 {
     appendMarker(QLatin1String("/* "), directive.whole);
     const QString path = directive.name.toString();
@@ -225,7 +182,7 @@ void StyleSheetPreprocessor::includePart(const QString &path, int line)
     expandPart(path);
 }
 
-void StyleSheetPreprocessor::define(const Directive &directive)
+void StyleSheetPreprocessor::define(const StyleSheetDirective &directive)
 {
     const QString name = directive.name.toString();
     const QString value = directive.value.toString();
@@ -239,19 +196,24 @@ void StyleSheetPreprocessor::appendPlainLine(UncommentedLines &lines, SelectorSu
 {
     const QString changed = substituted(lines);
     const QStringView line = changed.isNull() ? lines.line() : QStringView(changed);
-    if (suffix.isOpen())
-        suffix.appendLine(line, m_result.text);
-    else
+    if (!suffix.isUsed())
         append(m_result.text, line);
+    else if (!suffix.appendLine(line, room(), m_result.text))
+        reportLimit(lines.number(), suffix.suffix());
     m_result.text.append(QLatin1Char('\n'));
+}
+
+// The number of characters by which one line may grow.
+int StyleSheetPreprocessor::room() const
+{
+    return std::clamp(s_maximumLength - m_result.text.size(), 0, s_maximumGrowth);
 }
 
 // The current line with the defines put in; null if that leaves it as it is.
 QString StyleSheetPreprocessor::substituted(UncommentedLines &lines)
 {
-    const int room = std::min(s_maximumLength - m_result.text.size(), s_maximumLineLength);
     QString refused;
-    QString text = m_defines.substituted(lines.line(), room, &refused);
+    QString text = m_defines.substituted(lines.line(), room(), &refused);
     if (!refused.isEmpty())
         reportLimit(lines.number(), refused);
     return text;
@@ -276,8 +238,10 @@ void StyleSheetPreprocessor::report(StyleSheetDiagnostic::Kind kind, const QStri
                                     const QString &text)
 {
     const StyleSheetDiagnostic finding{kind, file, line, text};
-    if (!m_result.diagnostics.contains(finding))
-        m_result.diagnostics.append(finding);
+    if (m_knownFindings.contains(finding))
+        return;
+    m_knownFindings.insert(finding);
+    m_result.diagnostics.append(finding);
 }
 
 void StyleSheetPreprocessor::reportLimit(int line, const QString &text)

@@ -19,6 +19,7 @@
 namespace Brimvale {
 
 class SelectorSuffix;
+struct StyleSheetDirective;
 
 /// What the expansion of a top-level sheet gives.
 struct ExpandedStyleSheet
@@ -30,28 +31,29 @@ struct ExpandedStyleSheet
     QList<StyleSheetDiagnostic> diagnostics;
 };
 
-/// Expands one top-level sheet: a pure function of the texts of the parts and of the user defines.
+/// Expands one top-level sheet: a pure function of the texts of the parts, of the user defines and
+/// of the palette that the sheets change.
 class StyleSheetPreprocessor
 {
 public:
     /// Gives the text of a part; a null one if there is none. Asked at most once for each path.
     using PartReader = std::function<QString(const QString &path)>;
 
-    StyleSheetPreprocessor(const QHash<QString, QString> &userDefines, PartReader readPart);
+    StyleSheetPreprocessor(const QHash<QString, QString> &userDefines, const QPalette &palette,
+                           PartReader readPart);
 
     ExpandedStyleSheet expand(const QString &topPath);
 
 private:
-    struct Directive;
-
     const UncommentedSheet &part(const QString &path);
     void expandPart(const QString &path);
     void expandLine(UncommentedLines &lines, SelectorSuffix &suffix);
-    void include(const Directive &directive, int line);
+    void include(const StyleSheetDirective &directive, int line);
     void includePart(const QString &path, int line);
     bool mayInclude(const QString &path, int line);
-    void define(const Directive &directive);
+    void define(const StyleSheetDirective &directive);
     void appendPlainLine(UncommentedLines &lines, SelectorSuffix &suffix);
+    int room() const;
     QString substituted(UncommentedLines &lines);
     void appendMarker(QLatin1String prefix, QStringView directive);
     void addPartName(const QString &path);
@@ -66,6 +68,7 @@ private:
     std::map<QString, UncommentedSheet> m_sheets; // references stay valid while it grows
     QSet<QString> m_missing;
     QSet<QString> m_knownNames;
+    QSet<StyleSheetDiagnostic> m_knownFindings;
     QStringList m_openParts; // the chain of includes, the top-level sheet first
     int m_includes = 0;
     bool m_limitReported = false;

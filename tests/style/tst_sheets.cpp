@@ -88,8 +88,8 @@ const QHash<QString, QString> s_bases = {
 };
 
 /// A text in the front end: where it stands (classes from the window inwards, "#" before an object
-/// name,
-/// "::" before a sub-control) and the states that it is looked at in, beside none, hover and focus.
+/// name, "::" before a sub-control) and the states that it is looked at in, beside none, hover and
+/// focus.
 struct Place
 {
     const char *path;

@@ -70,9 +70,12 @@ class tst_StyleSheetHandler : public QObject
 private Q_SLOTS:
     void constructorTellsPathsFromModes();
     void readsFiles();
+    void topSheetIsAPartLikeAnyOther();
     void readsResources();
     void expandsOnceAndReadsOnce();
     void setsParts();
+    void missingParts();
+    void paletteIsTheBaseStyles();
     void userDefinesWin();
     void fontSizes_data();
     void fontSizes();
@@ -95,12 +98,19 @@ void tst_StyleSheetHandler::constructorTellsPathsFromModes()
     QVERIFY(StyleSheetHandler(false).getPartNames().isEmpty());
     StyleSheetHandler literal("/no such folder/top.css");
     QCOMPARE(literal.getPath(), "/no such folder");
-    QCOMPARE(literal.getPartNames(), QStringList("/no such folder/top.css"));
+    QCOMPARE(literal.getPartNames(), QStringList("top.css"));
     QCOMPARE(literal.getStyleSheet(), "");
     QCOMPARE(literal.diagnostics().value(0).kind, StyleSheetDiagnostic::Kind::MissingFile);
     StyleSheetHandler directory(m_dir.path());
     QVERIFY(directory.getPath() == m_dir.path() && directory.getPartNames().isEmpty());
+    char array[] = "/folder/array.css";
+    QByteArray bytes = array;
+    for (StyleSheetHandler handler : {StyleSheetHandler(array), StyleSheetHandler(bytes),
+                                      StyleSheetHandler(QLatin1String(array))})
+        QCOMPARE(handler.getPartNames(), QStringList("array.css"));
+    QCOMPARE(StyleSheetHandler("/no such folder/").getPath(), "/no such folder");
     static_assert(!std::is_constructible_v<StyleSheetHandler, const char16_t *>);
+    static_assert(!std::is_constructible_v<StyleSheetHandler, QObject *>);
 }
 
 void tst_StyleSheetHandler::readsFiles()
@@ -123,6 +133,25 @@ void tst_StyleSheetHandler::readsFiles()
     QVERIFY(handler.getStyleSheet().contains("changed"));
     handler.load(QString());
     QVERIFY(handler.getStyleSheet().isEmpty() && handler.getPartNames().isEmpty());
+}
+
+void tst_StyleSheetHandler::topSheetIsAPartLikeAnyOther()
+{
+    writeFile(m_dir.filePath("loop.css"), "#include \"loop.css\"\na");
+    StyleSheetHandler handler(m_dir.filePath("loop.css"));
+    QCOMPARE(handler.getPartNames(), QStringList("loop.css"));
+    QCOMPARE(handler.getStyleSheet().count("a\n"), 1);
+    QCOMPARE(handler.diagnostics().value(0),
+             (StyleSheetDiagnostic{StyleSheetDiagnostic::Kind::CircularInclude, "loop.css", 1,
+                                   "loop.css"}));
+    handler.setPart("loop.css", "b");
+    QCOMPARE(handler.getStyleSheet(), "b\n");
+
+    writeFile(m_dir.filePath("other/loop.css"), "#include \"c.css\"");
+    writeFile(m_dir.filePath("other/c.css"), "c");
+    handler.load("loop.css");
+    handler.setPath(m_dir.filePath("other")); // before anything has been asked for
+    QVERIFY(handler.getStyleSheet().contains("\nc\n"));
 }
 
 void tst_StyleSheetHandler::readsResources()
@@ -171,6 +200,31 @@ void tst_StyleSheetHandler::setsParts()
     QCOMPARE(used(handler), "big 12; normal 11; color #ff4d4d;");
 }
 
+void tst_StyleSheetHandler::missingParts()
+{
+    MemoryHandler handler({{"top", "#include \"gone\""}});
+    handler.setPath(m_dir.path());
+    QCOMPARE(handler.diagnostics().size(), 1);
+    QVERIFY(!handler.savePartToFile("gone"));
+    QVERIFY(!QFile::exists(m_dir.filePath("gone")));
+    handler.setPart("gone", ""); // an empty part is no missing one
+    QVERIFY(handler.diagnostics().isEmpty());
+    QVERIFY(handler.savePartToFile("gone"));
+    QCOMPARE(fileText(m_dir.filePath("gone")), QByteArray());
+}
+
+void tst_StyleSheetHandler::paletteIsTheBaseStyles()
+{
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(Qt::red));
+    MemoryHandler handler = fontHandler();
+    QPalette expected = handler.getBaseStyle()->standardPalette();
+    QCOMPARE(StyleSheetHandler(false).getPalette(), expected);
+    expected.setColor(QPalette::Link, QColor("#123456"));
+    QCOMPARE(handler.getPalette(), expected);
+    QApplication::setPalette(before);
+}
+
 void tst_StyleSheetHandler::userDefinesWin()
 {
     MemoryHandler handler = fontHandler();
@@ -191,8 +245,9 @@ void tst_StyleSheetHandler::fontSizes_data()
     QTest::addColumn<QString>("defined"); // very small, smaller, small, normal, big
 
     QTest::newRow("usual") << 14 << "11 12 13 14 15";
-    QTest::newRow("smallest") << 4 << "1 2 3 4 5";
-    QTest::newRow("too small") << 3 << "   11 12";
+    QTest::newRow("small") << 3 << "1 1 2 3 4";
+    QTest::newRow("smallest") << 1 << "1 1 1 1 2";
+    QTest::newRow("too small") << 0 << "   11 12";
     QTest::newRow("greatest") << 2147483647
                               << "2147483644 2147483645 2147483646 2147483647 2147483648";
 }
@@ -231,6 +286,8 @@ void tst_StyleSheetHandler::copiesAreIndependent()
     copy.setDefinedFontSize(20);
     QCOMPARE(used(copy), "big 21; normal 20; color #ff4d4d;");
     QCOMPARE(used(original), "big 12; normal 11; color #ff4d4d;");
+    MemoryHandler moved = std::move(copy);
+    QCOMPARE(used(moved), "big 21; normal 20; color #ff4d4d;");
 }
 
 void tst_StyleSheetHandler::savesFiles()
@@ -321,6 +378,27 @@ void tst_StyleSheetHandler::replacesDefines_data()
     QTest::newRow("value on the next line") << "#define a(b)\n1"
                                             << "2"
                                             << "#define a(b)\n1";
+    QTest::newRow("comment before the value") << "/* x */ #define a(b) /* y */ 1"
+                                              << "2"
+                                              << "/* x */ #define a(b) /* y */ 2";
+    QTest::newRow("comment right after the value") << "#define a(b) 1//x\n#define a(b) 1/*\n*/ 3"
+                                                   << "2"
+                                                   << "#define a(b) 2//x\n#define a(b) 2/*\n*/ 3";
+    QTest::newRow("comment within") << "#define a/*x*/(b) 1/*y*/1/*z*/"
+                                    << "2"
+                                    << "#define a/*x*/(b) 2/*y*//*z*/";
+    QTest::newRow("comment for the value") << "#define a(b) // none\n3"
+                                           << "2"
+                                           << "#define a(b) // none\n3";
+    QTest::newRow("commented out") << "/*\n#define a(b) 1\n*/\n//\n#define a(b) 1"
+                                   << "2"
+                                   << "/*\n#define a(b) 1\n*/\n//\n#define a(b) 2";
+    QTest::newRow("value and comment stay apart") << "#define a(b) 1//x"
+                                                  << "2/"
+                                                  << "#define a(b) 2/ //x";
+    QTest::newRow("value with a comment mark") << "#define a(b) 1"
+                                               << "2//3"
+                                               << "#define a(b) 1";
     QTest::newRow("two words") << "#define a(b) 1"
                                << "2 3"
                                << "#define a(b) 1";

@@ -17,7 +17,7 @@ const char *const s_strayMessage = "StyleSheet comment-block closed without open
 ExpandedStyleSheet expand(const Parts &parts, const Parts &userDefines = {})
 {
     StyleSheetPreprocessor preprocessor(
-        userDefines, [&parts](const QString &path) { return parts.value(path); });
+        userDefines, QPalette(), [&parts](const QString &path) { return parts.value(path); });
     return preprocessor.expand("top");
 }
 
@@ -69,6 +69,73 @@ QString plainlySubstituted(QString text, const QMap<QString, QString> &defines)
     return text;
 }
 
+// Without regard to quotes and brackets.
+QString plainlySuffixed(const QString &line, const QString &suffix, int &depth)
+{
+    const QRegularExpression pieces("(.*?)([\\{\\},\n\r])|(.+$)");
+    QString result;
+    for (auto it = pieces.globalMatch(line); it.hasNext();) {
+        const QRegularExpressionMatch match = it.next();
+        const QString piece = match.captured(1) + match.captured(3);
+        const QString delimiter = match.captured(2);
+        const bool isSelector = depth == 0 && delimiter != "}" && !piece.trimmed().isEmpty();
+        result += isSelector && !suffix.isEmpty() ? piece.trimmed() + suffix : piece;
+        result += delimiter;
+        depth = qMax(0, depth + (delimiter == "{" ? 1 : delimiter == "}" ? -1 : 0));
+    }
+    return result;
+}
+
+// Expands sheets that do not include themselves.
+struct PlainExpansion
+{
+    Parts parts;
+    Parts userDefines;
+    QMap<QString, QString> defines;
+
+    QString expanded(const QString &part)
+    {
+        const QRegularExpression include("^\\#include\\s*\\\"([^\"]*)\\\"");
+        const QRegularExpression define("^\\s*#define\\s+(\\S+)\\s+(\\S+)");
+        QString result, suffix;
+        int depth = 0;
+        const QString text = plainlyUncommented(parts.value(part));
+        for (const QString &line : text.split('\n', Qt::SkipEmptyParts)) {
+            QRegularExpressionMatch match;
+            if ((match = include.match(line)).hasMatch())
+                result += "/* " + match.captured() + " */\n" + expanded(match.captured(1)) +
+                          "/* End of " + match.captured() + " */\n";
+            else if ((match = define.match(line)).hasMatch())
+                defines[match.captured(1)] =
+                    userDefines.value(match.captured(1), match.captured(2));
+            else if (line.startsWith("<@"))
+                suffix = line.mid(2).trimmed();
+            else if (line.startsWith("@>"))
+                suffix.clear();
+            else
+                result += plainlySuffixed(plainlySubstituted(line, defines), suffix, depth) + "\n";
+        }
+        return result;
+    }
+};
+
+QString randomSheet(QRandomGenerator &random, const QStringList &includes)
+{
+    static const QStringList s_pieces =
+        QString("A|Bb|b| |,|{|}|:|\n|\n|\r|<|/*/ */|/*\n\n*/|// b\n|<!--b-->|"
+                "\n<@:on\n|\n<@ :b \n|\n<@|\n@>|@>\n|"
+                "\n#define b c // d\n|\n#define Bb A,b\n|\n #define ,b { 2\n|#define A")
+            .split('|');
+    QString sheet;
+    for (int count = random.bounded(40); count > 0; --count) {
+        const int choice = random.bounded(s_pieces.size() + includes.size());
+        sheet += choice < s_pieces.size()
+                     ? s_pieces.at(choice)
+                     : "\n#include \"" + includes.at(choice - s_pieces.size()) + "\" x\n";
+    }
+    return sheet;
+}
+
 QString randomText(QRandomGenerator &random, const QString &alphabet, int maximumSize)
 {
     QString text;
@@ -88,6 +155,7 @@ private Q_SLOTS:
     void language();
     void suffix_data();
     void suffix();
+    void definesThatBreakLines();
     void includes();
     void definesReachAcrossIncludes();
     void palette_data();
@@ -98,6 +166,7 @@ private Q_SLOTS:
     void multiplyingSheetEnds();
     void removesCommentsByTheRules();
     void substitutesByTheRules();
+    void expandsByTheRules();
 };
 
 void tst_StyleSheetPreprocessor::language_data()
@@ -157,6 +226,8 @@ void tst_StyleSheetPreprocessor::language_data()
                                                 << " #include \"x\"\n";
     QTest::newRow("unclosed include is a line") << "#include \"x"
                                                 << "#include \"x\n";
+    QTest::newRow("long line") << "#define a bc\n" + QString(2'000'000, ' ') + "a"
+                               << QString(2'000'000, ' ') + "bc\n";
     QTest::newRow("percent signs survive") << "#define a %1\na %2"
                                            << "%1 %2\n";
 }
@@ -196,14 +267,34 @@ void tst_StyleSheetPreprocessor::suffix_data()
                                     << "A:on{\nb:c}\nD:off{\n";
     QTest::newRow("closed in a rule") << "A{\n@>\nb, c}\n<@:off\nD,\n"
                                       << "A:on{\nb, c}\nD:off,\n";
+    QTest::newRow("begun in a rule") << "@>\nA {\n<@:off\n  b: c;\n}\nD{"
+                                     << "A {\n  b: c;\n}\nD:off{\n";
+    QTest::newRow("begun again in a rule") << "A{\n@>\nb: c;\n<@:off\nd: e, f\n}\nG{"
+                                           << "A:on{\nb: c;\nd: e, f\n}\nG:off{\n";
+    QTest::newRow("apostrophe") << "A { x: it's } B[c='d'], E {}"
+                                << "A:on{ x: it's }B[c='d']:on,E:on{}\n";
+    QTest::newRow("bracket in quotes in brackets") << "A[b=\"],{\"], C {"
+                                                   << "A[b=\"],{\"]:on,C:on{\n";
+    QTest::newRow("quotes cross in brackets") << "A[b=\"']\"], C[d=']\"'], E {"
+                                              << "A[b=\"']\"]:on,C[d=']\"']:on,E:on{\n";
+    QTest::newRow("nothing closes") << "A[b, C's, \"D {"
+                                    << "A[b:on,C's:on,\"D:on{\n";
+    QTest::newRow("empty suffix closes") << "A,\n<@\nB,"
+                                         << "A:on,\nB,\n";
 }
 
 void tst_StyleSheetPreprocessor::suffix()
 {
     QFETCH(QString, block);
     QFETCH(QString, expanded);
-    const QString sheet = "A, B {\n<@ :on \n" + block + "\n@>\nC, D {";
-    QCOMPARE(expand({{"top", sheet}}).text, "A, B {\n" + expanded + "C, D {\n");
+    const QString sheet = "A, B { }\n<@ :on \n" + block + "\n@>\nC, D {";
+    QCOMPARE(expand({{"top", sheet}}).text, "A, B { }\n" + expanded + "C, D {\n");
+}
+
+void tst_StyleSheetPreprocessor::definesThatBreakLines()
+{
+    const Parts parts{{"top", "#define Any A\n<@:on\nAny, B {"}};
+    QCOMPARE(expand(parts, {{"Any", "C,\nD\nE"}}).text, "C:on,\nD:on\nE:on,B:on{\n");
 }
 
 void tst_StyleSheetPreprocessor::includes()
@@ -307,6 +398,9 @@ void tst_StyleSheetPreprocessor::multiplyingSheetEnds_data()
     for (int i = 1; i < 60; ++i)
         defines +=
             QString("#define a%1 a%2a%2\n").arg(i, 2, 10, QChar('0')).arg(i - 1, 2, 10, QChar('0'));
+    QTest::newRow("suffix on many selectors")
+        << Parts{{"top", "first\n<@:" + QString(60000, 'x') + '\n' + QString("a,").repeated(60000) +
+                             "\n@>\nlast"}};
     QTest::newRow("twice at each level") << twice;
     QTest::newRow("deep") << deep;
     QTest::newRow("defines that double") << Parts{{"top", defines + "first\na59\nlast"}};
@@ -345,6 +439,23 @@ void tst_StyleSheetPreprocessor::substitutesByTheRules()
         const QString result = defines.substituted(text, 1 << 20, &refused);
         QVERIFY(refused.isEmpty());
         QCOMPARE(result.isNull() ? text : result, expected);
+    }
+}
+
+void tst_StyleSheetPreprocessor::expandsByTheRules()
+{
+    QRandomGenerator random(3);
+    for (int i = 0; i < 3000; ++i) {
+        PlainExpansion plain;
+        plain.parts = {{"top", randomSheet(random, {"one", "two", "gone"})},
+                       {"one", randomSheet(random, {"two"})},
+                       {"two", randomSheet(random, {})}};
+        if (random.bounded(2))
+            plain.userDefines = {{"b", randomText(random, "b,{}\nA", 4)}};
+        const QString expected = plain.expanded("top");
+        const ExpandedStyleSheet sheet = expand(plain.parts, plain.userDefines);
+        QCOMPARE(sheet.text, expected);
+        QCOMPARE(sheet.defines, plain.defines);
     }
 }
 
