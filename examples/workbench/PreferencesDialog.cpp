@@ -11,6 +11,7 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -67,15 +68,15 @@ PreferencesDialog::PreferencesDialog(QWidget *parent)
     , m_units(UnitsConfiguration::s_dimensionCount)
 {
     setWindowTitle(tr("Preferences"));
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(createUnitsPage());
+    layout->addWidget(createAppearancePage());
+    layout->addStretch();
     auto *buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel |
                                  QDialogButtonBox::Apply | QDialogButtonBox::RestoreDefaults,
                              this);
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(createUnitsPage());
-    layout->addWidget(createAppearancePage());
-    layout->addStretch();
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::apply);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -85,6 +86,7 @@ PreferencesDialog::PreferencesDialog(QWidget *parent)
     connect(buttons->button(QDialogButtonBox::RestoreDefaults), &QPushButton::clicked, this,
             &PreferencesDialog::showDefaults);
     showCurrent();
+    makeRoom();
 }
 
 QWidget *PreferencesDialog::createUnitsPage()
@@ -172,8 +174,23 @@ void PreferencesDialog::apply()
     WorkbenchSettings &settings = WorkbenchSettings::instance();
     settings.setFontSize(m_fontSize->currentData().toInt());
     settings.setUseLightVersion(m_lightVersion->isChecked());
-    Preferences::save();
+    const bool kept = Preferences::save();
     Q_EMIT sigApplied();
+    makeRoom();
+    if (!kept)
+        QMessageBox::warning(this, windowTitle(),
+                             tr("The preferences hold until you quit; their file cannot be "
+                                "written."));
+}
+
+void PreferencesDialog::makeRoom()
+{
+    const QList<BVComboBox *> boxes = findChildren<BVComboBox *>();
+    for (BVComboBox *box : boxes) {
+        box->ensurePolished();
+        box->updateGeometry();
+    }
+    setMinimumSize(sizeHint());
 }
 
 void PreferencesDialog::applyUnits()

@@ -37,6 +37,9 @@ private:
     BVComboBox *createUnitBox(UnitsConfiguration::Dimension dimension);
     void showCurrent();
     void applyUnits();
+    /// Gives every row its full height, also after the font has changed, which combo boxes do not
+    /// tell their layout.
+    void makeRoom();
 
     std::vector<BVComboBox *> m_units; // by dimension
     BVComboBox *m_fontSize = nullptr;

@@ -63,7 +63,7 @@ const std::vector<SetupField> s_fields = {
     {Number, Tools, "friction", TEXT("Friction coefficient"), "\u00b5", "", 0.0, 1.0, 1,
      TEXT("Coulomb friction between sheet and tools, from 0 to 1")},
 
-    {Number, Press, "blankHolderForce", TEXT("Blank-holder force"), "", "kN", 0.0, 50000.0, 1,
+    {Number, Press, "blankHolderForce", TEXT("Blank-holder force"), "", "kN", 0.0, 50000.0, 2,
      TEXT("Force on the whole blank holder")},
     {Number, Press, "punchSpeed", TEXT("Punch speed"), "", "mm/s", 0.001, 10000.0, 0,
      TEXT("Speed of the punch during the stroke")},
@@ -71,7 +71,7 @@ const std::vector<SetupField> s_fields = {
      TEXT("Travel of the punch from first contact")},
     {Number, Press, "temperature", TEXT("Temperature"), "T", "degC", -200.0, 1500.0, 0,
      TEXT("Temperature of blank and tools")},
-    {Number, Press, "rollingDirection", TEXT("Rolling direction"), "", "deg", -180.0, 180.0, 1,
+    {Number, Press, "rollingDirection", TEXT("Rolling direction"), "", "deg", -180.0, 180.0, 0,
      TEXT("Angle from the blank's length to the rolling direction")},
 };
 // clang-format on

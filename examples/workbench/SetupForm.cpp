@@ -10,12 +10,11 @@
 #include <BVStatusBatch.h>
 #include <BVWidgetStatusHandler.h>
 
+#include <QBoxLayout>
 #include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QTimer>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -23,42 +22,54 @@ namespace {
 
 enum Column { LabelColumn, SymbolColumn, EditColumn };
 
-constexpr int s_columns = 2;
+constexpr int s_columnCount = 2;
 constexpr int s_spacing = 12;       // px, between the boxes
+constexpr int s_boxMargin = 9;      // px, inside the boxes
+constexpr int s_titleHeight = 16;   // px, for which the sheets leave room
 constexpr int s_rowSpacing = 5;     // px
 constexpr int s_columnSpacing = 10; // px
 constexpr int s_maximumWidth = 560; // px, of one column
 /// As wide as a value gets in any unit that can be chosen.
 const QString s_widestValue = QStringLiteral("00000000.00 N/mm\u00b2");
 
+int widest(const std::vector<BVLabel *> &labels)
+{
+    int width = 0;
+    for (BVLabel *label : labels) {
+        label->ensurePolished();
+        width = std::max(width, label->sizeHint().width());
+    }
+    return width;
+}
+
 } // namespace
 
 SetupForm::SetupForm(QWidget *parent)
     : QWidget(parent)
+    , m_columns(new QBoxLayout(QBoxLayout::LeftToRight, this))
     , m_editors(SetupFields::fields().size())
 {
     setObjectName(QStringLiteral("setupForm"));
-    auto *formHandler = new BVWidgetStatusHandler(this);
-    QVBoxLayout *columns[s_columns];
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(s_spacing, s_spacing, s_spacing, s_spacing);
-    layout->setSpacing(s_spacing);
+    m_columns->setContentsMargins(s_spacing, s_spacing, s_spacing, s_spacing);
+    m_columns->setSpacing(s_spacing);
+    QVBoxLayout *columns[s_columnCount];
     for (QVBoxLayout *&column : columns) {
         auto *holder = new QWidget(this);
         holder->setMaximumWidth(s_maximumWidth);
         column = new QVBoxLayout(holder);
         column->setContentsMargins(0, 0, 0, 0);
         column->setSpacing(s_spacing);
-        layout->addWidget(holder, 1);
+        m_columns->addWidget(holder, 1, Qt::AlignTop);
+        m_columnHolders.push_back(holder);
     }
-    layout->addStretch();
+    m_columns->addStretch();
+    auto *handler = new BVWidgetStatusHandler(this);
     for (size_t i = 0; i < SetupFields::groups().size(); ++i) {
         QGroupBox *box = createGroup(int(i));
         columns[SetupFields::groups()[i].column]->addWidget(box);
-        formHandler->attach(box);
+        handler->attach(box);
     }
-    for (QVBoxLayout *column : columns)
-        column->addStretch();
+    handler->updateParentStatus();
     setSetup(ProcessSetup());
     alignColumns();
 }
@@ -81,6 +92,7 @@ QGroupBox *SetupForm::createGroup(int group)
         addField(layout, box, i);
         handler->attach(m_editors[size_t(i)]->edit());
     }
+    handler->updateParentStatus();
     m_groups.push_back(box);
     m_layouts.push_back(layout);
     return box;
@@ -102,7 +114,7 @@ void SetupForm::addField(QGridLayout *layout, QGroupBox *box, int index)
     label->setToolTip(editor->edit()->toolTip());
     m_labels.push_back(label);
     auto *symbol = new BVLabel(QString::fromUtf8(field.symbol), box);
-    symbol->setProperty("hint", true);
+    m_symbols.push_back(symbol);
     editor->edit()->setAccessibleName(field.labelText());
     editor->edit()->setObjectName(field.keyText());
 
@@ -186,14 +198,25 @@ void SetupForm::focusNextNeedingInput()
 
 QSize SetupForm::minimumSizeHint() const
 {
-    return QSize(QWidget::minimumSizeHint().width(), sizeHint().height());
+    int width = 0;
+    for (const QWidget *holder : m_columnHolders)
+        width = std::max(width, holder->minimumSizeHint().width());
+    return QSize(width + 2 * s_spacing, sizeHint().height());
 }
 
 void SetupForm::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
         alignColumns();
+        arrangeColumns();
+    }
+}
+
+void SetupForm::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    arrangeColumns();
 }
 
 void SetupForm::onFieldStatusChanged(QWidget *edit, BVWidgetStatus::Stati)
@@ -209,15 +232,23 @@ void SetupForm::onFieldStatusChanged(QWidget *edit, BVWidgetStatus::Stati)
 /// Lets the columns of all boxes begin at the same place.
 void SetupForm::alignColumns()
 {
-    int labelWidth = 0;
-    for (BVLabel *label : m_labels) {
-        label->ensurePolished();
-        labelWidth = std::max(labelWidth, label->sizeHint().width());
-    }
+    const int labelWidth = widest(m_labels);
+    const int symbolWidth = widest(m_symbols);
     const QFontMetrics metrics = m_labels.front()->fontMetrics();
+    const int top = s_boxMargin + std::max(0, metrics.height() - s_titleHeight);
     for (QGridLayout *layout : m_layouts) {
+        layout->setContentsMargins(s_boxMargin, top, s_boxMargin, s_boxMargin);
         layout->setColumnMinimumWidth(LabelColumn, labelWidth);
-        layout->setColumnMinimumWidth(SymbolColumn, metrics.averageCharWidth() * 2);
+        layout->setColumnMinimumWidth(SymbolColumn, symbolWidth);
         layout->setColumnMinimumWidth(EditColumn, metrics.horizontalAdvance(s_widestValue));
     }
+}
+
+/// Puts the columns below each other where they have no room beside each other.
+void SetupForm::arrangeColumns()
+{
+    int needed = s_spacing;
+    for (const QWidget *holder : m_columnHolders)
+        needed += holder->minimumSizeHint().width() + s_spacing;
+    m_columns->setDirection(width() < needed ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }

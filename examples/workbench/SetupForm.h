@@ -13,11 +13,14 @@
 class BVLabel;
 class BVWidgetStatusHandler;
 class FieldEditor;
+class QBoxLayout;
 class QGridLayout;
 class QGroupBox;
 
 /// The form of a process set-up: a group box for each group of SetupFields, whose title shows the
 /// combined status of its fields. The form itself carries the combined status of the groups.
+///
+/// The groups stand in two columns, or in one where the form is too narrow for that.
 class SetupForm : public QWidget
 {
     Q_OBJECT
@@ -55,6 +58,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private Q_SLOTS:
     void onFieldStatusChanged(QWidget *edit, BVWidgetStatus::Stati status);
@@ -63,10 +67,14 @@ private:
     QGroupBox *createGroup(int group);
     void addField(QGridLayout *layout, QGroupBox *box, int field);
     void alignColumns();
+    void arrangeColumns();
 
     ProcessSetup m_setup; // as it was loaded
+    QBoxLayout *m_columns;
+    std::vector<QWidget *> m_columnHolders;
     std::vector<FieldEditor *> m_editors;
     std::vector<QGroupBox *> m_groups;
     std::vector<QGridLayout *> m_layouts; // of the groups
     std::vector<BVLabel *> m_labels;
+    std::vector<BVLabel *> m_symbols;
 };

@@ -7,7 +7,7 @@
 class BVLineEdit;
 class WorkbenchWindow;
 class PreferencesDialog;
-class QWidget;
+class QPixmap;
 
 /// Goes through the workbench as a person would, checks what it shows, and writes a numbered
 /// picture of each step.
@@ -42,7 +42,9 @@ private:
     bool withPreferences(Change change);
     bool expect(bool holds, const QString &what);
     bool expectText(BVLineEdit *edit, const QString &text);
-    bool picture(const QString &name, QWidget *dialog = nullptr);
+    /// Writes a picture of the window as it is.
+    bool picture(const QString &name);
+    bool write(const QString &name, const QPixmap &pixmap);
 
     WorkbenchWindow &m_window;
     QString m_directory;

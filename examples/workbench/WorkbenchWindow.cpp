@@ -31,8 +31,9 @@
 
 namespace {
 
-constexpr int s_messageTime = 6000; // ms
-constexpr int s_iconSize = 20;      // px
+constexpr int s_messageTime = 6000;      // ms
+constexpr QSize s_minimumSize(640, 420); // px
+constexpr int s_iconSize = 20;           // px
 const char s_mainWindowProperty[] = "MainWindow";
 
 struct Example
@@ -84,6 +85,7 @@ WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
     m_summary = new StatusSummary(m_form, this);
     statusBar()->addPermanentWidget(m_summary);
     connect(m_form, &SetupForm::changed, this, &WorkbenchWindow::updateTitle);
+    setMinimumSize(s_minimumSize);
     newSetup();
 }
 
@@ -247,10 +249,11 @@ bool WorkbenchWindow::save()
 
 bool WorkbenchWindow::saveAs()
 {
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save the set-up"), m_fileName.isEmpty() ? m_documentName : m_fileName,
-        fileFilter());
-    return !path.isEmpty() && saveFile(path);
+    QFileDialog dialog(this, tr("Save the set-up"), QFileInfo(m_fileName).path(), fileFilter());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("xml"));
+    dialog.selectFile(m_documentName);
+    return dialog.exec() == QDialog::Accepted && saveFile(dialog.selectedFiles().constFirst());
 }
 
 bool WorkbenchWindow::saveFile(const QString &path)
