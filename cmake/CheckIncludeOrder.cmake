@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: MIT
 # Fails when a file under SOURCE_DIR includes a folder that stands above its own floor, climbs with
-# "../", or when a public header includes a private one.
+# "../", names a project header without its folder, or when a public header includes a private one.
+cmake_minimum_required(VERSION 3.25)
+
 set(floors platform foundation style controls units itemviews navigation layout)
 # navigation and layout share the top floor and do not know each other
 set(rank_platform 2)
@@ -12,9 +14,12 @@ set(rank_itemviews 7)
 set(rank_navigation 8)
 set(rank_layout 8)
 
+file(GLOB project_headers RELATIVE "${SOURCE_DIR}" "${SOURCE_DIR}/*/*.h")
+list(TRANSFORM project_headers REPLACE "^.*/" "")
+
 set(faults "")
 foreach(folder IN LISTS floors)
-    file(GLOB sources "${SOURCE_DIR}/${folder}/*.h" "${SOURCE_DIR}/${folder}/*.cpp")
+    file(GLOB sources "${SOURCE_DIR}/${folder}/*.h" "${SOURCE_DIR}/${folder}/*.cpp" "${SOURCE_DIR}/${folder}/*.inc")
     foreach(source IN LISTS sources)
         get_filename_component(name "${source}" NAME)
         file(STRINGS "${source}" includes REGEX "^[ \t]*#[ \t]*include")
@@ -25,9 +30,14 @@ foreach(folder IN LISTS floors)
             if(name MATCHES "\\.h$" AND NOT name MATCHES "_p\\.h$" AND line MATCHES "_p\\.h[\">]")
                 string(APPEND faults "  ${folder}/${name}: ${line} (private header in a public one)\n")
             endif()
-            if(line MATCHES "[\"<]([a-z]+)/" AND DEFINED rank_${CMAKE_MATCH_1})
+            if(line MATCHES "[\"<]([A-Za-z0-9_]+\\.h)[\">]" AND CMAKE_MATCH_1 IN_LIST project_headers)
+                string(APPEND faults "  ${folder}/${name}: ${line} (its folder is not named)\n")
+            endif()
+            # The match is only there for the next command, so the conditions are nested.
+            if(line MATCHES "[\"<]([a-z]+)/")
                 set(other ${CMAKE_MATCH_1})
-                if(NOT other STREQUAL folder AND NOT rank_${other} LESS rank_${folder})
+                if(DEFINED rank_${other} AND NOT other STREQUAL folder
+                   AND NOT rank_${other} LESS rank_${folder})
                     string(APPEND faults "  ${folder}/${name}: ${line} (${other} stands above)\n")
                 endif()
             endif()

@@ -81,6 +81,6 @@ private:
     void childArrived(QObject *child);
 
     QButtonGroup m_group;
+    bool m_autoAttach = false;              // before what announces itself as a child
     BVWidgetStatusHandler *m_statusHandler; // child of this
-    bool m_autoAttach = false;
 };

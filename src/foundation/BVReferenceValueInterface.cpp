@@ -50,7 +50,7 @@ QString referenceText(const QWidget *widget, const QVariant &reference)
 
 BVReferenceValueInterface::~BVReferenceValueInterface() = default;
 
-QString BVReferenceValueInterface::toolTip(const QWidget *widget)
+QString BVReferenceValueInterface::composedToolTip(const QWidget *widget)
 {
     if (!widget)
         return QString();
@@ -69,6 +69,6 @@ bool BVReferenceValueInterface::showToolTip(QWidget *widget, QHelpEvent *event)
 {
     if (!widget || !hasReference(widget))
         return false;
-    QToolTip::showText(event->globalPos(), toolTip(widget), widget);
+    QToolTip::showText(event->globalPos(), composedToolTip(widget), widget);
     return true;
 }

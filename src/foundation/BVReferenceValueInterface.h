@@ -28,7 +28,7 @@ public:
 
     /// The tool tip of @p widget: its own text, then "Reference value: ..." on a line of its own if
     /// it has a reference value. Empty when there is neither.
-    static QString toolTip(const QWidget *widget);
+    static QString composedToolTip(const QWidget *widget);
     /// Shows that tool tip if the widget has a reference value; returns whether it does.
     static bool showToolTip(QWidget *widget, QHelpEvent *event);
 };

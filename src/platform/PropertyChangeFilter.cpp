@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/PropertyChangeFilter.h"
 
+#include "platform/RepolishOnShow_p.h"
 #include "platform/RepolishQueue_p.h"
 
 #include <QCoreApplication>
@@ -12,18 +13,22 @@
 
 namespace {
 
-/// The widget and, when @p children, everything inside it: outer widgets before inner ones, so that
-/// an inherited font or palette settles once.
-QVector<QPointer<QWidget>> widgetsOf(QWidget *widget, bool children)
+/// Appends everything inside @p widget, outer widgets before inner ones, so that an inherited font
+/// or palette settles once. Hidden windows wait until they are shown.
+void appendChildren(const QWidget *widget, QVector<QPointer<QWidget>> &widgets)
 {
-    QVector<QPointer<QWidget>> widgets{widget};
-    if (children) {
-        const QList<QWidget *> inner = widget->findChildren<QWidget *>();
-        widgets.reserve(inner.size() + 1);
-        for (QWidget *child : inner)
-            widgets.append(child);
+    const QObjectList children = widget->children();
+    for (QObject *child : children) {
+        if (!child->isWidgetType())
+            continue;
+        auto *inner = static_cast<QWidget *>(child);
+        if (inner->isWindow() && !inner->isVisible()) {
+            RepolishOnShow::ask(inner);
+            continue;
+        }
+        widgets.append(inner);
+        appendChildren(inner, widgets);
     }
-    return widgets;
 }
 
 void polishAnew(QWidget *widget)
@@ -45,7 +50,9 @@ void PropertyChangeFilter::repolish(QWidget *widget, bool children)
 {
     if (!widget)
         return;
-    const QVector<QPointer<QWidget>> widgets = widgetsOf(widget, children);
+    QVector<QPointer<QWidget>> widgets{widget};
+    if (children)
+        appendChildren(widget, widgets);
     for (const QPointer<QWidget> &each : widgets) { // some may go while others are told
         if (!each)
             continue;

@@ -20,7 +20,8 @@ class PRESENTATIONAPPWIDGETS_EXPORT PropertyChangeFilter : public QObject
 
 public:
     /// Makes the style evaluate its rules anew for @p widget, at once, and for all widgets inside
-    /// it too when @p children is true. Null is ignored.
+    /// it too when @p children is true; hidden windows inside it, such as closed popups, follow
+    /// when they are shown. Null is ignored.
     static void repolish(QWidget *widget, bool children = false);
     /// The same at the next turn of the event loop. However many requests a turn brings, each
     /// widget is re-polished once; a widget that is gone by then, or re-polished by repolish() in

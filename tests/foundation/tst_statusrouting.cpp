@@ -37,6 +37,7 @@ private Q_SLOTS:
     void router();
     void dispatcher();
     void batch();
+    void batchPolishesOnce();
 };
 
 void tst_StatusRouting::combine()
@@ -206,7 +207,7 @@ void tst_StatusRouting::referenceToolTip()
     (new BVWidgetStatusHandler(&window))->attach(child);
     child->setToolTip(own);
     child->setProperty("ReferenceValue", reference);
-    QTEST(BVReferenceValueInterface::toolTip(child), "toolTip");
+    QTEST(BVReferenceValueInterface::composedToolTip(child), "toolTip");
 
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -272,6 +273,34 @@ void tst_StatusRouting::batch()
     QTRY_COMPARE(color(), QColor(Qt::red));
     S::setStatus(edit, S::NeedInput, false);
     QVERIFY(color() != QColor(Qt::red)); // at once without a batch
+}
+
+void tst_StatusRouting::batchPolishesOnce()
+{
+    QGroupBox group;
+    auto *handler = new BVWidgetStatusHandler(&group);
+    QVector<QLineEdit *> edits;
+    for (int i = 0; i < 3; ++i) {
+        edits.append(new QLineEdit(&group));
+        handler->attach(edits.last());
+        BVWidgetStatusPropertyDispatcher::dispatch(edits.last(), edits.last());
+    }
+    group.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&group));
+    EventCounter groupPolishes(&group, QEvent::StyleChange);
+    EventCounter editPolishes(edits.first(), QEvent::StyleChange);
+    {
+        const BVStatusBatch batch;
+        for (QLineEdit *edit : edits) {
+            for (const S::Status flag : {S::UserEdit, S::Different, S::NeedInput})
+                S::setStatus(edit, flag, true);
+        }
+    }
+    QCOMPARE(groupPolishes.count(), 0);
+    QTRY_COMPARE(groupPolishes.count(), 1);
+    QCoreApplication::processEvents();
+    QCOMPARE(groupPolishes.count(), 1);
+    QCOMPARE(editPolishes.count(), 1); // with its group, not a second time on its own
 }
 
 QTEST_MAIN(tst_StatusRouting)

@@ -92,6 +92,7 @@ private:
 
 void tst_PropertyChangeFilter::initTestCase()
 {
+    muteOffscreenWarnings();
     m_style = new CountingStyle;
     QApplication::setStyle(m_style);
 }
@@ -140,17 +141,23 @@ void tst_PropertyChangeFilter::withoutStyleSheet()
 
 void tst_PropertyChangeFilter::rulesReachInside()
 {
-    const auto *dialog = new QDialog(m_form->box);
-    auto *inner = new QLineEdit(const_cast<QDialog *>(dialog));
+    auto *popup = new QFrame(m_form->box, Qt::Popup); // closed, as that of a combo box
+    auto *inner = new QLineEdit(popup);
+    popup->show();
+    popup->hide();
     m_form->box->setProperty("alarm", true);
     PropertyChangeFilter::repolish(m_form->box, false);
     QCOMPARE(polished(m_form->edit), 0);
 
+    const QColor blue(QStringLiteral("#0000ff"));
     PropertyChangeFilter::repolish(m_form->box, true);
-    QCOMPARE(m_form->edit->palette().color(QPalette::Text), QColor("#0000ff"));
-    QCOMPARE(inner->palette().color(QPalette::Text), QColor("#0000ff"));
-    QCOMPARE(polished(m_form->edit), 1);
+    PropertyChangeFilter::repolish(m_form->box, true);
+    QCOMPARE(m_form->edit->palette().color(QPalette::Text), blue);
+    QCOMPARE(polished(m_form->edit), 2);
     QCOMPARE(polished(m_form->label), 0);
+    QVERIFY(inner->palette().color(QPalette::Text) != blue); // nobody sees it
+    popup->show();
+    QCOMPARE(inner->palette().color(QPalette::Text), blue);
 }
 
 void tst_PropertyChangeFilter::sizeFollows()

@@ -1,0 +1,707 @@
+// SPDX-License-Identifier: MIT
+#include "units/BVFormatter.h"
+#include "units/BVUnitSymbols.h"
+#include "units/BVUnitValidator.h"
+#include "units/UnitsConfiguration.h"
+
+#include <QFontMetrics>
+#include <QLocale>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <cmath>
+#include <random>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr double s_inf = std::numeric_limits<double>::infinity();
+constexpr double s_nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double s_nudge = 1e-14; // what halves are moved away from zero by
+
+QString shown(double value, int decimals, BVFormatter::OutputNotation notation, bool cut = false)
+{
+    return BVFormatter::valueAsString(value, 0, decimals, notation, 9, cut, '0');
+}
+
+/// A value whose magnitude is spread evenly over the powers of ten.
+double randomValue(std::mt19937_64 &random, int maxExponent)
+{
+    const double mantissa = std::uniform_real_distribution<double>(-10.0, 10.0)(random);
+    const int exponent = std::uniform_int_distribution<int>(-maxExponent, maxExponent)(random);
+    return mantissa * std::pow(10.0, exponent);
+}
+
+/// The value of one unit of the last digit of the number at the start of a text.
+double lastDigit(const QString &text)
+{
+    QString number;
+    QString unit;
+    BVUnitValidator::split(text, number, unit);
+    const int e = number.indexOf(QLatin1Char('E'));
+    const QString mantissa = number.left(e);
+    const int point = mantissa.indexOf(QLatin1Char('.'));
+    const int decimals = point < 0 ? 0 : mantissa.size() - point - 1;
+    return std::pow(10.0, (e < 0 ? 0 : number.mid(e + 1).toInt()) - decimals);
+}
+
+} // namespace
+
+class tst_BVFormatter : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void valueAsString_data();
+    void valueAsString();
+    void fixedEqualsTheToolkit();
+    void engineering_data();
+    void engineering();
+    void truncTextToDecimals_data();
+    void truncTextToDecimals();
+    void extremesEnd();
+    void symbols_data();
+    void symbols();
+    void symbolsFromManyThreads();
+
+    void textWithUnit_data();
+    void textWithUnit();
+    void fullText_data();
+    void fullText();
+    void noValue_data();
+    void noValue();
+    void typedText_data();
+    void typedText();
+    void suffixIsIgnoredInTypedText();
+    void roundTrip_data();
+    void roundTrip();
+
+    void valueUnit();
+    void displayUnitFollowsTheChoice();
+    void fixedDisplayUnit();
+    void decimalsFollowTheUnitUntilSet();
+    void settingsAreClampedAndAnnounced();
+    void copiesAllSettings();
+    void elides();
+    void oneShots_data();
+    void oneShots();
+};
+
+void tst_BVFormatter::cleanup()
+{
+    QLocale::setDefault(QLocale::c());
+    UnitsConfiguration::instance().setDefaultValues();
+}
+
+void tst_BVFormatter::valueAsString_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<int>("notation");
+    QTest::addColumn<bool>("cut");
+    QTest::addColumn<QString>("text");
+
+    const auto row = [](const char *name, double value, int notation, int decimals, bool cut,
+                        const char *text, int width = 0) {
+        QTest::newRow(name) << value << width << decimals << notation << cut << QString(text);
+    };
+    row("fixed", 1234.5, BVFormatter::Fixed, 3, false, "1234.500");
+    row("fixed, decimal half that is below in binary", 1.005, BVFormatter::Fixed, 2, false, "1.01");
+    row("fixed, negative half", -2.5, BVFormatter::Fixed, 0, false, "-3");
+    row("fixed, half beyond the nudge", 128.5, BVFormatter::Fixed, 0, false, "129");
+    row("fixed, cut to one decimal", 2.5, BVFormatter::Fixed, 3, true, "2.5");
+    row("fixed, cut to none", 2.0, BVFormatter::Fixed, 3, true, "2");
+    row("fixed, cut after rounding up", 0.9996, BVFormatter::Fixed, 3, true, "1");
+    row("fixed, cut keeps inner zeros", 1.203, BVFormatter::Fixed, 5, true, "1.203");
+    row("fixed, padded behind the sign", -5.25, BVFormatter::Fixed, 2, false, "-00005.25", 9);
+    row("scientific", 12345.0, BVFormatter::Scientific, 3, false, "1.235E+04");
+    row("scientific is never cut", 1000.0, BVFormatter::Scientific, 3, true, "1.000E+03");
+    row("general counts digits", 1234.5, BVFormatter::General, 3, false, "1.23E+03");
+    row("general, no digits", 1234.5, BVFormatter::General, 0, false, "1E+03");
+    row("engineering", 12345.0, BVFormatter::Engineering, 3, false, "12.345E+3");
+    row("engineering, cut", 12345.0, BVFormatter::Engineering, 5, true, "12.35E+3");
+    row("automatic, plain", 0.5, BVFormatter::Automatic, 3, false, "0.500");
+    row("automatic, cut", 0.5, BVFormatter::Automatic, 3, true, "0.5");
+    row("automatic, large", 12345.0, BVFormatter::Automatic, 3, false, "12.3E+3");
+    row("automatic, large negative stays plain", -12345.0, BVFormatter::Automatic, 3, false,
+        "-12345.000");
+    row("automatic, beyond the precision", -2e9, BVFormatter::Automatic, 3, false, "-2.00E+9");
+    row("automatic, tiny", 0.0005, BVFormatter::Automatic, 3, false, "0.500E-3");
+    row("unknown notation is automatic", 12345.0, 17, 3, false, "12.3E+3");
+    row("width pads engineering in front of the sign", -12345.0, BVFormatter::Engineering, 1, false,
+        "00-12.3E+3", 10);
+}
+
+void tst_BVFormatter::valueAsString()
+{
+    QFETCH(double, value);
+    QFETCH(int, width);
+    QFETCH(int, decimals);
+    QFETCH(int, notation);
+    QFETCH(bool, cut);
+    QTEST(BVFormatter::valueAsString(value, width, decimals,
+                                     static_cast<BVFormatter::OutputNotation>(notation), 9, cut,
+                                     '0'),
+          "text");
+}
+
+void tst_BVFormatter::fixedEqualsTheToolkit()
+{
+    std::mt19937_64 random(20240607);
+    for (int i = 0; i < 40000; ++i) {
+        double value = randomValue(random, 18);
+        if (i % 4 == 0) // a number that ends in a binary half, quarter or eighth
+            value = std::ldexp(std::floor(value), -static_cast<int>(random() % 8));
+        const int decimals = static_cast<int>(random() % 12);
+        const double magnitude = std::fabs(value);
+        const double nudged = magnitude > 1e-9 ? std::copysign(magnitude + s_nudge, value) : value;
+        const QString expected = QStringLiteral("%1").arg(nudged, 0, 'f', decimals);
+        QCOMPARE(shown(value, decimals, BVFormatter::Fixed), expected);
+    }
+}
+
+void tst_BVFormatter::engineering_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<QString>("adapted");
+    QTest::addColumn<QString>("plain");
+    QTest::addColumn<QString>("cut");
+
+    const auto row = [](const char *name, double value, int decimals, const char *adapted,
+                        const char *plain, const char *cut) {
+        QTest::newRow(name) << value << decimals << QString(adapted) << QString(plain)
+                            << QString(cut);
+    };
+    row("hundreds", 123.456, 3, "123.5", "123.5", "123.5");
+    row("tens", -12.3456, 3, "-12.35", "-12.35", "-12.35");
+    row("ones", 1.23456, 3, "1.235", "1.235", "1.235");
+    row("hundreds of thousands", 123456.0, 5, "123.46E+3", "123.45600E+3", "123.5E+3");
+    row("tens of thousands", 12345.0, 3, "12.3E+3", "12.345E+3", "12.35E+3");
+    row("few decimals", 123456.0, 1, "123E+3", "123.5E+3", "123.5E+3");
+    row("tenths of a thousandth", 0.0005, 3, "0.500E-3", "0.500E-3", "0.500E-3");
+    row("tenths, one decimal", 0.0005, 1, "0.50E-3", "0.5E-3", "0.500E-3");
+    row("hundredths of a thousandth", 0.00002, 1, "0.020E-3", "0.0E-3", "0.020E-3");
+    row("just a hundredth", 0.01, 3, "0.01", "0.01", "0.01");
+    row("hundredths without exponent", -0.05, 3, "-0.050", "-0.050", "-0.050");
+    row("ones of thousandths", 0.005, 3, "5.00E-3", "5.000E-3", "5.000E-3");
+    row("below what is shown", -9e-10, 3, "0", "0", "0");
+    row("sign of nothing shown", -2e-5, 0, "-0.020E-3", "0E-3", "-0.020E-3");
+    row("infinite", -s_inf, 3, "-INF", "-INF", "-INF");
+    row("no number", s_nan, 3, "NaN", "NaN", "NaN");
+}
+
+void tst_BVFormatter::engineering()
+{
+    QFETCH(double, value);
+    QFETCH(int, decimals);
+    QTEST(BVFormatter::convertToAdaptedEngineeringNotation(value, 0, decimals, '0'), "adapted");
+    QTEST(BVFormatter::convertToEngineeringNotation(value, 0, decimals, false, '0'), "plain");
+    QTEST(QString::fromStdString(
+              BVFormatter::convertValueToEngineeringNotation(value, decimals, true)),
+          "cut");
+}
+
+void tst_BVFormatter::truncTextToDecimals_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("minDecimals");
+    QTest::addColumn<int>("notation");
+    QTest::addColumn<QString>("result");
+
+    const auto row = [](const char *text, int minDecimals, int notation, const char *result) {
+        QTest::addRow("%s to %d", text, minDecimals)
+            << QString(text) << minDecimals << notation << QString(result);
+    };
+    row("1.250000000", 3, BVFormatter::Fixed, "1.250");
+    row("1.250000000", 0, BVFormatter::Fixed, "1.25");
+    row("100.000", 0, BVFormatter::Fixed, "100");
+    row("100", 0, BVFormatter::Fixed, "100");
+    row("1.000", -1, BVFormatter::Fixed, "1.000");
+    row("1.500E+10", 1, BVFormatter::Scientific, "1.5E+10");
+    row("2.000E+30", 0, BVFormatter::Engineering, "2E+30");
+    row("1.5E+20", 0, BVFormatter::General, "1.5E+20");
+    row("1.500E+30", 0, BVFormatter::Automatic, "1.500E+30");
+}
+
+void tst_BVFormatter::truncTextToDecimals()
+{
+    QFETCH(QString, text);
+    QFETCH(int, minDecimals);
+    QFETCH(int, notation);
+    QFETCH(QString, result);
+    const bool expected = text != result;
+    QCOMPARE(BVFormatter::truncTextToDecimals(text, minDecimals,
+                                              static_cast<BVFormatter::OutputNotation>(notation)),
+             expected);
+    QCOMPARE(text, result);
+}
+
+void tst_BVFormatter::extremesEnd()
+{
+    const double values[] = {s_inf, -s_inf, s_nan,  std::numeric_limits<double>::max(),
+                             -0.0,  -1e308, 5e-324, std::numeric_limits<double>::min()};
+    const int limits[] = {std::numeric_limits<int>::min(), -1, 0, 17, 300,
+                          std::numeric_limits<int>::max()};
+    for (double value : values) {
+        for (int limit : limits) {
+            for (int notation = -1; notation < 6; ++notation) {
+                const auto kind = static_cast<BVFormatter::OutputNotation>(notation);
+                const QString text =
+                    BVFormatter::valueAsString(value, limit, limit, kind, limit, true, ' ');
+                QVERIFY(!text.isEmpty());
+                QVERIFY(text.size() < 2000);
+            }
+        }
+    }
+}
+
+void tst_BVFormatter::symbols_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<QString>("symbol");
+
+    const auto row = [](const char *unit, const QString &symbol) {
+        QTest::newRow(unit) << QString(unit) << symbol;
+    };
+    row("um", QStringLiteral(u"\u00b5m"));
+    row("um^2", QStringLiteral(u"\u00b5m\u00b2"));
+    row("dm^2", QStringLiteral(u"dm\u00b2"));
+    row("lbf/inch^3", QStringLiteral(u"lbf/inch\u00b3"));
+    row("deg", QStringLiteral(u"\u00b0"));
+    row("deg/s", QStringLiteral(u"\u00b0/s"));
+    row("degC", QStringLiteral(u"\u00b0C"));
+    row("degC/min", QStringLiteral(u"\u00b0C/min"));
+    row("degF", QStringLiteral(u"\u00b0F"));
+    row("EUR", QStringLiteral(u"\u20ac"));
+    row("EUR/m^2", QStringLiteral(u"\u20ac/m\u00b2"));
+    row("USD", QStringLiteral("$"));
+    row("JPY", QStringLiteral(u"\u00a5"));
+    row("GBP", QStringLiteral(u"\u00a3"));
+    row("RUB", QStringLiteral(u"\u20bd"));
+    row("%", QStringLiteral("%"));
+    row("mm", QStringLiteral("mm"));
+}
+
+void tst_BVFormatter::symbols()
+{
+    QFETCH(QString, unit);
+    QFETCH(QString, symbol);
+    QString text = unit;
+    QCOMPARE(BVFormatter::replaceSymbols(text, false), unit != symbol);
+    QCOMPARE(text, symbol);
+    QCOMPARE(BVFormatter::replaceSymbols(text, true), unit != symbol);
+    QCOMPARE(text, unit);
+}
+
+void tst_BVFormatter::symbolsFromManyThreads()
+{
+    std::vector<std::thread> threads;
+    std::vector<int> faults(4, 0);
+    for (std::size_t t = 0; t < faults.size(); ++t) {
+        threads.emplace_back([t, &faults] {
+            for (int i = 0; i < 2000; ++i) { // more than are kept, so that they are dropped as well
+                const QString unit =
+                    QStringLiteral("um*x%1").arg((i * 7 + static_cast<int>(t)) % 900);
+                QString text = unit;
+                BVFormatter::replaceSymbols(text, false);
+                faults[t] += text.startsWith(QChar(0xb5)) ? 0 : 1;
+                BVFormatter::replaceSymbols(text, true);
+                faults[t] += text == unit ? 0 : 1;
+            }
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    QCOMPARE(faults, std::vector<int>(4, 0));
+}
+
+void tst_BVFormatter::textWithUnit_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("none") << QString() << 1.5 << "1.500";
+    QTest::newRow("converted") << "inch" << 1.0 << "25.40 mm";
+    QTest::newRow("unit name") << "meter" << 1.5 << "1.500 meter";
+    QTest::newRow("of no dimension") << "in" << 1.5 << "1.500 in";
+    QTest::newRow("degC") << "degC" << 20.0 << QStringLiteral(u"20.00\u00b0C");
+    QTest::newRow("kelvin") << "K" << 0.0 << QStringLiteral(u"-273.15\u00b0C");
+    QTest::newRow("deg") << "deg" << 90.0 << QStringLiteral(u"90.00\u00b0");
+    QTest::newRow("angular velocity") << "deg/s" << 5.0 << QStringLiteral(u"5.00 \u00b0/s");
+    QTest::newRow("percent") << "%" << 12.5 << "12.5%";
+    QTest::newRow("currency") << "EUR" << 5.0 << QStringLiteral(u"5.000 \u20ac");
+    QTest::newRow("area") << "dm^2" << 5.0 << QStringLiteral(u"5.00 dm\u00b2");
+    QTest::newRow("micron") << "um" << 5.0 << QStringLiteral(u"5.000 \u00b5m");
+    QTest::newRow("negative zero") << "mm" << -0.001 << "0.00 mm";
+    QTest::newRow("negative infinity keeps its sign") << "mm" << -s_inf << "-inf mm";
+}
+
+void tst_BVFormatter::textWithUnit()
+{
+    QFETCH(QString, unit);
+    QFETCH(double, value);
+    BVFormatter formatter;
+    QVERIFY(formatter.setValueUnit(unit));
+    QTEST(formatter.textFromValue(value), "text");
+}
+
+void tst_BVFormatter::fullText_data()
+{
+    QTest::addColumn<int>("notation");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("fixed") << int(BVFormatter::Fixed) << 1.23456 << "1.23456";
+    QTest::newRow("fixed, at least the decimals") << int(BVFormatter::Fixed) << 1.5 << "1.500";
+    QTest::newRow("scientific") << int(BVFormatter::Scientific) << 1.5e10 << "1.500E+10";
+    QTest::newRow("automatic, small") << int(BVFormatter::Automatic) << 0.00125 << "0.00125";
+    QTest::newRow("automatic, medium keeps its zeros")
+        << int(BVFormatter::Automatic) << 12500.0 << "12.5000000E+3";
+    QTest::newRow("automatic, large") << int(BVFormatter::Automatic) << 1.25e30 << "1.250E+30";
+    QTest::newRow("negative zero") << int(BVFormatter::Fixed) << -1e-12 << "0.000";
+}
+
+void tst_BVFormatter::fullText()
+{
+    QFETCH(int, notation);
+    QFETCH(double, value);
+    BVFormatter formatter;
+    formatter.setNotation(static_cast<BVFormatter::OutputNotation>(notation));
+    QTEST(formatter.textFromValue(value, true), "text");
+}
+
+void tst_BVFormatter::noValue_data()
+{
+    QTest::addColumn<bool>("empty");
+    QTest::addColumn<bool>("checked");
+    QTest::addColumn<bool>("labels");
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("empty") << true << false << false << "mm"
+                           << "mm";
+    QTest::newRow("empty with a sign") << true << false << true << "mm"
+                                       << "- mm";
+    QTest::newRow("empty value") << false << true << false << "mm"
+                                 << "mm";
+    QTest::newRow("empty value, no space")
+        << false << true << true << "deg" << QStringLiteral(u"-\u00b0");
+    QTest::newRow("empty, no unit") << true << false << false << QString() << QString();
+    QTest::newRow("empty value is not checked for") << false << false << true << "mm"
+                                                    << "0.00 mm !";
+}
+
+void tst_BVFormatter::noValue()
+{
+    QFETCH(bool, empty);
+    QFETCH(bool, checked);
+    QFETCH(bool, labels);
+    QFETCH(QString, unit);
+    BVFormatter formatter;
+    formatter.setValueUnit(unit);
+    formatter.setSuffix(QStringLiteral(" !"));
+    formatter.setEmpty(empty);
+    formatter.checkForEmptyValue(checked);
+    formatter.formatEmptyForLabels(labels);
+    QTEST(formatter.textFromValue(std::numeric_limits<double>::min()), "text");
+}
+
+void tst_BVFormatter::typedText_data()
+{
+    QTest::addColumn<bool>("german");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("ok");
+    QTest::addColumn<double>("inches");
+
+    const auto row = [](const QString &text, bool ok, double inches, bool german = false) {
+        QTest::addRow("%s%s", german ? "german " : "", qUtf8Printable(text))
+            << german << text << ok << inches;
+    };
+    row(QStringLiteral("25.4mm"), true, 1.0);
+    row(QStringLiteral(" 2.54 cm "), true, 1.0);
+    row(QStringLiteral("25.4"), true, 1.0); // in the display unit
+    row(QStringLiteral("1 inch"), true, 1.0);
+    row(QStringLiteral("1/4 in"), true, 0.25);
+    row(QStringLiteral("1 Inch"), true, 1.0);
+    row(QStringLiteral(u"25400 \u00b5m"), true, 1.0);
+    row(QStringLiteral(u"25400 \u03bcm"), true, 1.0);
+    row(QStringLiteral("2.54E-2 m"), true, 1.0);
+    row(QStringLiteral("1,500 mm"), false, 0.0);
+    row(QStringLiteral("1,500"), false, 0.0);
+    row(QStringLiteral("25.4 kg"), false, 25.4);  // the number as typed
+    row(QStringLiteral("-254 mm"), false, -10.0); // below the range
+    row(QStringLiteral("mm"), false, 0.0);
+    row(QString(), false, 0.0);
+    row(QStringLiteral("25,4mm"), true, 1.0, true);
+    row(QStringLiteral("25.4mm"), true, 1.0, true);
+    row(QStringLiteral("1.500,25 mm"), false, 0.0, true);
+    row(QStringLiteral("1/2,5 in"), true, 0.4, true);
+}
+
+void tst_BVFormatter::typedText()
+{
+    QFETCH(bool, german);
+    QFETCH(QString, text);
+    QFETCH(double, inches);
+    if (german)
+        QLocale::setDefault(QLocale(QLocale::German));
+    BVFormatter formatter;
+    formatter.setValueUnit(QStringLiteral("inch"));
+    formatter.getValidator()->setBottom(0.0);
+    bool ok = false;
+    const double value = formatter.valueFromText(text, ok);
+    QTEST(ok, "ok");
+    QVERIFY2(std::fabs(value - inches) < 1e-12, qPrintable(QString::number(value, 'g', 17)));
+}
+
+void tst_BVFormatter::suffixIsIgnoredInTypedText()
+{
+    BVFormatter formatter;
+    formatter.setValueUnit(QStringLiteral("mm"));
+    formatter.setSuffix(QStringLiteral(" (min. 5)"));
+    const QString text = formatter.textFromValue(7.5);
+    QCOMPARE(text, QStringLiteral("7.50 mm (min. 5)"));
+    bool ok = false;
+    QCOMPARE(formatter.valueFromText(text, ok), 7.5);
+    QVERIFY(ok);
+}
+
+void tst_BVFormatter::roundTrip_data()
+{
+    QTest::addColumn<int>("notation");
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<bool>("german");
+
+    const char *const notations[] = {"fixed", "scientific", "automatic", "engineering", "general"};
+    const QString units[] = {QString(),
+                             QStringLiteral("inch"),
+                             QStringLiteral("degF"),
+                             QStringLiteral("um"),
+                             QStringLiteral("dm^2"),
+                             QStringLiteral("1/min"),
+                             QStringLiteral("EUR"),
+                             QStringLiteral("%")};
+    for (int notation = 0; notation < 5; ++notation) {
+        for (const QString &unit : units) {
+            for (const bool german : {false, true})
+                QTest::addRow("%s, %s, %s", notations[notation],
+                              unit.isEmpty() ? "no unit" : qPrintable(unit),
+                              german ? "german" : "english")
+                    << notation << unit << german;
+        }
+    }
+}
+
+void tst_BVFormatter::roundTrip()
+{
+    QFETCH(int, notation);
+    QFETCH(QString, unit);
+    QFETCH(bool, german);
+    QLocale::setDefault(QLocale(german ? QLocale::German : QLocale::English));
+    BVFormatter formatter;
+    QVERIFY(formatter.setValueUnit(unit));
+    formatter.setNotation(static_cast<BVFormatter::OutputNotation>(notation));
+    std::mt19937_64 random(qHash(unit) + static_cast<uint>(notation));
+    for (int i = 0; i < 400; ++i) {
+        const double value = randomValue(random, i % 2 == 0 ? 300 : 12);
+        formatter.setDecimals(i % 10);
+        formatter.setCutUnnecessaryDigits(i % 3 == 0);
+        for (const bool full : {false, true}) {
+            const QString text = formatter.textFromValue(value, full);
+            QString typedUnit;
+            bool ok = false;
+            const double read = formatter.pureValueFromText(text, typedUnit, ok);
+            QVERIFY2(ok, qPrintable(text));
+            QCOMPARE(typedUnit, formatter.displayUnit());
+            const double display = formatter.valueToDisplayValue(value);
+            const double slack = 1.01 * s_nudge + 1e-15 * std::fabs(display);
+            const double allowed = 0.5 * lastDigit(text) * (1.0 + 1e-9) + slack;
+            QVERIFY2(
+                std::fabs(read - display) <= allowed,
+                qPrintable(QStringLiteral("%1 shown as %2").arg(display, 0, 'g', 17).arg(text)));
+            QCOMPARE(formatter.valueFromText(text, ok), formatter.displayValueToValue(read));
+        }
+    }
+}
+
+void tst_BVFormatter::valueUnit()
+{
+    BVFormatter formatter;
+    QSignalSpy changed(&formatter, &BVFormatter::settingsChanged);
+    QVERIFY(!formatter.setValueUnit(QStringLiteral("nonsense")));
+    QVERIFY(!formatter.setValueUnit(QStringLiteral("mete"))); // only the start of a name
+    QVERIFY(formatter.setValueUnit(QString()));               // as before
+    QCOMPARE(changed.count(), 0);
+    QVERIFY(formatter.setValueUnit(QStringLiteral("inch")));
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(formatter.displayUnit(), QStringLiteral("mm"));
+    QCOMPARE(formatter.decimals(), 2);
+    QCOMPARE(formatter.getValidator()->baseUnit(), QStringLiteral("inch"));
+
+    double result = 7.0;
+    QVERIFY(!formatter.valueToUnit(1.0, QStringLiteral("kg"), result));
+    QCOMPARE(result, 7.0);
+    QVERIFY(formatter.valueToUnit(1.0, QStringLiteral("cm"), result));
+    QCOMPARE(result, 2.54);
+    QVERIFY(formatter.valueFromUnit(2.54, QStringLiteral("cm"), result));
+    QCOMPARE(result, 1.0);
+    QVERIFY(formatter.setValueUnit(QString()));
+    QCOMPARE(formatter.textFromValue(1.0), QStringLiteral("1.000"));
+}
+
+void tst_BVFormatter::displayUnitFollowsTheChoice()
+{
+    UnitsConfiguration &choice = UnitsConfiguration::instance();
+    BVFormatter formatter;
+    formatter.setValueUnit(QStringLiteral("mm"));
+    QStringList order;
+    connect(&formatter, &BVFormatter::unitChanged, this, [&] { order << QStringLiteral("unit"); });
+    connect(&formatter, &BVFormatter::settingsChanged, this,
+            [&] { order << QStringLiteral("settings"); });
+
+    choice.setCurrentUnit(UnitsConfiguration::Mass, QStringLiteral("t"));
+    QCOMPARE(order, QStringList());
+    choice.setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("m"));
+    QCOMPARE(order, (QStringList{QStringLiteral("unit"), QStringLiteral("settings")}));
+    QCOMPARE(formatter.textFromValue(1500.0), QStringLiteral("1.50000 m"));
+
+    formatter.setGlobalOff(QStringLiteral("inch"));
+    order.clear();
+    choice.setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("mm"));
+    QCOMPARE(order, QStringList());
+    formatter.setGlobalOn();
+    QCOMPARE(order, QStringList{QStringLiteral("settings")});
+    QCOMPARE(formatter.textFromValue(1500.0), QStringLiteral("1500.00 mm"));
+}
+
+void tst_BVFormatter::fixedDisplayUnit()
+{
+    BVFormatter formatter;
+    formatter.setValueUnit(QStringLiteral("mm"));
+    QVERIFY(!formatter.setGlobalOff(QStringLiteral("nonsense")));
+    QVERIFY(!formatter.setGlobalOff(QStringLiteral("kg")));
+    QVERIFY(formatter.isGlobalOn());
+    QVERIFY(formatter.setGlobalOff(QStringLiteral("m")));
+    QCOMPARE(formatter.textFromValue(1500.0), QStringLiteral("1.50000 m"));
+
+    QVERIFY(formatter.setValueUnit(QStringLiteral("inch"))); // keeps the display unit
+    QCOMPARE(formatter.displayUnit(), QStringLiteral("m"));
+    QVERIFY(formatter.setValueUnit(QStringLiteral("kg"))); // cannot keep it
+    QCOMPARE(formatter.textFromValue(1.5), QStringLiteral("1.500 kg"));
+
+    BVFormatter without;
+    QVERIFY(!without.setGlobalOff(QStringLiteral("mm")));
+    QVERIFY(without.setGlobalOff(QString()));
+    QVERIFY(without.setValueUnit(QStringLiteral("psi")));
+    QCOMPARE(without.textFromValue(1.5), QStringLiteral("1.50 psi"));
+}
+
+void tst_BVFormatter::decimalsFollowTheUnitUntilSet()
+{
+    BVFormatter formatter;
+    formatter.setValueUnit(QStringLiteral("N"));
+    QCOMPARE(formatter.decimals(), 1); // kN
+    formatter.setAdditionalDecimals(2);
+    QCOMPARE(formatter.decimals(), 3);
+    formatter.setDecimals(5);
+    formatter.setAdditionalDecimals(0);
+    formatter.setGlobalOff(QStringLiteral("N"));
+    QCOMPARE(formatter.decimals(), 5);
+    formatter.setDecimals(0); // what "N" asks for
+    formatter.setGlobalOn();
+    QCOMPARE(formatter.decimals(), 1);
+}
+
+void tst_BVFormatter::settingsAreClampedAndAnnounced()
+{
+    BVFormatter formatter;
+    QSignalSpy changed(&formatter, &BVFormatter::settingsChanged);
+    formatter.setDecimals(-4);
+    QCOMPARE(formatter.decimals(), 0);
+    formatter.setDecimals(100000);
+    QCOMPARE(formatter.decimals(), BVFormatter::s_maxDecimals);
+    formatter.setFieldWidth(std::numeric_limits<int>::min());
+    QCOMPARE(formatter.fieldWidth(), -BVFormatter::s_maxFieldWidth);
+    formatter.setPrecision(4);
+    QCOMPARE(formatter.getValidator()->decimals(), 4);
+    QCOMPARE(changed.count(), 4);
+    formatter.setPrecision(4);
+    formatter.setFillChar('0');
+    formatter.includeUnit(true);
+    formatter.setEmpty(true, false);
+    formatter.checkForEmptyValue(true, s_nan);
+    QCOMPARE(changed.count(), 4);
+    QVERIFY(!formatter.isCheckForEmptyValue());
+}
+
+void tst_BVFormatter::copiesAllSettings()
+{
+    BVFormatter source;
+    source.setValueUnit(QStringLiteral("mm"));
+    source.setGlobalOff(QStringLiteral("m"));
+    source.setNotation(BVFormatter::Scientific);
+    source.setDecimals(4);
+    source.setSuffix(QStringLiteral("!"));
+    source.getValidator()->setRange(0.0, 10.0, 4);
+    BVFormatter copy;
+    QSignalSpy changed(&copy, &BVFormatter::settingsChanged);
+    copy.copyFrom(nullptr);
+    QCOMPARE(changed.count(), 0);
+    copy.copyFrom(&source);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(copy.textFromValue(1500.0), QStringLiteral("1.5000E+00 m!"));
+    QCOMPARE(copy.textFromValue(1500.0), source.textFromValue(1500.0));
+    bool ok = true;
+    copy.valueFromText(QStringLiteral("11 mm"), ok);
+    QVERIFY(!ok);
+}
+
+void tst_BVFormatter::elides()
+{
+    const QFontMetrics metrics(QGuiApplication::font());
+    const BVFormatter formatter;
+    QString text = QStringLiteral("123456.789 mm");
+    QVERIFY(!formatter.elideText(text, 10000, metrics));
+    QVERIFY(
+        formatter.elideText(text, metrics.horizontalAdvance(QStringLiteral("123456")), metrics));
+    QVERIFY(text.endsWith(QChar(0x2026)));
+}
+
+void tst_BVFormatter::oneShots_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+
+    const QString inch = QStringLiteral("inch");
+    QTest::newRow("in the chosen unit") << BVFormatter::toString(1.0, inch) << "25.40 mm";
+    QTest::newRow("decimals") << BVFormatter::toString(1.0, inch, 0) << "25 mm";
+    QTest::newRow("standard string")
+        << QString::fromStdString(BVFormatter::toStdString(1.0, QStringLiteral("um")))
+        << QStringLiteral(u"1.000 \u00b5m");
+    QTest::newRow("no conversion")
+        << BVFormatter::toStringWithoutConversion(1.0, inch) << "1.000 inch";
+    QTest::newRow("measurement") << BVFormatter::toStringMeasurement(1.0, inch) << "25.4 mm";
+    QTest::newRow("large measurement")
+        << BVFormatter::toStringMeasurement(1e4, inch) << "254E+3 mm";
+    QTest::newRow("engineering") << BVFormatter::toEngineeringString(1e4, inch) << "254.00E+3 mm";
+    QTest::newRow("label") << BVFormatter::toStringRuvixLabel(2.0, inch) << "50.8 mm";
+    QTest::newRow("label of nothing") << BVFormatter::toStringRuvixLabel(s_nan, inch) << "- mm";
+    QTest::newRow("no unit") << BVFormatter::toString(-0.0001, QString()) << "0.000";
+    QTest::newRow("unknown unit") << BVFormatter::toString(1.0, QStringLiteral("foo"))
+                                  << "1.000 foo";
+}
+
+void tst_BVFormatter::oneShots()
+{
+    QFETCH(QString, text);
+    QTEST(text, "expected");
+}
+
+QTEST_MAIN(tst_BVFormatter)
+#include "tst_bvformatter.moc"
