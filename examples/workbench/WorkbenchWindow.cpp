@@ -195,9 +195,7 @@ void WorkbenchWindow::createExamplesMenu()
 
 void WorkbenchWindow::newSetup()
 {
-    ProcessSetup setup;
-    setup.setTitle(tr("New set-up"));
-    m_form->setSetup(setup);
+    m_form->setSetup(ProcessSetup());
     setFileName(QString());
 }
 
@@ -249,6 +247,8 @@ bool WorkbenchWindow::save()
 
 bool WorkbenchWindow::saveAs()
 {
+    if (!isReadyToSave())
+        return false;
     QFileDialog dialog(this, tr("Save the set-up"), QFileInfo(m_fileName).path(), fileFilter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("xml"));
@@ -256,16 +256,23 @@ bool WorkbenchWindow::saveAs()
     return dialog.exec() == QDialog::Accepted && saveFile(dialog.selectedFiles().constFirst());
 }
 
-bool WorkbenchWindow::saveFile(const QString &path)
+/// Takes over what is being typed; tells the user when that leaves fields that need input.
+bool WorkbenchWindow::isReadyToSave()
 {
     m_form->takeOver();
     const QStringList fields = m_form->fieldsNeedingInput();
-    if (!fields.isEmpty()) {
-        showError(tr("The set-up cannot be saved yet."),
-                  tr("These fields need input: %1.").arg(fields.join(QStringLiteral(", "))));
-        m_form->focusNextNeedingInput();
+    if (fields.isEmpty())
+        return true;
+    showError(tr("The set-up cannot be saved yet."),
+              tr("These fields need input: %1.").arg(fields.join(QStringLiteral(", "))));
+    m_form->focusNextNeedingInput();
+    return false;
+}
+
+bool WorkbenchWindow::saveFile(const QString &path)
+{
+    if (!isReadyToSave())
         return false;
-    }
     QString error;
     if (!SetupFile::write(path, m_form->setup(), error)) {
         showError(tr("The set-up cannot be saved."), error);
@@ -288,7 +295,8 @@ void WorkbenchWindow::setFileName(const QString &path)
     m_fileName = path;
     m_documentName = path.isEmpty() ? tr("untitled.xml") : QFileInfo(path).fileName();
     const ProcessSetup setup = m_form->setup();
-    m_title->setText(setup.title().isEmpty() ? m_documentName : setup.title());
+    const QString substitute = path.isEmpty() ? tr("New set-up") : m_documentName;
+    m_title->setText(setup.title().isEmpty() ? substitute : setup.title());
     m_source->setText(setup.source());
     m_source->setVisible(!setup.source().isEmpty());
     updateTitle();

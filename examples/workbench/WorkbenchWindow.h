@@ -63,6 +63,7 @@ private:
     void rememberFile();
     void updateTitle();
     bool mayDropChanges();
+    bool isReadyToSave();
     void showError(const QString &text, const QString &detail);
     void showUnits();
 
