@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+/// One group of the process set-up: a section of the file and a box of the form.
+struct SetupGroup
+{
+    const char *key;   ///< the element of the file
+    const char *title; ///< with the mnemonic that leads to the group's first field
+    int column;        ///< of the form
+};
+
+/// One field of the process set-up. The form, the files and the model all follow from the table of
+/// these.
+struct SetupField
+{
+    enum Kind { Number, Text };
+
+    Kind kind;
+    int group;          ///< index of the group
+    const char *key;    ///< the element of the file
+    const char *label;  ///< English, to be translated in the context "SetupFields"
+    const char *symbol; ///< the usual symbol; may be empty
+    const char *unit;   ///< the unit in which the value is held; empty for none
+    double minimum;     ///< in that unit
+    double maximum;     ///< in that unit
+    int extraDecimals;  ///< decimals beyond those that are usual for the unit; may be negative
+    const char *toolTip;
+
+    QString unitText() const { return QString::fromUtf8(unit); }
+    QString keyText() const { return QString::fromLatin1(key); }
+    QString labelText() const;
+};
+
+namespace SetupFields {
+
+const std::vector<SetupGroup> &groups();
+/// All fields, group by group, in the order of the form.
+const std::vector<SetupField> &fields();
+int count();
+const SetupField &field(int index);
+
+/// The index of the group of that key, or -1.
+int findGroup(const QString &key);
+/// The index of the field of that key in the group, or -1.
+int findField(int group, const QString &key);
+
+/// A text of the table in the user's language.
+QString translated(const char *text);
+
+} // namespace SetupFields

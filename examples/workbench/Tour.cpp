@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: MIT
+#include "Tour.h"
+
+#include "FieldEditor.h"
+#include "PreferencesDialog.h"
+#include "SetupFields.h"
+#include "SetupForm.h"
+#include "StatusSummary.h"
+#include "WorkbenchWindow.h"
+
+#include <BVCheckBox.h>
+#include <BVComboBox.h>
+#include <BVLineEdit.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QGroupBox>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QToolTip>
+
+namespace {
+
+constexpr QSize s_windowSize(1040, 780); // px
+constexpr int s_windowTime = 2000;       // ms that a window may take to become active
+constexpr int s_toolTipGap = 4;          // px
+constexpr int s_biggerFont = 13;         // pt
+
+void settle()
+{
+    // Twice: what is posted while posted events are handled waits for the next turn.
+    QApplication::processEvents();
+    QApplication::processEvents();
+}
+
+/// Waits for the window to become the active one; not every window system makes it that.
+void activate(QWidget *window)
+{
+    window->activateWindow();
+    QElapsedTimer timer;
+    timer.start();
+    while (!window->isActiveWindow() && timer.elapsed() < s_windowTime)
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+void sendKey(QWidget *widget, int key, const QString &text = QString(),
+             Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+    QApplication::sendEvent(widget, &press);
+    QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
+    QApplication::sendEvent(widget, &release);
+}
+
+/// The window with the dialog in its middle, as a person sees them.
+QPixmap withDialog(QWidget *window, QWidget *dialog)
+{
+    QPixmap picture = window->grab();
+    QPainter painter(&picture);
+    painter.fillRect(window->rect(), QColor(0, 0, 0, 70));
+    const QRect frame(window->rect().center() - dialog->rect().center(), dialog->size());
+    painter.fillRect(frame.adjusted(-1, -1, 1, 1), QColor(55, 55, 55));
+    painter.drawPixmap(frame.topLeft(), dialog->grab());
+    return picture;
+}
+
+/// The window with the tool tip of one of its widgets below that widget.
+QPixmap withToolTip(QWidget *window, QWidget *widget)
+{
+    QHelpEvent event(QEvent::ToolTip, QPoint(), widget->mapToGlobal(QPoint()));
+    QApplication::sendEvent(widget, &event);
+    settle();
+    QPixmap picture = window->grab();
+    const QWidgetList topLevels = QApplication::topLevelWidgets();
+    for (QWidget *tip : topLevels) {
+        if (!tip->inherits("QTipLabel") || !tip->isVisible())
+            continue;
+        QPoint position = widget->mapTo(window, QPoint(0, widget->height() + s_toolTipGap));
+        position.setX(qMin(position.x(), window->width() - tip->width() - s_toolTipGap));
+        QPainter painter(&picture);
+        painter.drawPixmap(position, tip->grab());
+    }
+    QToolTip::hideText();
+    return picture;
+}
+
+} // namespace
+
+Tour::Tour(WorkbenchWindow &window, const QString &directory)
+    : m_window(window)
+    , m_directory(directory)
+{
+}
+
+QString Tour::report() const
+{
+    return m_failure.isEmpty()
+               ? QStringLiteral("Pictures: %1").arg(QDir(m_directory).absolutePath())
+               : m_failure;
+}
+
+bool Tour::run()
+{
+    return prepare() && openSteel() && chooseInch() && typeMillimetres() && typeUnacceptable() &&
+           openPreferences() && useLightVersion() && useBiggerFont() && openAluminium() &&
+           refuseFile();
+}
+
+bool Tour::prepare()
+{
+    QApplication::setCursorFlashTime(0); // a cursor that blinks would make the pictures differ
+    m_window.resize(s_windowSize);
+    m_window.show();
+    activate(&m_window);
+    return expect(QDir().mkpath(m_directory), QStringLiteral("the directory can be made"));
+}
+
+bool Tour::openSteel()
+{
+    m_window.openExample(QStringLiteral(":/Setups/square-cup-steel.xml"));
+    return expectText(field("blank", "thickness"), QStringLiteral("0.78 mm")) &&
+           expectText(field("material", "youngsModulus"), QStringLiteral("206000 MPa")) &&
+           picture(QStringLiteral("steel"));
+}
+
+bool Tour::chooseInch()
+{
+    const bool chosen = withPreferences([](PreferencesDialog *dialog) {
+        BVComboBox *box = dialog->unitBox(UnitsConfiguration::Length);
+        box->setCurrentIndex(box->findData(QStringLiteral("inch")));
+    });
+    return chosen && expectText(field("blank", "length"), QStringLiteral("5.9055 inch")) &&
+           picture(QStringLiteral("inch"));
+}
+
+bool Tour::typeMillimetres()
+{
+    BVLineEdit *width = field("tools", "punchWidth");
+    type(width, QStringLiteral("25.4mm"));
+    sendKey(width, Qt::Key_Return, QStringLiteral("\r"));
+    settle();
+    return expectText(width, QStringLiteral("1 inch")) &&
+           expect(width->isUserEditStatus() && width->isDifferentStatus(),
+                  QStringLiteral("the field is marked as edited and different")) &&
+           expect(m_window.isWindowModified(), QStringLiteral("the window is modified")) &&
+           picture(QStringLiteral("typed"));
+}
+
+bool Tour::typeUnacceptable()
+{
+    BVLineEdit *gap = field("tools", "gap");
+    type(gap, QStringLiteral("5 kg"));
+    sendKey(gap, Qt::Key_Return, QStringLiteral("\r"));
+    settle();
+    const QGroupBox *tools =
+        m_window.form()->groupBox(SetupFields::findGroup(QStringLiteral("tools")));
+    return expectText(gap, QStringLiteral("5 kg")) &&
+           expect(gap->isNeedInputStatus(), QStringLiteral("the field needs input")) &&
+           expect(tools->property("needInputStatus").toBool(),
+                  QStringLiteral("the group needs input")) &&
+           expect(m_window.summary()->text() == QStringLiteral("1 field needs input"),
+                  QStringLiteral("the status bar counts the field")) &&
+           write(QStringLiteral("unacceptable"), withToolTip(&m_window, gap));
+}
+
+bool Tour::openPreferences()
+{
+    m_window.showPreferences();
+    settle();
+    PreferencesDialog *dialog = preferences();
+    if (!expect(dialog, QStringLiteral("the preferences open")))
+        return false;
+    const bool written = write(QStringLiteral("preferences"), withDialog(&m_window, dialog));
+    dialog->reject();
+    settle();
+    return written;
+}
+
+bool Tour::useLightVersion()
+{
+    const QString before = qApp->styleSheet();
+    return withPreferences(
+               [](PreferencesDialog *dialog) { dialog->lightVersionBox()->setChecked(true); }) &&
+           expect(qApp->styleSheet() != before, QStringLiteral("the style sheet changes")) &&
+           picture(QStringLiteral("light"));
+}
+
+bool Tour::useBiggerFont()
+{
+    const int before = m_window.form()->fontMetrics().height();
+    return withPreferences([](PreferencesDialog *dialog) {
+               BVComboBox *box = dialog->fontSizeBox();
+               box->setCurrentIndex(box->findData(QString::number(s_biggerFont)));
+           }) &&
+           expect(m_window.form()->fontMetrics().height() > before,
+                  QStringLiteral("the font grows")) &&
+           picture(QStringLiteral("bigger_font"));
+}
+
+bool Tour::openAluminium()
+{
+    const bool restored =
+        withPreferences([](PreferencesDialog *dialog) { dialog->showDefaults(); });
+    m_window.openExample(QStringLiteral(":/Setups/square-cup-aluminium.xml"));
+    return restored && expectText(field("blank", "thickness"), QStringLiteral("0.81 mm")) &&
+           expect(!m_window.isWindowModified(), QStringLiteral("the window is not modified")) &&
+           expect(m_window.summary()->text() == QStringLiteral("All values are set"),
+                  QStringLiteral("no field needs input")) &&
+           picture(QStringLiteral("aluminium"));
+}
+
+bool Tour::refuseFile()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("cup.xml"));
+    QFile file(path);
+    if (!expect(file.open(QIODevice::WriteOnly), QStringLiteral("a file can be written")))
+        return false;
+    file.write("<processSetup version=\"1\">\n  <blank>\n    <length unit=\"kg\">150</length>\n");
+    file.close();
+    const bool opened = m_window.openFile(path);
+    settle();
+    auto *box = m_window.findChild<QMessageBox *>(QStringLiteral("errorBox"));
+    if (!expect(!opened && box, QStringLiteral("the file is refused")) ||
+        !expect(box->informativeText().startsWith(QStringLiteral("cup.xml:3: ")),
+                QStringLiteral("the message names file and line")) ||
+        !write(QStringLiteral("refused"), withDialog(&m_window, box)))
+        return false;
+    box->accept();
+    return expectText(field("blank", "thickness"), QStringLiteral("0.81 mm"));
+}
+
+BVLineEdit *Tour::field(const char *group, const char *key) const
+{
+    const int index =
+        SetupFields::findField(SetupFields::findGroup(QLatin1String(group)), QLatin1String(key));
+    return m_window.form()->editor(index)->edit();
+}
+
+void Tour::type(BVLineEdit *edit, const QString &text)
+{
+    edit->setFocus(Qt::TabFocusReason);
+    edit->selectAll();
+    for (const QChar c : text)
+        sendKey(edit, c.toUpper().unicode(), QString(c));
+    settle();
+}
+
+PreferencesDialog *Tour::preferences() const
+{
+    return m_window.findChild<PreferencesDialog *>();
+}
+
+template <typename Change>
+bool Tour::withPreferences(Change change)
+{
+    m_window.showPreferences();
+    settle();
+    PreferencesDialog *dialog = preferences();
+    if (!expect(dialog, QStringLiteral("the preferences open")))
+        return false;
+    change(dialog);
+    dialog->apply();
+    dialog->accept();
+    // Its deletion is deferred; the next preferences must be the only ones.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    settle();
+    activate(&m_window);
+    return true;
+}
+
+bool Tour::expect(bool holds, const QString &what)
+{
+    if (!holds && m_failure.isEmpty())
+        m_failure = QStringLiteral("After picture %1, expected that %2.").arg(m_number).arg(what);
+    return holds;
+}
+
+bool Tour::expectText(BVLineEdit *edit, const QString &text)
+{
+    return expect(edit->text() == text, QStringLiteral("field \"%1\" shows \"%2\", not \"%3\"")
+                                            .arg(edit->objectName(), text, edit->text()));
+}
+
+bool Tour::picture(const QString &name)
+{
+    settle();
+    return write(name, m_window.grab());
+}
+
+bool Tour::write(const QString &name, const QPixmap &pixmap)
+{
+    const QString file = QStringLiteral("%1/form_%2_%3.png")
+                             .arg(m_directory)
+                             .arg(++m_number, 2, 10, QLatin1Char('0'))
+                             .arg(name);
+    return expect(pixmap.save(file), QStringLiteral("\"%1\" can be written").arg(file));
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class BVLineEdit;
+class WorkbenchWindow;
+class PreferencesDialog;
+class QPixmap;
+
+/// Goes through the workbench as a person would, checks what it shows, and writes a numbered
+/// picture of each step.
+class Tour
+{
+public:
+    /// @p window must outlive the tour. The directory is made when it is missing.
+    Tour(WorkbenchWindow &window, const QString &directory);
+
+    /// Goes all the way, or to the first step that does not show what it should.
+    bool run();
+    /// What went wrong, or where the pictures are.
+    QString report() const;
+
+private:
+    bool prepare();
+    bool openSteel();
+    bool chooseInch();
+    bool typeMillimetres();
+    bool typeUnacceptable();
+    bool openPreferences();
+    bool useLightVersion();
+    bool useBiggerFont();
+    bool openAluminium();
+    bool refuseFile();
+
+    BVLineEdit *field(const char *group, const char *key) const;
+    void type(BVLineEdit *edit, const QString &text);
+    PreferencesDialog *preferences() const;
+    /// Opens the preferences, lets @p change set something, and presses OK.
+    template <typename Change>
+    bool withPreferences(Change change);
+    bool expect(bool holds, const QString &what);
+    bool expectText(BVLineEdit *edit, const QString &text);
+    /// Writes a picture of the window as it is.
+    bool picture(const QString &name);
+    bool write(const QString &name, const QPixmap &pixmap);
+
+    WorkbenchWindow &m_window;
+    QString m_directory;
+    QString m_failure;
+    int m_number = 0;
+};
