@@ -30,15 +30,18 @@ QString withDisplayUnit(const BVFormatter &formatter, const QString &text)
 class EditValidator : public QValidator
 {
 public:
-    explicit EditValidator(BVFormatter *formatter)
-        : QValidator(formatter)
-        , m_formatter(formatter)
+    explicit EditValidator(BVValueEdit *edit)
+        : QValidator(edit)
+        , m_edit(edit)
+        , m_formatter(edit->getFormatter())
     {
     }
 
     State validate(QString &text, int &position) const override
     {
         const BVUnitValidator *validator = m_formatter->getValidator();
+        if (showsAcceptableValue(text))
+            return Acceptable;
         QString complete = withDisplayUnit(*m_formatter, text);
         if (complete == text)
             return validator->validate(text, position);
@@ -47,6 +50,20 @@ public:
     }
 
 private:
+    /// The text that shows a value in range is acceptable, even if rounding took it out of range.
+    bool showsAcceptableValue(const QString &text) const
+    {
+        const double value = m_edit->value();
+        if (!(value >= m_edit->minimum() && value <= m_edit->maximum()) ||
+            text != m_edit->textFromValue(value, false))
+            return false;
+        QString number;
+        QString unit;
+        BVUnitValidator::split(text, number, unit);
+        return !number.isEmpty();
+    }
+
+    BVValueEdit *m_edit;
     BVFormatter *m_formatter;
 };
 
@@ -59,7 +76,7 @@ BVValueEdit::BVValueEdit(QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     m_formatter->setNotation(BVFormatter::Automatic);
     m_formatter->includeUnit(true);
-    setValidator(new EditValidator(m_formatter));
+    setValidator(new EditValidator(this));
     connect(m_formatter, &BVFormatter::settingsChanged, this, &BVValueEdit::onFormatterChanged);
     connect(this, &QLineEdit::textEdited, this, &BVValueEdit::onTextEdited);
     onUpdateDisplay();
