@@ -5,10 +5,12 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
 namespace {
 
@@ -18,12 +20,32 @@ void require(bool holds)
         std::abort();
 }
 
-QString textOf(const uint8_t *data, std::size_t size)
+/// A text that ends where its memory ends, so that reading past its end is seen.
+class ExactText
 {
-    QString text(static_cast<int>(size / 2), Qt::Uninitialized);
-    if (!text.isEmpty())
-        std::memcpy(text.data(), data, static_cast<std::size_t>(text.size()) * 2);
-    return text;
+public:
+    ExactText(const uint8_t *data, std::size_t size)
+        : m_units(new QChar[size])
+        , m_text(QString::fromRawData(m_units.get(), static_cast<int>(size)))
+    {
+        if (size > 0)
+            std::memcpy(static_cast<void *>(m_units.get()), data, size * sizeof(QChar));
+    }
+
+    const QString &text() const { return m_text; }
+
+private:
+    std::unique_ptr<QChar[]> m_units;
+    QString m_text; // shares m_units
+};
+
+/// The number of 16-bit units before the first line feed.
+std::size_t firstLength(const uint8_t *data, std::size_t size)
+{
+    std::size_t length = 0;
+    while (length < size && !(data[2 * length] == '\n' && data[2 * length + 1] == 0))
+        ++length;
+    return length;
 }
 
 void checkText(const QString &text)
@@ -35,8 +57,11 @@ void checkText(const QString &text)
     const QString unit = UnitConverter::getUnit(text);
     require(text.size() <= 12 || (check == UnitConverter::NotAUnit && unit.isEmpty()));
     require(check != UnitConverter::UnitName || !unit.isEmpty());
-    if (check == UnitConverter::CompleteUnit || check == UnitConverter::UnitName)
+    if (check == UnitConverter::CompleteUnit || check == UnitConverter::UnitName) {
+        double value = 3.25;
+        require(UnitConverter::convert(value, text, unit) && value == 3.25);
         require(UnitConverter::isConvertable(text, unit));
+    }
     for (const QString &other : UnitConverter::getConversionUnits(text))
         require(UnitConverter::isConvertable(other, text));
     require(UnitConverter::getConversionUnitNames(text).size() <= 103);
@@ -59,11 +84,13 @@ void checkPair(const QString &from, const QString &to)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, std::size_t size)
 {
-    const QString text = textOf(data, size);
-    const QString first = text.section(QLatin1Char('\n'), 0, 0);
-    const QString second = text.section(QLatin1Char('\n'), 1);
-    checkText(first);
-    checkText(second);
-    checkPair(first, second);
+    const std::size_t units = size / sizeof(QChar);
+    const std::size_t end = firstLength(data, units);
+    const std::size_t start = std::min(end + 1, units); // of the second text
+    const ExactText first(data, end);
+    const ExactText second(data + start * sizeof(QChar), units - start);
+    checkText(first.text());
+    checkText(second.text());
+    checkPair(first.text(), second.text());
     return 0;
 }

@@ -5,6 +5,8 @@
 #include "platform/ConfigWriter.h"
 #include "platform/ConfigurationObject.h"
 
+#include <QFileInfo>
+
 namespace Brimvale {
 
 ConfigurationManager &ConfigurationManager::instance()
@@ -22,7 +24,11 @@ ConfigurationManager::registerObject(std::unique_ptr<ConfigurationObject> object
     if (!object)
         return nullptr;
     const QString name = object->name();
-    return m_objects.try_emplace(name, std::move(object)).first->second.get();
+    const auto [it, isNew] = m_objects.try_emplace(name, std::move(object));
+    ConfigurationObject *const registered = it->second.get();
+    if (isNew)
+        reload(*registered);
+    return registered;
 }
 
 ConfigurationObject *ConfigurationManager::object(const QString &name) const
@@ -33,24 +39,38 @@ ConfigurationObject *ConfigurationManager::object(const QString &name) const
 
 bool ConfigurationManager::load(const QString &fileName)
 {
-    ConfigReader reader(fileName);
-    if (!reader.isValid())
+    const auto reader = std::make_shared<ConfigReader>(fileName);
+    if (!reader->isValid())
         return false;
+    m_loadedFile = QFileInfo(fileName).absoluteFilePath();
+    m_loaded = reader; // first: an object that is being loaded may have another one registered
     for (const auto &[name, object] : m_objects)
-        object->loadContent(reader);
+        object->loadContent(*reader);
     return true;
 }
 
-bool ConfigurationManager::save(const QString &fileName) const
+void ConfigurationManager::reload(ConfigurationObject &object) const
+{
+    const std::shared_ptr<ConfigReader> reader = m_loaded; // the object may have a file loaded
+    if (reader)
+        object.loadContent(*reader);
+}
+
+bool ConfigurationManager::save(const QString &fileName)
 {
     ConfigWriter writer(fileName);
     for (const auto &[name, object] : m_objects)
         object->saveContent(writer);
-    return writer.commit();
+    if (!writer.commit())
+        return false;
+    if (m_loaded && m_loadedFile == QFileInfo(fileName).absoluteFilePath())
+        m_loaded = std::make_shared<ConfigReader>(fileName);
+    return true;
 }
 
 void ConfigurationManager::setDefaultValues()
 {
+    m_loaded.reset();
     for (const auto &[name, object] : m_objects)
         object->setDefaultValues();
 }

@@ -9,11 +9,11 @@
 
 #include <array>
 #include <cstring>
-#include <iterator>
 #include <string_view>
 
 using UnitParser::Resolved;
 using UnitParser::TemperatureScale;
+using UnitParser::TextKind;
 
 namespace {
 
@@ -63,13 +63,14 @@ QHash<qint32, QString> textsByTag()
 
 std::u16string_view view(const QString &text)
 {
-    return {reinterpret_cast<const char16_t *>(text.utf16()),
+    // Not utf16(): where no NUL follows the text it changes the object, which threads may share.
+    return {reinterpret_cast<const char16_t *>(text.constData()),
             static_cast<std::size_t>(text.size())};
 }
 
 QString toString(std::u16string_view text)
 {
-    return QString::fromUtf16(text.data(), static_cast<int>(text.size()));
+    return QString(reinterpret_cast<const QChar *>(text.data()), static_cast<int>(text.size()));
 }
 
 template <typename Word>
@@ -174,24 +175,39 @@ double fromKelvin(double value, TemperatureScale scale)
     return scale == TemperatureScale::Fahrenheit ? value * 1.8 - 459.67 : value;
 }
 
-bool convertTemperature(double &value, TemperatureScale from, TemperatureScale to)
+double convertTemperature(double value, TemperatureScale from, TemperatureScale to)
 {
-    if (from != to)
-        value = fromKelvin(toKelvin(value, from), to);
-    return true;
+    return from == to ? value : fromKelvin(toKelvin(value, from), to);
 }
 
 bool convertResolved(double &value, const Resolved &from, const Resolved &to)
 {
     if (!from.isValid || !to.isValid)
         return false;
-    if (from.scale != TemperatureScale::None && to.scale != TemperatureScale::None)
-        return convertTemperature(value, from.scale, to.scale);
+    if (from.scale != TemperatureScale::None && to.scale != TemperatureScale::None) {
+        value = convertTemperature(value, from.scale, to.scale);
+        return true;
+    }
     if (from.unit.exponents != to.unit.exponents)
         return false;
     if (from.unit.factor != to.unit.factor)
         value = value * from.unit.factor / to.unit.factor;
     return true;
+}
+
+UnitConverter::UnitCheck checkOf(TextKind kind)
+{
+    switch (kind) {
+    case TextKind::NoUnit:
+        return UnitConverter::NotAUnit;
+    case TextKind::Expression:
+        return UnitConverter::CompleteUnit;
+    case TextKind::Name:
+        return UnitConverter::UnitName;
+    case TextKind::Incomplete:
+        return UnitConverter::IncompleteUnit;
+    }
+    return UnitConverter::NotAUnit;
 }
 
 QString withoutBrackets(QString text)
@@ -239,7 +255,10 @@ bool UnitConverter::convert(double &value, const QString &from, const QString &t
         return true;
     Cache &results = cache();
     const Resolved source = results.resolve(from);
-    return convertResolved(value, source, results.resolve(to));
+    const Resolved target = results.resolve(to);
+    if (source.isOutOfRange && target.isOutOfRange)
+        return UnitParser::isSameUnit(view(from), view(to));
+    return convertResolved(value, source, target);
 }
 
 bool UnitConverter::convert(double &value, Unit from, Unit to)
@@ -255,7 +274,7 @@ bool UnitConverter::isConvertable(const QString &from, const QString &to)
 
 UnitConverter::UnitCheck UnitConverter::isUnit(const QString &text)
 {
-    return static_cast<UnitCheck>(resolve(text).check);
+    return checkOf(resolve(text).kind);
 }
 
 QString UnitConverter::getUnit(const QString &text)
@@ -267,8 +286,7 @@ QString UnitConverter::getUnit(const QString &text)
 
 int UnitConverter::spanUnitStr(const QString &text)
 {
-    UnitParser::ParsedUnit unit;
-    return UnitParser::parse(view(text), unit);
+    return UnitParser::span(view(text));
 }
 
 QStringList UnitConverter::getUnits()

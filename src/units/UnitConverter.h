@@ -8,25 +8,28 @@
 #include <QString>
 #include <QStringList>
 
-/// Parses unit expressions such as "N/mm^2", "Kg*m/s^2" or "1/min" and converts values between
-/// them.
+/// Parses unit expressions such as "N/mm^2" or "1/min" and converts values between them.
 ///
 /// An expression is a product of terms, optionally divided by a second product: there is one "/" at
 /// most, and everything to its right is the denominator ("Kg/m*s^2" is kg/(m·s²)). A term is "1", a
 /// symbol, or a one-character prefix directly before a symbol, and may carry an exponent ("mm^-2").
 /// What is a symbol as it stands is never split into prefix and symbol ("min" is minutes). White
 /// space (the ASCII kinds) may stand around every token. A symbol ends where the next UTF-16 unit
-/// is neither a letter nor a decimal digit of any script nor "_"; single halves of surrogate pairs
-/// are none of these.
+/// is neither a letter nor a decimal digit of any script nor "_"; halves of surrogate pairs count
+/// as none of these.
 ///
-/// An exponent is at most 127 in magnitude: a digit that would exceed it is left unread. A power,
-/// factor or denominator that would take an exponent of a base unit out of [-128, 127], or the
-/// factor of the unit out of the finite, non-zero doubles, is left unread as a whole. What is left
-/// unread makes the expression incomplete.
+/// An exponent is at most 127 in magnitude: a digit that would exceed it is left unread, which
+/// makes the expression incomplete. A unit as a whole may be of any size. One in which an exponent
+/// of a base unit is outside [-128, 127] ("N^100"), or whose factor is not a finite, non-zero
+/// double, converts into no unit but itself.
 ///
 /// Texts longer than 12 UTF-16 units are no units. Currencies convert 1 : 1. Between "degC", "°C",
-/// "degF", "°F" and "K" offsets apply; any other unit of temperature ("mK") converts by factor
-/// only. Brackets are ignored: "(mm)" is "mm".
+/// "degF", "°F" and "K" offsets apply; any other unit of temperature converts by factor only: "mK",
+/// "K^1", and also "K " with white space behind it. White space before a unit changes nothing.
+///
+/// convert(), isConvertable(), isUnit(), getUnit() and the lists of conversion units ignore
+/// brackets: "(mm)" is "mm". For spanUnitStr() an expression ends at a bracket, and TagFromUnit()
+/// takes the text as it is.
 ///
 /// Every text is accepted, nothing throws, and all functions may be called from any thread.
 class BVWIDGETS_EXPORT UnitConverter
@@ -35,7 +38,8 @@ class BVWIDGETS_EXPORT UnitConverter
     Q_DECLARE_TR_FUNCTIONS(UnitConverter)
 
 public:
-    /// Tags of frequently used units, by which widgets declare their units.
+    /// Tags of frequently used units, by which widgets declare their units. A list of the
+    /// enumerators has Unit_None, too.
     enum Unit : qint32 {
         Unit_None = -1, ///< no tag
         Unit_mm = 0,
@@ -90,9 +94,11 @@ public:
     /// Whether the two convert into each other; so do texts that differ in brackets only.
     static bool isConvertable(const QString &from, const QString &to);
 
+    /// What the text is, its brackets ignored; NotAUnit if it has over 12 UTF-16 units with them.
     static UnitCheck isUnit(const QString &text);
     /// The normalised unit: the leading expression with brackets removed and "*" put between an
-    /// exponent and a letter behind it, or the symbol of a unit name. Empty if the text is neither.
+    /// exponent and a letter behind it, or the symbol of a unit name. Empty if the text is neither,
+    /// or longer than 12 UTF-16 units.
     static QString getUnit(const QString &text);
     /// The number of leading UTF-16 units that form an expression, white space behind it included;
     /// 0 if there is none. Texts of any length are read.

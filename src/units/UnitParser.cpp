@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "units/UnitParser_p.h"
 
-#include "units/UnitConverter.h"
 #include "units/UnitTable_p.h"
 
 #include <QChar>
@@ -17,8 +16,6 @@ namespace {
 
 constexpr int s_minExponent = -128; // range of qint8
 constexpr int s_maxExponent = 127;
-
-using RowUnit = ParsedUnit (*)(int row);
 
 bool isSpace(char16_t c)
 {
@@ -43,34 +40,43 @@ bool isWordUnit(char16_t c)
     return QChar::isLetter(c) || QChar::isDigit(c);
 }
 
-/// Stores factor and exponents in @p unit unless one of them is out of range.
-bool assign(ParsedUnit &unit, double factor, const std::array<int, s_baseUnitCount> &exponents)
+/// A unit while it is read, of any size. An exponent grows by a few hundred a term, so that no text
+/// is long enough to overflow it. A factor that has become 0, infinite or NaN never gets back.
+struct WideUnit
 {
-    const bool inRange = std::all_of(exponents.begin(), exponents.end(), [](int exponent) {
-        return exponent >= s_minExponent && exponent <= s_maxExponent;
-    });
-    if (!inRange || !std::isfinite(factor) || factor == 0.0)
+    double factor = 1.0;
+    std::array<qint64, s_baseUnitCount> exponents = {};
+};
+
+using RowUnit = WideUnit (*)(int row);
+
+/// Stores @p wide in @p unit if all its parts are in range.
+bool narrow(const WideUnit &wide, ParsedUnit &unit)
+{
+    const bool inRange =
+        std::all_of(wide.exponents.begin(), wide.exponents.end(), [](qint64 exponent) {
+            return exponent >= s_minExponent && exponent <= s_maxExponent;
+        });
+    if (!inRange || !std::isfinite(wide.factor) || wide.factor == 0.0)
         return false;
-    unit.factor = factor;
-    std::transform(exponents.begin(), exponents.end(), unit.exponents.begin(),
-                   [](int exponent) { return static_cast<qint8>(exponent); });
+    unit.factor = wide.factor;
+    std::transform(wide.exponents.begin(), wide.exponents.end(), unit.exponents.begin(),
+                   [](qint64 exponent) { return static_cast<qint8>(exponent); });
     return true;
 }
 
-bool multiply(ParsedUnit &unit, const ParsedUnit &other)
+void multiply(WideUnit &unit, const WideUnit &other)
 {
-    std::array<int, s_baseUnitCount> exponents;
-    std::transform(unit.exponents.begin(), unit.exponents.end(), other.exponents.begin(),
-                   exponents.begin(), [](int a, int b) { return a + b; });
-    return assign(unit, unit.factor * other.factor, exponents);
+    unit.factor *= other.factor;
+    for (std::size_t base = 0; base < s_baseUnitCount; ++base)
+        unit.exponents[base] += other.exponents[base];
 }
 
-bool divide(ParsedUnit &unit, const ParsedUnit &other)
+void divide(WideUnit &unit, const WideUnit &other)
 {
-    std::array<int, s_baseUnitCount> exponents;
-    std::transform(unit.exponents.begin(), unit.exponents.end(), other.exponents.begin(),
-                   exponents.begin(), [](int a, int b) { return a - b; });
-    return assign(unit, unit.factor / other.factor, exponents);
+    unit.factor /= other.factor;
+    for (std::size_t base = 0; base < s_baseUnitCount; ++base)
+        unit.exponents[base] -= other.exponents[base];
 }
 
 double powerOf(double factor, int exponent)
@@ -84,12 +90,11 @@ double powerOf(double factor, int exponent)
     return exponent < 0 ? 1.0 / result : result;
 }
 
-bool raise(ParsedUnit &unit, int exponent)
+void raise(WideUnit &unit, int exponent)
 {
-    std::array<int, s_baseUnitCount> exponents;
-    std::transform(unit.exponents.begin(), unit.exponents.end(), exponents.begin(),
-                   [exponent](int e) { return e * exponent; });
-    return assign(unit, powerOf(unit.factor, exponent), exponents);
+    unit.factor = powerOf(unit.factor, exponent);
+    for (qint64 &baseExponent : unit.exponents)
+        baseExponent *= exponent;
 }
 
 /// Recursive descent over one text. A step that fails leaves the position where it was; every token
@@ -105,14 +110,14 @@ public:
     }
 
     /// The length of the expression, or 0.
-    int quotient(ParsedUnit &unit);
+    int quotient(WideUnit &unit);
 
 private:
-    bool product(ParsedUnit &unit);
-    bool term(ParsedUnit &unit);
-    bool atom(ParsedUnit &unit);
-    bool symbol(std::size_t at, ParsedUnit &unit);
-    void power(ParsedUnit &unit);
+    bool product(WideUnit &unit);
+    bool term(WideUnit &unit);
+    bool atom(WideUnit &unit);
+    bool symbol(std::size_t at, WideUnit &unit);
+    void power(WideUnit &unit);
     int exponent();
 
     bool at(char16_t c) const { return m_position < m_text.size() && m_text[m_position] == c; }
@@ -124,42 +129,46 @@ private:
     std::size_t m_position = 0;
 };
 
-int Parser::quotient(ParsedUnit &unit)
+int Parser::quotient(WideUnit &unit)
 {
-    ParsedUnit result;
+    WideUnit result;
     if (!product(result))
         return 0;
     const std::size_t end = m_position;
-    ParsedUnit denominator;
-    if (take(u'/') && !(product(denominator) && divide(result, denominator)))
+    WideUnit denominator;
+    if (take(u'/') && product(denominator))
+        divide(result, denominator);
+    else
         m_position = end;
     unit = result;
     return static_cast<int>(m_position);
 }
 
-bool Parser::product(ParsedUnit &unit)
+bool Parser::product(WideUnit &unit)
 {
     if (!term(unit))
         return false;
     std::size_t end = m_position;
-    ParsedUnit factor;
-    while (take(u'*') && term(factor) && multiply(unit, factor))
+    WideUnit factor;
+    while (take(u'*') && term(factor)) {
+        multiply(unit, factor);
         end = m_position;
+    }
     m_position = end;
     return true;
 }
 
-bool Parser::term(ParsedUnit &unit)
+bool Parser::term(WideUnit &unit)
 {
     if (take(u'1'))
-        unit = ParsedUnit();
+        unit = WideUnit();
     else if (!atom(unit))
         return false;
     power(unit);
     return true;
 }
 
-bool Parser::atom(ParsedUnit &unit)
+bool Parser::atom(WideUnit &unit)
 {
     if (symbol(m_position, unit))
         return true;
@@ -173,7 +182,7 @@ bool Parser::atom(ParsedUnit &unit)
 
 // Only the first unit of a symbol may be something else than a letter ("°C"), so that the one
 // symbol that can match ends where the letters end.
-bool Parser::symbol(std::size_t at, ParsedUnit &unit)
+bool Parser::symbol(std::size_t at, WideUnit &unit)
 {
     if (at >= m_text.size())
         return false;
@@ -191,7 +200,7 @@ bool Parser::symbol(std::size_t at, ParsedUnit &unit)
     return true;
 }
 
-void Parser::power(ParsedUnit &unit)
+void Parser::power(WideUnit &unit)
 {
     const std::size_t start = m_position;
     if (!take(u'^'))
@@ -200,8 +209,10 @@ void Parser::power(ParsedUnit &unit)
     if (!negative)
         take(u'+');
     const int magnitude = exponent();
-    if (magnitude < 0 || !raise(unit, negative ? -magnitude : magnitude))
+    if (magnitude < 0)
         m_position = start;
+    else
+        raise(unit, negative ? -magnitude : magnitude);
 }
 
 /// The number at the position, up to the digit that would overflow; -1 if there is none.
@@ -235,10 +246,10 @@ void Parser::skipSpace()
 }
 
 /// Works a row out from the definitions of the table.
-ParsedUnit computeRow(int row)
+WideUnit computeRow(int row)
 {
     const UnitTable::Row &entry = UnitTable::row(row);
-    ParsedUnit unit;
+    WideUnit unit;
     if (entry.base >= 0)
         unit.exponents[static_cast<std::size_t>(entry.base)] = 1;
     else
@@ -247,12 +258,18 @@ ParsedUnit computeRow(int row)
     return unit;
 }
 
-std::array<ParsedUnit, UnitTable::s_rowCount> computeRows()
+std::array<WideUnit, UnitTable::s_rowCount> computeRows()
 {
-    std::array<ParsedUnit, UnitTable::s_rowCount> units;
+    std::array<WideUnit, UnitTable::s_rowCount> units;
     for (int row = 0; row < UnitTable::s_rowCount; ++row)
         units[static_cast<std::size_t>(row)] = computeRow(row);
     return units;
+}
+
+WideUnit wideRowUnit(int row)
+{
+    static const std::array<WideUnit, UnitTable::s_rowCount> s_units = computeRows();
+    return s_units[static_cast<std::size_t>(row)];
 }
 
 struct Temperature
@@ -267,18 +284,17 @@ constexpr Temperature s_temperatures[] = {
     {u"\u00B0F", TemperatureScale::Fahrenheit},
 };
 
-std::u16string_view trimmed(std::u16string_view text)
+std::u16string_view withoutLeadingSpace(std::u16string_view text)
 {
     while (!text.empty() && isSpace(text.front()))
         text.remove_prefix(1);
-    while (!text.empty() && isSpace(text.back()))
-        text.remove_suffix(1);
     return text;
 }
 
-TemperatureScale scaleOf(std::u16string_view text)
+/// Offsets apply between the bare symbols only: "degC " with its white space is a factor like "mK".
+TemperatureScale scaleOf(std::u16string_view unit)
 {
-    const std::u16string_view symbol = trimmed(text);
+    const std::u16string_view symbol = withoutLeadingSpace(unit);
     const auto it = std::find_if(std::begin(s_temperatures), std::end(s_temperatures),
                                  [symbol](const auto &entry) { return entry.symbol == symbol; });
     return it == std::end(s_temperatures) ? TemperatureScale::None : it->scale;
@@ -300,12 +316,18 @@ bool isBracket(char16_t c)
     return c == u'(' || c == u')';
 }
 
-ShortText withoutBrackets(std::u16string_view text)
+enum class Products { AsTyped, Completed };
+
+/// The text without brackets. With products completed, a "*" stands between each exponent and an
+/// ASCII letter that was typed right behind it.
+ShortText rewritten(std::u16string_view text, Products products)
 {
     ShortText result;
-    for (const char16_t c : text) {
-        if (!isBracket(c))
-            result.append(c);
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (products == Products::Completed && isProductMissing(text, at))
+            result.append(u'*');
+        if (!isBracket(text[at]))
+            result.append(text[at]);
     }
     return result;
 }
@@ -314,21 +336,23 @@ ShortText withoutBrackets(std::u16string_view text)
 struct Reading
 {
     ShortText text;
-    ParsedUnit unit;
+    WideUnit unit;
     int span = 0;
     int row = -1; ///< of the unit whose name the text is
+
+    bool isUnit() const { return span > 0 || row >= 0; }
 };
 
 Reading read(const ShortText &text)
 {
     Reading reading;
     reading.text = text;
-    reading.span = parse(text.view(), reading.unit);
+    reading.span = Parser(text.view(), wideRowUnit).quotient(reading.unit);
     if (reading.span > 0 || text.size == 0)
         return reading;
     reading.row = UnitTable::rowOfName(text.view());
     if (reading.row >= 0)
-        reading.unit = rowUnit(reading.row);
+        reading.unit = wideRowUnit(reading.row);
     return reading;
 }
 
@@ -339,50 +363,47 @@ std::u16string_view unitText(const Reading &reading)
     return reading.text.view().substr(0, static_cast<std::size_t>(reading.span));
 }
 
-UnitConverter::UnitCheck check(const Reading &reading)
+TextKind kindOf(const Reading &reading)
 {
     if (reading.row >= 0)
-        return UnitConverter::UnitName;
+        return TextKind::Name;
     if (reading.text.size == 0)
-        return UnitConverter::NotAUnit;
+        return TextKind::NoUnit;
     if (reading.span == reading.text.size)
-        return UnitConverter::CompleteUnit;
+        return TextKind::Expression;
     const bool mayBecomeUnit = reading.span > 0 || UnitTable::startsName(reading.text.view());
-    return mayBecomeUnit ? UnitConverter::IncompleteUnit : UnitConverter::NotAUnit;
+    return mayBecomeUnit ? TextKind::Incomplete : TextKind::NoUnit;
 }
 
 } // namespace
 
 ParsedUnit rowUnit(int row)
 {
-    static const std::array<ParsedUnit, UnitTable::s_rowCount> s_units = computeRows();
-    return s_units[static_cast<std::size_t>(row)];
+    ParsedUnit unit;
+    narrow(wideRowUnit(row), unit);
+    return unit;
 }
 
-int parse(std::u16string_view text, ParsedUnit &unit)
+int span(std::u16string_view text)
 {
-    return Parser(text, rowUnit).quotient(unit);
-}
-
-ShortText normalized(std::u16string_view text)
-{
-    ShortText result;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (isProductMissing(text, at))
-            result.append(u'*');
-        if (!isBracket(text[at]))
-            result.append(text[at]);
-    }
-    return result;
+    WideUnit unit;
+    return Parser(text, wideRowUnit).quotient(unit);
 }
 
 ShortText normalizedUnit(std::u16string_view text)
 {
     ShortText result;
-    const Reading reading = read(normalized(text));
+    const Reading reading = read(rewritten(text, Products::Completed));
     for (const char16_t c : unitText(reading))
         result.append(c);
     return result;
+}
+
+bool isSameUnit(std::u16string_view a, std::u16string_view b)
+{
+    const ShortText unitA = normalizedUnit(a);
+    const ShortText unitB = normalizedUnit(b);
+    return withoutLeadingSpace(unitA.view()) == withoutLeadingSpace(unitB.view());
 }
 
 Resolved resolve(std::u16string_view text)
@@ -390,13 +411,13 @@ Resolved resolve(std::u16string_view text)
     Resolved result;
     if (text.size() > s_maxUnitLength)
         return result;
-    const Reading reading = read(normalized(text));
-    result.unit = reading.unit;
-    result.isValid = reading.span > 0 || reading.row >= 0;
+    const Reading reading = read(rewritten(text, Products::Completed));
+    result.isValid = reading.isUnit() && narrow(reading.unit, result.unit);
+    result.isOutOfRange = reading.isUnit() && !result.isValid;
     result.scale = scaleOf(unitText(reading));
-    const ShortText plain = withoutBrackets(text);
+    const ShortText plain = rewritten(text, Products::AsTyped);
     const bool isSame = plain.view() == reading.text.view();
-    result.check = static_cast<quint8>(check(isSame ? reading : read(plain)));
+    result.kind = kindOf(isSame ? reading : read(plain));
     return result;
 }
 

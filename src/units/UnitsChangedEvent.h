@@ -5,8 +5,7 @@
 
 #include <QEvent>
 
-/// Sent to the main window, synchronously, when the user's choice of units was set, loaded or
-/// reset.
+/// Sent to the main window, synchronously, when the choice of units was set, loaded or reset.
 class BVWIDGETS_EXPORT UnitsChangedEvent : public QEvent
 {
 public:

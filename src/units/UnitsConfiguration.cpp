@@ -9,10 +9,11 @@
 
 #include <QCoreApplication>
 #include <QWidget>
+#include <QtDebug>
 
 #include <algorithm>
 #include <iterator>
-#include <memory>
+#include <utility>
 
 using Brimvale::ConfigurationManager;
 using Brimvale::ConfigurationValue;
@@ -85,23 +86,30 @@ std::unique_ptr<ConfigurationValue> createValue(const char *key, const char *def
 }
 
 /// Registers a configuration unless the application has registered one already.
-UnitsConfiguration *registeredConfiguration()
+UnitsConfiguration &registeredConfiguration()
 {
-    auto configuration = std::make_unique<UnitsConfiguration>();
-    configuration->setLoadingEnabled(true);
-    return dynamic_cast<UnitsConfiguration *>(
-        ConfigurationManager::instance().registerObject(std::move(configuration)));
+    Brimvale::ConfigurationObject *const object =
+        ConfigurationManager::instance().registerObject(std::make_unique<UnitsConfiguration>());
+    if (auto *const configuration = dynamic_cast<UnitsConfiguration *>(object))
+        return *configuration;
+    qWarning("The configuration object \"%s\" is of another class: units are not stored",
+             s_objectName);
+    static UnitsConfiguration s_unregistered;
+    return s_unregistered;
 }
 
 } // namespace
 
 UnitsConfiguration &UnitsConfiguration::instance()
 {
-    static UnitsConfiguration *const s_registered = registeredConfiguration();
-    if (s_registered)
-        return *s_registered;
-    static UnitsConfiguration s_unregistered; // the name is taken by an object of another class
-    return s_unregistered;
+    static UnitsConfiguration &s_registered = registeredConfiguration();
+    static bool s_isFirstCall = true;
+    // Loading comes last: who hears of it asks for the instance again.
+    if (std::exchange(s_isFirstCall, false) && !s_registered.isLoadingEnabled()) {
+        s_registered.setLoadingEnabled(true);
+        ConfigurationManager::instance().reload(s_registered);
+    }
+    return s_registered;
 }
 
 UnitsConfiguration::UnitsConfiguration()
@@ -214,10 +222,11 @@ void UnitsConfiguration::loadContent(Brimvale::ConfigReader &reader)
 {
     if (!m_loadingEnabled)
         return;
-    const std::map<Dimension, QString> oldChoices = choices();
+    const UnitsConfiguration earlier(*this);
     ConfigurationObject::loadContent(reader);
-    refuseUnsupportedUnits(reader, oldChoices);
-    announce();
+    refuseUnsupportedUnits(reader, earlier);
+    if (!hasEqualValues(earlier))
+        announce();
 }
 
 void UnitsConfiguration::setDefaultValues()
@@ -237,24 +246,26 @@ void UnitsConfiguration::linkValues()
     m_exchangeRates = configurationValue(QLatin1String(s_exchangeRatesKey));
 }
 
-std::map<UnitsConfiguration::Dimension, QString> UnitsConfiguration::choices() const
-{
-    std::map<Dimension, QString> choices;
-    for (const auto &[dimension, value] : m_units)
-        choices[dimension] = value->value();
-    return choices;
-}
-
 void UnitsConfiguration::refuseUnsupportedUnits(const Brimvale::ConfigReader &reader,
-                                                const std::map<Dimension, QString> &choices)
+                                                const UnitsConfiguration &earlier)
 {
     for (const auto &[dimension, value] : m_units) {
         const QString unit = value->value();
         if (!reader.contains(name(), value->name()) || value->isAllowed(unit))
             continue;
-        qWarning("Could not load unit preference,unsupported unit %s", unit.toLatin1().constData());
-        value->setValue(choices.at(dimension));
+        // In Latin-1, which the message handlers take as UTF-8.
+        qWarning("Could not load unit preference,unsupported unit %s",
+                 qUtf8Printable(QString::fromLatin1(unit.toLatin1())));
+        value->setValue(earlier.currentUnit(dimension));
     }
+}
+
+bool UnitsConfiguration::hasEqualValues(const UnitsConfiguration &other) const
+{
+    const auto values = configurationValues();
+    const auto otherValues = other.configurationValues();
+    return std::equal(values.begin(), values.end(), otherValues.begin(), otherValues.end(),
+                      [](const auto *a, const auto *b) { return a->value() == b->value(); });
 }
 
 void UnitsConfiguration::announce()

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 
 namespace Brimvale {
@@ -26,14 +27,15 @@ class ConfigurationValue;
 /// enabled; assignment announces nothing.
 ///
 /// A change is announced twice, first by the "changed" signal, then by one UnitsChangedEvent that
-/// is sent to the main window, if there is one. The currency starts as "EUR", the path empty. GUI
-/// thread only.
+/// is sent to the main window, if there is one. The currency starts as "EUR", the path empty.
+///
+/// For the GUI thread only.
 class BVWIDGETS_EXPORT UnitsConfiguration : public Brimvale::ConfigurationObject
 {
     Q_GADGET
 
 public:
-    /// The quantities whose unit the user can choose.
+    /// The quantities whose unit can be chosen. A list of the enumerators has NoDimension, too.
     enum Dimension : qint32 {
         NoDimension = -1,
         Length = 0,
@@ -60,7 +62,10 @@ public:
     static constexpr int s_dimensionCount = 18;
 
     /// The registered configuration; registers itself when it is first asked for. One that the
-    /// application has registered before under the same name takes its place.
+    /// application has registered before under the same name takes its place. Either way the first
+    /// call enables loading and, where that was off, takes over the values of the file that the
+    /// configuration manager has loaded last. If an object of another class has taken the name, a
+    /// warning says so, and the configuration is one that is never saved.
     static UnitsConfiguration &instance();
 
     UnitsConfiguration();
@@ -75,15 +80,13 @@ public:
 
     /// The chosen unit; empty for an unknown dimension.
     QString currentUnit(Dimension dimension) const;
-    /// The chosen unit of the dimension to which @p unit belongs; @p unit itself if it belongs to
-    /// none.
+    /// The chosen unit of the dimension to which @p unit belongs; @p unit itself if there is none.
     QString currentUnit(const QString &unit) const;
     /// Stores the choice, whether allowed or not, and announces it even if nothing changes. An
     /// unknown dimension is ignored.
     void setCurrentUnit(Dimension dimension, const QString &unit);
 
-    /// The first dimension one of whose allowed units is exactly @p unit; NoDimension (-1) if there
-    /// is none.
+    /// The first dimension of which @p unit is, exactly, an allowed unit; else NoDimension (-1).
     Dimension isSupportedUnitOfAny(const QString &unit) const;
     /// The number of decimals with which values in @p unit are shown.
     int precisionOfUnit(const QString &unit) const;
@@ -95,7 +98,7 @@ public:
     /// Sets both, in UTF-8. Announces nothing.
     void setCurrencySettings(const std::string &currency, const std::string &path);
 
-    /// Whether loadContent() does anything. On for the registered configuration, off for others.
+    /// Whether loadContent() does anything. On for instance(), off for others.
     bool isLoadingEnabled() const { return m_loadingEnabled; }
     void setLoadingEnabled(bool on) { m_loadingEnabled = on; }
 
@@ -103,17 +106,17 @@ public:
     [[nodiscard]] Signals::Connection connectChanged(const std::function<void()> &slot);
 
     std::unique_ptr<Brimvale::ConfigurationObject> createConfigurationObject() const override;
-    /// Takes the stored values over and announces them, if loading is enabled. A unit that its
-    /// dimension does not allow is refused with a warning; the choice then stays.
+    /// Takes the stored values over, if loading is enabled, and announces it if any value changes.
+    /// A unit that its dimension does not allow is refused with a warning, and the choice stays.
     void loadContent(Brimvale::ConfigReader &reader) override;
     /// Resets every value to its default and announces it.
     void setDefaultValues() override;
 
 private:
     void linkValues();
-    std::map<Dimension, QString> choices() const;
     void refuseUnsupportedUnits(const Brimvale::ConfigReader &reader,
-                                const std::map<Dimension, QString> &choices);
+                                const UnitsConfiguration &earlier);
+    bool hasEqualValues(const UnitsConfiguration &other) const;
     void announce();
 
     std::map<Dimension, Brimvale::ConfigurationValue *> m_units; // owned by the base

@@ -35,6 +35,18 @@ QByteArray readFile(const QString &fileName)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
 }
 
+QString fontSize(const ConfigurationObject *view)
+{
+    return view->configurationValue("Font Size")->value();
+}
+
+void writeFontSize(const QString &fileName, const QString &text)
+{
+    ConfigWriter writer(fileName);
+    writer.setValue("View", "Font Size", text);
+    QVERIFY(writer.commit());
+}
+
 std::unique_ptr<ConfigurationObject> makeView()
 {
     auto object = std::make_unique<ConfigurationObject>("View");
@@ -42,6 +54,22 @@ std::unique_ptr<ConfigurationObject> makeView()
     object->addConfigurationValue(std::make_unique<ConfigurationValue>("Tiny-Length", "um"));
     return object;
 }
+
+/// Has the view registered while it is being loaded.
+class ViewMaker : public ConfigurationObject
+{
+public:
+    explicit ViewMaker(ConfigurationManager &manager)
+        : ConfigurationObject("Maker")
+        , m_manager(manager)
+    {
+    }
+
+    void loadContent(ConfigReader &) override { m_manager.registerObject(makeView()); }
+
+private:
+    ConfigurationManager &m_manager;
+};
 
 } // namespace
 
@@ -62,6 +90,8 @@ private Q_SLOTS:
     void unknownKeysSurvive();
     void unwritableTarget();
     void managerLoadsAndSavesAll();
+    void lateObjectsAreLoaded();
+    void loadingMayRegister();
     void assignmentKeepsPointers();
 
 private:
@@ -279,6 +309,42 @@ void tst_Configuration::managerLoadsAndSavesAll()
     QCOMPARE(radius->value(), QString("8"));
     QCOMPARE(manager.object("View")->configurationValue("Tiny-Length")->value(), QString("nm"));
     QCOMPARE(manager.object("None"), nullptr);
+}
+
+void tst_Configuration::lateObjectsAreLoaded()
+{
+    const QString name = fileName("a.ini");
+    writeFontSize(name, "9");
+    ConfigurationManager manager;
+    QVERIFY(manager.load(name));
+    QVERIFY(manager.save(fileName("other.ini"))); // holds no view
+    writeFile(fileName("damaged.ini"), "[View");
+    QTest::ignoreMessage(QtWarningMsg, s_notUsed);
+    QVERIFY(!manager.load(fileName("damaged.ini")));
+    ConfigurationObject *view = manager.registerObject(makeView());
+    QCOMPARE(fontSize(view), QString("9"));
+
+    view->configurationValue("Font Size")->setValue("10");
+    QCOMPARE(manager.registerObject(makeView()), view);
+    QCOMPARE(fontSize(view), QString("10")); // only a new object is loaded
+    QVERIFY(manager.save(name));
+    view->configurationValue("Font Size")->setValue("11");
+    manager.reload(*view);
+    QCOMPARE(fontSize(view), QString("10"));
+
+    ConfigurationManager reset;
+    QVERIFY(reset.load(name));
+    reset.setDefaultValues();
+    QCOMPARE(fontSize(reset.registerObject(makeView())), QString("12"));
+}
+
+void tst_Configuration::loadingMayRegister()
+{
+    ConfigurationManager manager;
+    manager.registerObject(std::make_unique<ViewMaker>(manager));
+    writeFontSize(fileName("a.ini"), "9");
+    QVERIFY(manager.load(fileName("a.ini")));
+    QCOMPARE(fontSize(manager.object("View")), QString("9"));
 }
 
 void tst_Configuration::assignmentKeepsPointers()

@@ -18,7 +18,8 @@ using Dimension = UnitsConfiguration::Dimension;
 
 namespace {
 
-/// Writes "U" when the unit event arrives.
+/// Writes "U" when the unit event arrives, and asks for the registered configuration as a window
+/// does that shows its values anew.
 class EventLog : public QWidget
 {
 public:
@@ -31,13 +32,18 @@ public:
 
     bool event(QEvent *event) override
     {
-        if (event->type() == UnitsChangedEvent::s_eventType)
+        if (event->type() == UnitsChangedEvent::s_eventType) {
             m_log += 'U';
+            m_lengthUnit = UnitsConfiguration::instance().currentUnit(Dimension::Length);
+        }
         return QWidget::event(event);
     }
 
+    const QString &lengthUnit() const { return m_lengthUnit; }
+
 private:
     QString &m_log;
+    QString m_lengthUnit; // when the event came last
 };
 
 } // namespace
@@ -47,6 +53,7 @@ class tst_UnitsConfiguration : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void registersItself(); // first, before anything else asks for the instance
     void dimensions_data();
     void dimensions();
     void unitsOfDimensions_data();
@@ -56,11 +63,11 @@ private Q_SLOTS:
     void announcesToMainWindow();
     void loads_data();
     void loads();
+    void announcesLoadedChanges();
     void savesAndLoads();
     void copiesAreIndependent();
     void currency();
     void unknownDimension();
-    void registersItself();
 
 private:
     QString settingsFile(const QString &key, const QString &text);
@@ -70,10 +77,33 @@ private:
 
 QString tst_UnitsConfiguration::settingsFile(const QString &key, const QString &text)
 {
-    const QString fileName = m_directory.filePath(QString(QTest::currentDataTag()) + ".ini");
+    const QString fileName = m_directory.filePath(key + ".ini");
     Brimvale::ConfigWriter writer(fileName);
     writer.setValue("UnitsConfiguration", key, text);
     return writer.commit() ? fileName : QString();
+}
+
+void tst_UnitsConfiguration::registersItself()
+{
+    const QString fileName = settingsFile("Length", "inch");
+    auto &manager = Brimvale::ConfigurationManager::instance();
+    QVERIFY(manager.load(fileName));
+    QString log;
+    const EventLog window(log);
+    UnitsConfiguration &configuration = UnitsConfiguration::instance();
+    QCOMPARE(manager.object("UnitsConfiguration"), &configuration);
+    QCOMPARE(configuration.currentUnit("mm"), QString("inch"));
+    QCOMPARE(window.lengthUnit(), QString("inch"));
+    QVERIFY(manager.save(fileName));
+    QCOMPARE(Brimvale::ConfigReader(fileName).value("UnitsConfiguration", "Length"),
+             QString("inch"));
+
+    configuration.setCurrentUnit(Dimension::Length, "m");
+    QVERIFY(manager.load(fileName));
+    QCOMPARE(UnitsConfiguration::instance().currentUnit("mm"), QString("inch"));
+    QCOMPARE(log, QString("UUU"));
+    manager.setDefaultValues();
+    QCOMPARE(configuration.currentUnit("inch"), QString("mm"));
 }
 
 void tst_UnitsConfiguration::dimensions_data()
@@ -244,14 +274,23 @@ void tst_UnitsConfiguration::loads_data()
                                   << ""
                                   << "lb"
                                   << "cU";
+    QTest::newRow("what was chosen before") << true << "stone" << warning + "stone"
+                                            << "stone"
+                                            << "";
     QTest::newRow("other dimension") << true << "mm" << warning + "mm"
                                      << "stone"
-                                     << "cU";
+                                     << "";
     QTest::newRow("no unit") << true << "x y" << warning + "x y"
                              << "stone"
-                             << "cU";
+                             << "";
+    QTest::newRow("beyond ASCII") << true << QString::fromUtf8("°C") << warning + "°C"
+                                  << "stone"
+                                  << "";
+    QTest::newRow("beyond Latin-1") << true << QString::fromUtf8("μg") << warning + "?g"
+                                    << "stone"
+                                    << "";
     QTest::newRow("empty") << true << "" << warning << "stone"
-                           << "cU";
+                           << "";
     QTest::newRow("disabled") << false << "lb"
                               << ""
                               << "stone"
@@ -278,6 +317,19 @@ void tst_UnitsConfiguration::loads()
     QTEST(configuration.currentUnit(Dimension::Mass), "mass");
     QCOMPARE(configuration.currentUnit(Dimension::Length), QString("rod"));
     QTEST(log, "log");
+}
+
+void tst_UnitsConfiguration::announcesLoadedChanges()
+{
+    QString log;
+    UnitsConfiguration configuration;
+    configuration.setLoadingEnabled(true);
+    const Signals::Connection connection = configuration.connectChanged([&] { log += 'c'; });
+    for (int round = 0; round < 2; ++round) {
+        Brimvale::ConfigReader reader(settingsFile("ExchangeRates", "rates.csv"));
+        configuration.loadContent(reader);
+        QCOMPARE(log, QString("c")); // the same values again are no change
+    }
 }
 
 void tst_UnitsConfiguration::savesAndLoads()
@@ -353,18 +405,6 @@ void tst_UnitsConfiguration::unknownDimension()
         QVERIFY(UnitsConfiguration::dimensionKey(dimension).isEmpty());
     }
     QVERIFY(log.isEmpty());
-}
-
-void tst_UnitsConfiguration::registersItself()
-{
-    UnitsConfiguration &configuration = UnitsConfiguration::instance();
-    auto &manager = Brimvale::ConfigurationManager::instance();
-    QCOMPARE(manager.object("UnitsConfiguration"), &configuration);
-    QVERIFY(configuration.isLoadingEnabled());
-    QVERIFY(manager.load(settingsFile("Length", "inch")));
-    QCOMPARE(UnitsConfiguration::instance().currentUnit("mm"), QString("inch"));
-    manager.setDefaultValues();
-    QCOMPARE(configuration.currentUnit("inch"), QString("mm"));
 }
 
 QTEST_MAIN(tst_UnitsConfiguration)
