@@ -55,6 +55,9 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
+    /// Emitted after the parent's status has followed. A slot that changes the child's status in
+    /// turn does so later, with a queued call: the change being told is still on its way to other
+    /// listeners.
     void childStatusChanged(QWidget *child, BVWidgetStatus::Stati status);
 
 private Q_SLOTS:
