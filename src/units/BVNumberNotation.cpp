@@ -78,12 +78,14 @@ struct Scaled
 Scaled scaledByThousands(double magnitude)
 {
     Scaled scaled{magnitude, 0};
-    if (magnitude < 1.0) {
-        for (; scaled.mantissa < 0.01; scaled.exponent -= 3)
-            scaled.mantissa *= 1000.0;
-    } else {
-        for (; scaled.mantissa >= 1000.0; scaled.exponent += 3)
-            scaled.mantissa /= 1000.0;
+    long double mantissa = magnitude; // a hundred steps in double would show in the last digits
+    while (magnitude < 1.0 && scaled.mantissa < 0.01) {
+        mantissa *= 1000.0L;
+        scaled = {static_cast<double>(mantissa), scaled.exponent - 3};
+    }
+    while (scaled.mantissa >= 1000.0) {
+        mantissa /= 1000.0L;
+        scaled = {static_cast<double>(mantissa), scaled.exponent + 3};
     }
     return scaled;
 }

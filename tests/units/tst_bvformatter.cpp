@@ -738,7 +738,7 @@ void tst_BVFormatter::fixedDisplayUnit()
     QCOMPARE(formatter.textFromValue(1500.0), QStringLiteral("1.50000 m"));
 
     formatter.setAdditionalDecimals(2);
-    formatter.setDecimals(5); // what "m" asks for
+    formatter.setDecimals(5);                                // what "m" asks for
     QVERIFY(formatter.setValueUnit(QStringLiteral("inch"))); // keeps the display unit
     QCOMPARE(formatter.displayUnit(), QStringLiteral("m"));
     QCOMPARE(formatter.decimals(), 5); // and with it the decimals
