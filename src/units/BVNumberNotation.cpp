@@ -78,7 +78,8 @@ struct Scaled
 Scaled scaledByThousands(double magnitude)
 {
     Scaled scaled{magnitude, 0};
-    long double mantissa = magnitude; // a hundred steps in double would show in the last digits
+    // A hundred steps in double would show in the last digits.
+    auto mantissa = static_cast<long double>(magnitude);
     while (magnitude < 1.0 && scaled.mantissa < 0.01) {
         mantissa *= 1000.0L;
         scaled = {static_cast<double>(mantissa), scaled.exponent - 3};
