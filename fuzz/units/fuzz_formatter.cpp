@@ -120,9 +120,9 @@ void roundTrip(const BVFormatter &formatter, double value, bool full)
     if (std::fabs(display) > 1e307) // rounded up, it may exceed the doubles
         return;
     check(ok);
-    const double halves = 1.01e-14; // what halves are moved away from zero by
-    const double slack = halves + 1e-15 * std::fabs(display);
-    check(std::fabs(read - display) <= 0.5 * lastDigit(text) * (1.0 + 1e-9) + slack);
+    const double halves = 0.002; // share of the last digit by which halves are moved at most
+    const double slack = 1e-15 * std::fabs(display); // of reading and of pow()
+    check(std::fabs(read - display) <= 0.5 * lastDigit(text) * (1.0 + halves) + slack);
 }
 
 void configure(BVFormatter &formatter, Input &input)
@@ -131,7 +131,7 @@ void configure(BVFormatter &formatter, Input &input)
     check(formatter.setValueUnit(unit));
     formatter.setNotation(static_cast<BVFormatter::OutputNotation>(input.take<std::int8_t>() % 6));
     formatter.setPrecision(input.take<std::int8_t>());
-    formatter.setDecimals(input.take<std::uint8_t>() % 12);
+    formatter.setDecimals(input.take<std::uint8_t>() % 18);
     const std::uint8_t flags = input.take<std::uint8_t>();
     formatter.setCutUnnecessaryDigits(flags & 1);
     formatter.includeUnit(flags & 2);

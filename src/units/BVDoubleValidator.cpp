@@ -45,6 +45,7 @@ PlainNumber readPlain(const QString &text, int maxDecimals)
         return {};
     qint64 number = 0;
     int digits = 0;
+    int kept = 0;
     int decimals = -1; // no point yet
     for (; it != end; ++it) {
         if (*it == s_point && decimals < 0) {
@@ -52,11 +53,12 @@ PlainNumber readPlain(const QString &text, int maxDecimals)
         } else if (!isDigit(*it)) {
             return {};
         } else if (++digits; decimals < maxDecimals) {
+            ++kept;
             number = number * 10 + (it->unicode() - '0');
             decimals += decimals < 0 ? 0 : 1;
         }
     }
-    if (digits == 0 || digits > maxDigits)
+    if (kept == 0 || digits > maxDigits)
         return {};
     const double magnitude = static_cast<double>(number) / powers[std::max(decimals, 0)];
     return {negative ? -magnitude : magnitude, true};
@@ -76,6 +78,16 @@ void chopDecimals(QString &text, int decimals)
         text.remove(kept, last - kept);
 }
 
+/// What the toolkit makes of a text with "." as its point, whatever locale the validator was given.
+QValidator::State judgedByToolkit(const QDoubleValidator &limits, QString text)
+{
+    QDoubleValidator judge(limits.bottom(), limits.top(), limits.decimals());
+    judge.setNotation(limits.notation());
+    judge.setLocale(withoutGroups(QLocale::c()));
+    int pos = text.size();
+    return judge.validate(text, pos);
+}
+
 double readDecimal(const QString &text, bool &ok)
 {
     const PlainNumber plain = readPlain(text, std::numeric_limits<int>::max());
@@ -90,18 +102,22 @@ double readDecimal(const QString &text, bool &ok)
     return ok ? value : 0.0;
 }
 
+/// Infinity is the quotient of the word for it, not of finite numbers that leave the doubles.
+bool isQuotient(double quotient, double dividend)
+{
+    return std::isfinite(quotient) || (std::isinf(quotient) && std::isinf(dividend));
+}
+
 } // namespace
 
 BVDoubleValidator::BVDoubleValidator(QObject *parent)
     : QDoubleValidator(parent)
 {
-    setLocale(withoutGroups(QLocale::c()));
 }
 
 BVDoubleValidator::BVDoubleValidator(double bottom, double top, int decimals, QObject *parent)
     : QDoubleValidator(bottom, top, decimals, parent)
 {
-    setLocale(withoutGroups(QLocale::c()));
 }
 
 void BVDoubleValidator::convertDecimalPoint(QString &text, bool toLocale)
@@ -155,7 +171,7 @@ double BVDoubleValidator::toDoubleValue(const QString &text, bool &ok)
     const double divisor = readDecimal(denominator, hasDenominator);
     ok = hasNumerator && hasDenominator && dividend != 0.0 && divisor != 0.0;
     const double quotient = ok ? dividend / divisor : 0.0;
-    ok = ok && std::isfinite(quotient);
+    ok = ok && isQuotient(quotient, dividend);
     return ok ? quotient : 0.0;
 }
 
@@ -191,8 +207,16 @@ QValidator::State BVDoubleValidator::validateDecimal(QString &text) const
     QString checked = text;
     convertDecimalPoint(checked, false);
     chopDecimals(checked, decimals());
-    int pos = checked.size();
-    return QDoubleValidator::validate(checked, pos);
+    const State state = judgedByToolkit(*this, checked);
+    return state == Invalid && mayBecomeInfinity(text) ? Intermediate : state;
+}
+
+bool BVDoubleValidator::mayBecomeInfinity(const QString &text) const
+{
+    if (!text.endsWith(QLatin1Char('i')) && !text.endsWith(QLatin1String("in")))
+        return false;
+    return QString::number(bottom(), 'g').startsWith(text) ||
+           QString::number(top(), 'g').startsWith(text);
 }
 
 QValidator::State BVDoubleValidator::validateFraction(QString &numerator,
@@ -210,6 +234,6 @@ QValidator::State BVDoubleValidator::validateFraction(QString &numerator,
     if (divisor == 0.0)
         return validateDecimal(denominator) == Invalid ? Invalid : Intermediate;
     const double quotient = dividend / divisor;
-    const bool inRange = quotient >= bottom() && quotient <= top() && std::isfinite(quotient);
-    return inRange ? Acceptable : Intermediate;
+    const bool inRange = quotient >= bottom() && quotient <= top();
+    return inRange && isQuotient(quotient, dividend) ? Acceptable : Intermediate;
 }

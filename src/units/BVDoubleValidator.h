@@ -8,13 +8,14 @@
 /// Accepts numbers with "." or the decimal point of the application's locale, simple fractions such
 /// as "1/3", and the words "inf" and "-inf" where the range has no end.
 ///
-/// The locale is the application's default (QLocale::setDefault()) at each call, never the one of
-/// QValidator::setLocale(). Group separators are refused: "1,500" is no number in an English
-/// locale, and in a German one it is 1.5. Digits and signs are those of ASCII.
+/// The locale is the application's default (QLocale::setDefault()) at each call; the one of
+/// QValidator::setLocale() is ignored. Group separators are refused: "1,500" is no number in an
+/// English locale, and in a German one it is 1.5. Digits and signs are those of ASCII.
 ///
 /// Range, decimals and notation are those of QDoubleValidator. Surplus decimals do not make a text
-/// invalid; they are left out when the range is checked. A negative number of decimals sets no
-/// limit. Texts are never altered.
+/// invalid; they are left out when the text is checked, so that with no decimals ".5" is as
+/// unfinished as ".". A negative number of decimals sets no limit. Where the range has no end, "i"
+/// and "in" are Intermediate. Texts are never altered.
 class BVWIDGETS_EXPORT BVDoubleValidator : public QDoubleValidator
 {
     Q_OBJECT
@@ -37,7 +38,7 @@ public:
     static QValidator::State isValidNumber(const QString &text);
     /// Reads a number or a fraction; 0.0 with @p ok false if there is none. A fraction with a zero
     /// in either place does not read, nor does a text for "not a number" or a number too large for
-    /// a double.
+    /// a double; "inf/2" is infinite. White space around the numbers is passed over.
     static double toDoubleValue(const QString &text, bool &ok);
 
     QValidator::State validate(QString &text, int &pos) const override;
@@ -47,4 +48,8 @@ public:
     /// Judges a fraction by its quotient. A part that is still missing, and a zero below, are
     /// Intermediate.
     QValidator::State validateFraction(QString &numerator, QString &denominator) const;
+
+protected:
+    /// Whether @p text is the start of a word for infinity that the range admits.
+    bool mayBecomeInfinity(const QString &text) const;
 };

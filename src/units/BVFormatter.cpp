@@ -15,10 +15,8 @@ namespace {
 
 constexpr int s_fullDecimals = 9;
 
-int boundedDecimals(int decimals)
-{
-    return qBound(0, decimals, BVFormatter::s_maxDecimals);
-}
+using BVNumberNotation::boundedDecimals;
+static_assert(BVNumberNotation::s_maxDecimals == BVFormatter::s_maxDecimals);
 
 int boundedWidth(int width)
 {
@@ -30,6 +28,51 @@ bool isUnitOrName(const QString &text)
 {
     const UnitConverter::UnitCheck check = UnitConverter::isUnit(text);
     return check == UnitConverter::CompleteUnit || check == UnitConverter::UnitName;
+}
+
+/// Everything about the text of a number but its value.
+struct Shape
+{
+    BVFormatter::OutputNotation notation = BVFormatter::Fixed;
+    int decimals = 3;
+    bool cut = false;
+    int precision = 9;
+    int fieldWidth = 0;
+    char fill = '0';
+};
+
+/// The value as it stands, in one of the notations. Expects settings within the limits.
+QString written(double value, const Shape &shape)
+{
+    switch (shape.notation) {
+    case BVFormatter::Fixed:
+        return BVNumberNotation::fixedCut(value, shape.fieldWidth, shape.decimals, shape.cut,
+                                          shape.fill);
+    case BVFormatter::Scientific:
+        return BVNumberNotation::scientific(value, shape.fieldWidth, shape.decimals, shape.fill);
+    case BVFormatter::Engineering:
+        return BVNumberNotation::engineering(value, shape.fieldWidth, shape.decimals, shape.cut,
+                                             shape.fill);
+    case BVFormatter::General:
+        return BVNumberNotation::general(value, shape.decimals);
+    case BVFormatter::Automatic:
+        break;
+    }
+    return BVNumberNotation::automatic(value, shape.fieldWidth, shape.precision, shape.decimals,
+                                       shape.cut, shape.fill);
+}
+
+/// Halves round away from zero as far as the text still reads back as the value.
+QString writtenToRead(double value, const Shape &shape)
+{
+    const bool relative = shape.notation != BVFormatter::Fixed;
+    return written(BVNumberNotation::nudgedUnseen(value, shape.decimals, relative), shape);
+}
+
+QString fromSymbols(QString unit)
+{
+    BVUnitSymbols::replaceSymbols(unit, true);
+    return unit;
 }
 
 void dropSignOfZero(QString &text)
@@ -71,11 +114,9 @@ struct OneShot
 
 QString textInUnit(double value, const QString &unit, const OneShot &shape)
 {
-    constexpr int precision = 9;
     const int decimals =
         shape.decimals >= 0 ? shape.decimals : UnitsConfiguration::instance().precisionOfUnit(unit);
-    QString text =
-        BVFormatter::valueAsString(value, 0, decimals, shape.notation, precision, shape.cut, '0');
+    QString text = writtenToRead(value, {shape.notation, boundedDecimals(decimals), shape.cut});
     dropSignOfZero(text);
     BVUnitSymbols::appendUnit(text, unit);
     return text;
@@ -108,22 +149,9 @@ BVFormatter::~BVFormatter() = default;
 QString BVFormatter::valueAsString(double value, int fieldWidth, int decimals,
                                    OutputNotation notation, int precision, bool cut, char fill)
 {
-    const double nudged = BVNumberNotation::nudged(value);
-    const int width = boundedWidth(fieldWidth);
-    const int places = boundedDecimals(decimals);
-    switch (notation) {
-    case Fixed:
-        return BVNumberNotation::fixedCut(nudged, width, places, cut, fill);
-    case Scientific:
-        return BVNumberNotation::scientific(nudged, width, places, fill);
-    case Engineering:
-        return BVNumberNotation::engineering(nudged, width, places, cut, fill);
-    case General:
-        return BVNumberNotation::general(nudged, places);
-    case Automatic:
-        break;
-    }
-    return getAutomaticRepresentation(nudged, width, precision, places, cut, fill);
+    return written(BVNumberNotation::nudged(value),
+                   {notation, boundedDecimals(decimals), cut, boundedDecimals(precision),
+                    boundedWidth(fieldWidth), fill});
 }
 
 QString BVFormatter::getAutomaticRepresentation(double value, int fieldWidth, int precision,
@@ -262,16 +290,16 @@ QString BVFormatter::textOfNoValue() const
 
 QString BVFormatter::numberText(double displayValue) const
 {
-    QString text = valueAsString(displayValue, m_fieldWidth, m_decimals, m_notation, m_precision,
-                                 m_cutUnnecessaryDigits, m_fillChar);
+    QString text = writtenToRead(displayValue, {m_notation, m_decimals, m_cutUnnecessaryDigits,
+                                                m_precision, m_fieldWidth, m_fillChar});
     dropSignOfZero(text);
     return text;
 }
 
 QString BVFormatter::fullNumberText(double displayValue) const
 {
-    QString text = valueAsString(displayValue, m_fieldWidth, s_fullDecimals, m_notation,
-                                 m_precision, false, m_fillChar);
+    QString text = writtenToRead(
+        displayValue, {m_notation, s_fullDecimals, false, m_precision, m_fieldWidth, m_fillChar});
     truncTextToDecimals(text, m_decimals, cuttingNotation(m_notation, displayValue));
     dropSignOfZero(text);
     return text;
@@ -380,30 +408,34 @@ bool BVFormatter::elideText(QString &text, int width, const QFontMetrics &metric
 
 int BVFormatter::getUselessDigits(double value) const
 {
-    const double shown = BVNumberNotation::nudged(valueToDisplayValue(value));
+    const bool relative = m_notation != Fixed;
+    const double shown =
+        BVNumberNotation::nudgedUnseen(valueToDisplayValue(value), m_decimals, relative);
     return countObsoleteDecimalDigits(std::fabs(shown), m_decimals, true);
 }
 
-bool BVFormatter::setValueUnit(const QString &unit)
+bool BVFormatter::setValueUnit(const QString &unitOrSymbol)
 {
+    const QString unit = fromSymbols(unitOrSymbol);
     if (unit == m_valueUnit)
         return true;
     if (!unit.isEmpty() && !isUnitOrName(unit))
         return false;
     m_valueUnit = unit;
-    m_validator->setBaseUnit(unit);
     const bool keepsDisplay =
         !m_globalOn && isDisplayUnitSet() && isConvertable(unit, m_displayUnit);
     if (m_globalOn)
         showIn(configuredUnit());
-    else
-        showIn(keepsDisplay ? m_displayUnit : unit);
+    else if (!keepsDisplay)
+        showIn(unit);
+    m_validator->setBaseUnit(unit);
     Q_EMIT settingsChanged();
     return true;
 }
 
-bool BVFormatter::setGlobalOff(const QString &displayUnit)
+bool BVFormatter::setGlobalOff(const QString &unitOrSymbol)
 {
+    const QString displayUnit = fromSymbols(unitOrSymbol);
     if (displayUnit != m_displayUnit && !isUnitOrName(displayUnit))
         return false;
     if (!isConvertable(m_valueUnit, displayUnit))
@@ -491,8 +523,11 @@ void BVFormatter::setPrecision(int precision)
 {
     m_precisionSet = true;
     const int bounded = boundedDecimals(precision);
+    if (bounded == m_precision)
+        return;
+    m_precision = bounded;
     m_validator->setDecimals(bounded);
-    change(m_precision, bounded);
+    Q_EMIT settingsChanged();
 }
 
 void BVFormatter::setFieldWidth(int width)
@@ -540,10 +575,13 @@ void BVFormatter::formatEmptyForLabels(bool on)
 
 void BVFormatter::checkForEmptyValue(bool on, double emptyValue)
 {
-    if (std::isnan(emptyValue) || (on == m_checkForEmptyValue && emptyValue == m_emptyValue))
+    if (on && std::isnan(emptyValue))
+        return;
+    const double value = std::isnan(emptyValue) ? m_emptyValue : emptyValue;
+    if (on == m_checkForEmptyValue && value == m_emptyValue)
         return;
     m_checkForEmptyValue = on;
-    m_emptyValue = emptyValue;
+    m_emptyValue = value;
     Q_EMIT settingsChanged();
 }
 
@@ -553,12 +591,12 @@ void BVFormatter::copyFrom(const BVFormatter *other)
         return;
     copyUnits(*other);
     copyNumberSettings(*other);
-    m_validator->copyFrom(*other->m_validator);
     m_empty = other->m_empty;
     m_formatEmptyForLabels = other->m_formatEmptyForLabels;
     m_checkForEmptyValue = other->m_checkForEmptyValue;
     m_emptyValue = other->m_emptyValue;
     m_suffix = other->m_suffix;
+    m_validator->copyFrom(*other->m_validator);
     Q_EMIT settingsChanged();
 }
 

@@ -77,8 +77,7 @@ public:
     /// The same with three decimals, not cut.
     static std::string convertValueToEngineeringNotation(double value);
     /// The number of trailing zero decimals, at most @p decimals, of the magnitude @p value rounded
-    /// to
-    /// @p decimals decimals; 0 unless @p cut.
+    /// to @p decimals decimals; 0 unless @p cut.
     static int countObsoleteDecimalDigits(double value, int decimals, bool cut);
     /// Drops trailing zero decimals beyond @p minDecimals, then a trailing point; for Scientific
     /// and Engineering from the mantissa. Exponents are never touched. Returns whether anything was
@@ -111,9 +110,15 @@ public:
 
     // Values and texts of this formatter
 
-    /// The text of a value in the value unit; with @p full it has up to nine decimals, at least
-    /// those of the settings. "No value" is shown by the unit alone, or with formatEmptyForLabels()
-    /// by sign and unit.
+    /// The text of a value in the value unit. With @p full it is written with nine decimals,
+    /// whatever those of the settings; zeros at its end are dropped as far as more decimals than
+    /// those of the settings are left. "No value" is shown by the unit alone, or with
+    /// formatEmptyForLabels() by sign and unit.
+    ///
+    /// Halves round away from zero as in valueAsString(), but a value so small or shown with so
+    /// many digits that this would show is not moved: a finite value up to 1e307 in magnitude reads
+    /// back within half of the last digit shown. Beyond, a text rounded up may exceed the doubles
+    /// and not read.
     QString textFromValue(double value, bool full = false) const;
     /// The text in engineering notation, whatever the notation of the settings.
     QString textFromValueEng(double value) const;
@@ -140,17 +145,21 @@ public:
     /// Shortens a text wider than @p width pixels and ends it with an ellipsis, so that a number
     /// that lost digits cannot be taken for whole. Returns whether the text has changed.
     bool elideText(QString &text, int width, const QFontMetrics &metrics) const;
-    /// The number of trailing zero decimals with which the value in the value unit is shown.
+    /// How many of the decimals of the settings are zeros at the end when the value, given in the
+    /// value unit, is rounded to them in the display unit; no cutting has to be on.
     int getUselessDigits(double value) const;
 
     // Settings
 
     /// Sets the unit in which values are held; empty for none. False, with nothing changed, if the
-    /// text is neither a unit nor the name of one.
-    bool setValueUnit(const QString &unit);
+    /// text is neither a unit nor the name of one. A unit written as its symbol is taken as its
+    /// unit text ("degC" for "°C"). A display unit fixed before stays, and the decimals with it, if
+    /// the new unit converts into it.
+    bool setValueUnit(const QString &unitOrSymbol);
     /// Fixes the display unit. False, with nothing changed, if it is no unit or the value unit does
-    /// not convert into it; without a value unit only an empty display unit is taken.
-    bool setGlobalOff(const QString &displayUnit);
+    /// not convert into it; without a value unit only an empty display unit is taken. Symbols are
+    /// taken as unit texts.
+    bool setGlobalOff(const QString &unitOrSymbol);
     /// Lets the display unit follow the user's choice; the default.
     void setGlobalOn();
 
@@ -160,7 +169,7 @@ public:
     /// Decimals beyond those that the display unit asks for; may be negative.
     void setAdditionalDecimals(int decimals);
     /// The largest power of ten that automatic notation writes without exponent, and the decimals
-    /// of the validator.
+    /// of the validator, which an unchanged precision leaves as they are.
     void setPrecision(int precision);
     /// The least number of characters of the number; negative to fill on the right.
     void setFieldWidth(int width);
@@ -175,7 +184,8 @@ public:
     void setEmpty(bool empty, bool announce = true);
     /// Shows s_emptySign for "no value".
     void formatEmptyForLabels(bool on);
-    /// Shows values equal to @p emptyValue as "no value". NaN as empty value is ignored.
+    /// Shows values equal to @p emptyValue as "no value", or no longer. NaN equals no value: it
+    /// cannot be switched on, and switching off with it keeps the empty value.
     void checkForEmptyValue(bool on, double emptyValue = std::numeric_limits<double>::min());
     /// Takes over all settings, those of the validator included, and emits settingsChanged(). Null
     /// is ignored.

@@ -15,6 +15,7 @@ constexpr std::array<double, 23> s_powersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  
                                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr double s_integerLimit = 4503599627370496.0; // 2^52; below it a double has halves
 constexpr double s_zeroLimit = 1e-9;                  // engineering notation shows "0" below it
+constexpr double s_nudge = 1e-14;
 
 constexpr int s_roomForUnit = 14; // characters that can be appended without a second allocation
 
@@ -77,12 +78,15 @@ struct Scaled
 Scaled scaledByThousands(double magnitude)
 {
     Scaled scaled{magnitude, 0};
-    if (magnitude < 1.0) {
-        for (; scaled.mantissa < 0.01; scaled.exponent -= 3)
-            scaled.mantissa *= 1000.0;
-    } else {
-        for (; scaled.mantissa >= 1000.0; scaled.exponent += 3)
-            scaled.mantissa /= 1000.0;
+    // A hundred steps in double would show in the last digits.
+    auto mantissa = static_cast<long double>(magnitude);
+    while (magnitude < 1.0 && scaled.mantissa < 0.01) {
+        mantissa *= 1000.0L;
+        scaled = {static_cast<double>(mantissa), scaled.exponent - 3};
+    }
+    while (scaled.mantissa >= 1000.0) {
+        mantissa /= 1000.0L;
+        scaled = {static_cast<double>(mantissa), scaled.exponent + 3};
     }
     return scaled;
 }
@@ -153,6 +157,11 @@ bool isNonZeroDigit(char c)
 
 namespace BVNumberNotation {
 
+int boundedDecimals(int decimals)
+{
+    return std::clamp(decimals, 0, s_maxDecimals);
+}
+
 double powerOfTen(int exponent)
 {
     if (exponent >= 0 && exponent < static_cast<int>(s_powersOfTen.size()))
@@ -164,11 +173,17 @@ double powerOfTen(int exponent)
 
 double nudged(double value)
 {
-    constexpr double threshold = 1e-9;
-    constexpr double nudge = 1e-14;
-    if (value > threshold)
-        return value + nudge;
-    return value < -threshold ? value - nudge : value;
+    return std::fabs(value) > s_zeroLimit ? value + std::copysign(s_nudge, value) : value;
+}
+
+double nudgedUnseen(double value, int decimals, bool relative)
+{
+    constexpr int maxDecimals = 10; // in which the nudge is at most a thousandth of the last digit
+    if (decimals > maxDecimals)
+        return value;
+    if (relative && std::fabs(value) < 1.0)
+        return value + s_nudge * value;
+    return nudged(value);
 }
 
 QString fixed(double value, int fieldWidth, int decimals, char fill)

@@ -7,15 +7,23 @@
 
 /// The notations of BVFormatter as pure functions.
 ///
-/// Decimals and precision are expected within [0, 300]. Every double, infinities, NaN and denormal
-/// ones included, gives a text. Field width and fill are those of QString::arg().
+/// Decimals and precision are expected within [0, s_maxDecimals]. Every double, infinities, NaN and
+/// denormal ones included, gives a text. Field width and fill are those of QString::arg().
 namespace BVNumberNotation {
+
+constexpr int s_maxDecimals = 300;
+
+/// The nearest number of decimals that is within the limits.
+int boundedDecimals(int decimals);
 
 /// 10^exponent, exact for exponents within [0, 22].
 double powerOfTen(int exponent);
 
 /// Moves values above 1e-9 in magnitude away from zero by 1e-14.
 double nudged(double value);
+/// The same by no more than 1e-14 of the value where @p relative, and not at all with so many
+/// decimals that it would show.
+double nudgedUnseen(double value, int decimals, bool relative);
 
 /// What QString::arg() makes of the value in format "f".
 QString fixed(double value, int fieldWidth, int decimals, char fill);

@@ -5,6 +5,8 @@
 #include "units/BVUnitSymbols.h"
 #include "units/UnitConverter.h"
 
+#include <QSignalBlocker>
+
 #include <algorithm>
 #include <cmath>
 
@@ -34,6 +36,15 @@ public:
         if (at(slash) != QLatin1Char('/'))
             return number;
         return endOfFraction(slash, number);
+    }
+
+    /// The index behind a sign and the letters that follow it.
+    int endOfWord() const
+    {
+        int end = skipSign(0);
+        while (at(end).isLetter())
+            ++end;
+        return end;
     }
 
 private:
@@ -128,8 +139,8 @@ void completeRate(QString &number, QString &unit)
 
 bool isStartOfKnownUnit(const QString &text)
 {
-    const QStringList units = UnitConverter::getUnits();
-    return std::any_of(units.cbegin(), units.cend(),
+    static const QStringList s_units = UnitConverter::getUnits();
+    return std::any_of(s_units.cbegin(), s_units.cend(),
                        [&text](const QString &unit) { return unit.startsWith(text); });
 }
 
@@ -148,18 +159,42 @@ bool mayBecomeUnit(const QString &typed, const QString &unit)
     return unit.size() > 1 && startsWithPrefix(unit) && isStartOfKnownUnit(unit.mid(1));
 }
 
-int boundedDecimals(int decimals)
+bool isNoneOrMayBecomeUnit(const QString &text)
 {
-    constexpr int maxDecimals = 300;
-    return qBound(0, decimals, maxDecimals);
+    QString typed = text.trimmed();
+    if (typed.size() > 1 && typed.startsWith(QLatin1Char('/')))
+        typed.prepend(QLatin1Char('1'));
+    QString unit = typed;
+    BVUnitSymbols::replaceSymbols(unit, true);
+    return unit.isEmpty() || mayBecomeUnit(typed, unit);
 }
 
-QString printed(double value, int decimals)
+/// Whether a text behind a number is the start of an exponent or of a denominator, then nothing or
+/// a unit.
+bool isBegunExponentOrFraction(const QString &rest)
 {
-    QString text = BVNumberNotation::fixed(value, 0, boundedDecimals(decimals), '0');
-    if (text.startsWith(QLatin1Char('-')) && BVNumberNotation::isZero(text))
-        text.remove(0, 1); // a range from zero up takes no "-"
-    return text;
+    if (rest.startsWith(QLatin1Char('e')) || rest.startsWith(QLatin1Char('E'))) {
+        const QChar sign = rest.size() > 1 ? rest.at(1) : QChar();
+        const bool hasSign = sign == QLatin1Char('-') || sign == QLatin1Char('+');
+        return isNoneOrMayBecomeUnit(rest.mid(hasSign ? 2 : 1));
+    }
+    const QString trimmed = rest.trimmed();
+    return trimmed.startsWith(QLatin1Char('/')) && isNoneOrMayBecomeUnit(trimmed.mid(1));
+}
+
+bool isCompleteUnit(const QString &text)
+{
+    const UnitConverter::UnitCheck check = UnitConverter::isUnit(text);
+    return check == UnitConverter::CompleteUnit || check == UnitConverter::UnitName;
+}
+
+/// Whether a converted value is zero but for what the conversion has lost, as -273.15 degC in K.
+bool isRoundingNoise(double value, const QString &unit, const QString &baseUnit)
+{
+    constexpr double noise = 1e-12;
+    double offset = 0.0;
+    UnitConverter::convert(offset, unit, baseUnit);
+    return std::fabs(value) <= noise * std::fabs(value - offset);
 }
 
 } // namespace
@@ -190,12 +225,25 @@ void BVUnitValidator::setBaseUnit(const QString &unit)
     Q_EMIT changed();
 }
 
+bool BVUnitValidator::isSameAs(const BVUnitValidator &other) const
+{
+    return bottom() == other.bottom() && top() == other.top() && decimals() == other.decimals() &&
+           notation() == other.notation() && m_acceptEmpty == other.m_acceptEmpty &&
+           m_baseUnit == other.m_baseUnit;
+}
+
 void BVUnitValidator::copyFrom(const BVUnitValidator &other)
 {
-    setRange(other.bottom(), other.top(), other.decimals());
-    setNotation(other.notation());
-    setAcceptEmpty(other.m_acceptEmpty);
-    setBaseUnit(other.m_baseUnit);
+    if (isSameAs(other))
+        return;
+    {
+        const QSignalBlocker silent(this);
+        setRange(other.bottom(), other.top(), other.decimals());
+        setNotation(other.notation());
+        setAcceptEmpty(other.m_acceptEmpty);
+        setBaseUnit(other.m_baseUnit);
+    }
+    Q_EMIT changed();
 }
 
 QValidator::State BVUnitValidator::validate(QString &text, int &pos) const
@@ -205,6 +253,13 @@ QValidator::State BVUnitValidator::validate(QString &text, int &pos) const
     split(text, number, typedUnit);
     if (number.isEmpty() && typedUnit.isEmpty())
         return m_acceptEmpty ? Acceptable : Intermediate;
+    const State state = validateParts(number, typedUnit, pos);
+    return state == Invalid && isBegunBeforeUnit(text.trimmed()) ? Intermediate : state;
+}
+
+QValidator::State BVUnitValidator::validateParts(QString &number, const QString &typedUnit,
+                                                 int &pos) const
+{
     if (!typedUnit.isEmpty() && m_baseUnit.isEmpty())
         return Invalid;
     QString unit = typedUnit;
@@ -220,6 +275,20 @@ QValidator::State BVUnitValidator::validate(QString &text, int &pos) const
     return converts || !mayBecomeUnit(typedUnit, unit) ? state : Intermediate;
 }
 
+bool BVUnitValidator::isBegunBeforeUnit(const QString &text) const
+{
+    NumberScanner scanner(text);
+    const int word = scanner.endOfWord();
+    if (mayBecomeInfinity(text.left(word)))
+        return word == text.size() ||
+               (!m_baseUnit.isEmpty() && isNoneOrMayBecomeUnit(text.mid(word)));
+    const int end = scanner.scan();
+    const QString number = text.left(end).trimmed();
+    if (m_baseUnit.isEmpty() || std::none_of(number.cbegin(), number.cend(), isAsciiDigit))
+        return false;
+    return isValidNumber(number) != Invalid && isBegunExponentOrFraction(text.mid(end));
+}
+
 QValidator::State BVUnitValidator::validateConverted(const QString &number, const QString &unit,
                                                      bool &converts) const
 {
@@ -230,12 +299,16 @@ QValidator::State BVUnitValidator::validateConverted(const QString &number, cons
     converts = UnitConverter::convert(value, unit, m_baseUnit);
     if (!converts)
         return Invalid;
-    if (std::isfinite(typed) && !std::isfinite(value))
+    if (!isCompleteUnit(unit) || (std::isfinite(typed) && !std::isfinite(value)))
         return Intermediate;
-    const double digit = BVNumberNotation::powerOfTen(-boundedDecimals(decimals()));
+    const int places = BVNumberNotation::boundedDecimals(decimals());
+    const double digit = BVNumberNotation::powerOfTen(-places);
     if (value - digit > bottom() && value + digit < top())
         return Acceptable; // however it is rounded
-    QString text = printed(value, decimals());
+    QString text = BVNumberNotation::fixed(value, 0, places, '0');
+    const bool isNegativeZero = text.startsWith(QLatin1Char('-')) && BVNumberNotation::isZero(text);
+    if (isNegativeZero && isRoundingNoise(value, unit, m_baseUnit))
+        text.remove(0, 1); // a range from zero up takes no "-"
     return validateDecimal(text);
 }
 

@@ -9,8 +9,9 @@
 ///
 /// A number with a unit other than the base unit is converted before its range is checked; without
 /// a base unit no unit is accepted. Units may be typed as they are shown ("5 dm²", "20.00°C"), and
-/// while the typed text may still become a unit it is Intermediate. A number without a unit is
-/// checked as it stands.
+/// while the typed text may still become a unit it is Intermediate. So it is when a unit is
+/// followed by anything else ("1 m 50 cm"), and when an exponent, a fraction or "inf" is begun in
+/// front of a unit ("5e mm", "1/ mm"). A number without a unit is checked as it stands.
 class BVWIDGETS_EXPORT BVUnitValidator : public BVDoubleValidator
 {
     Q_OBJECT
@@ -28,7 +29,9 @@ public:
     QString baseUnit() const { return m_baseUnit; }
     void setBaseUnit(const QString &unit);
 
-    /// Takes over range, decimals, notation, base unit and whether empty texts are accepted.
+    /// Takes over range, decimals, notation, base unit and whether empty texts are accepted. Emits
+    /// changed() at most once, when all is taken over, and none of the signals of the single
+    /// settings.
     void copyFrom(const BVUnitValidator &other);
 
     using BVDoubleValidator::validate;
@@ -49,6 +52,9 @@ public:
     static bool hasUnitPostFix(const QString &text, QString *unit = nullptr);
 
 private:
+    QValidator::State validateParts(QString &number, const QString &typedUnit, int &pos) const;
+    bool isSameAs(const BVUnitValidator &other) const;
+    bool isBegunBeforeUnit(const QString &text) const;
     QValidator::State validateConverted(const QString &number, const QString &unit,
                                         bool &converts) const;
 

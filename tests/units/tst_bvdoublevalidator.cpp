@@ -2,12 +2,14 @@
 #include "units/BVDoubleValidator.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <cmath>
 #include <limits>
 
 Q_DECLARE_METATYPE(QValidator::State)
+Q_DECLARE_METATYPE(QDoubleValidator::Notation)
 
 namespace {
 
@@ -30,6 +32,8 @@ private Q_SLOTS:
     void numberInLocale_data();
     void numberInLocale();
     void sharedValidatorFollowsTheLocale();
+    void ownLocaleIsIgnored();
+    void agreesWithTheToolkit_data();
     void agreesWithTheToolkit();
     void findsDecimalPoints();
     void readsFractions_data();
@@ -73,6 +77,14 @@ void tst_BVDoubleValidator::validates_data()
     row("1/0", 0, 10, Intermediate);
     row("1/-0", 0, 10, Invalid);
     row("1/2/3", 0, 10, Invalid);
+    row("i", 0, s_inf, Intermediate);
+    row("in", 0, s_inf, Intermediate);
+    row("-in", -s_inf, 0, Intermediate);
+    row("-i", 0, s_inf, Invalid);
+    row("in", 0, 10, Invalid);
+    row("inf/2", 0, s_inf, Acceptable);
+    row("inf/inf", 0, s_inf, Intermediate);
+    row("1e300/1e-300", 0, s_inf, Intermediate);
 }
 
 void tst_BVDoubleValidator::validates()
@@ -140,12 +152,38 @@ void tst_BVDoubleValidator::sharedValidatorFollowsTheLocale()
     QCOMPARE(BVDoubleValidator::isValidNumber(text), Invalid);
 }
 
+void tst_BVDoubleValidator::ownLocaleIsIgnored()
+{
+    BVDoubleValidator validator;
+    validator.setLocale(QLocale(QLocale::English));
+    QCOMPARE(validator.validate(QStringLiteral("1,500")), Invalid);
+    validator.setLocale(QLocale(QLocale::German));
+    QCOMPARE(validator.validate(QStringLiteral("1.5e0")), Acceptable);
+}
+
+void tst_BVDoubleValidator::agreesWithTheToolkit_data()
+{
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<QDoubleValidator::Notation>("notation");
+
+    for (const int decimals : {0, 2, 20}) {
+        QTest::addRow("%d decimals", decimals) << decimals << QDoubleValidator::ScientificNotation;
+        QTest::addRow("%d decimals, standard", decimals)
+            << decimals << QDoubleValidator::StandardNotation;
+    }
+}
+
 // Plain numbers are judged and read without the toolkit; both must come to the same.
 void tst_BVDoubleValidator::agreesWithTheToolkit()
 {
-    const BVDoubleValidator validator(-2.5, 1e6, 20);
-    QDoubleValidator toolkit(-2.5, 1e6, 20);
+    QFETCH(int, decimals);
+    QFETCH(QDoubleValidator::Notation, notation);
+    BVDoubleValidator validator(-2.5, 1e6, decimals);
+    validator.setNotation(notation);
+    QDoubleValidator toolkit(-2.5, 1e6, decimals);
+    toolkit.setNotation(notation);
     toolkit.setLocale(QLocale::c());
+    const QRegularExpression surplus(QStringLiteral("(^[^.]*\\.\\d{%1})\\d+").arg(decimals));
     const char alphabet[] = "0123456789.-";
     quint32 random = 12345;
     for (int i = 0; i < 20000; ++i) {
@@ -155,7 +193,9 @@ void tst_BVDoubleValidator::agreesWithTheToolkit()
             text += QLatin1Char(alphabet[(random >> 16) % (sizeof alphabet - 1)]);
         }
         int pos = 0;
-        QCOMPARE(validator.validate(text), toolkit.validate(text, pos));
+        QString chopped = text;
+        chopped.replace(surplus, QStringLiteral("\\1"));
+        QVERIFY2(validator.validate(text) == toolkit.validate(chopped, pos), qPrintable(text));
         bool ok = false;
         bool toolkitOk = false;
         const double value = BVDoubleValidator::toDoubleValue(text, ok);
@@ -193,6 +233,10 @@ void tst_BVDoubleValidator::readsFractions_data()
     QTest::newRow("too large") << "1e300/1e-300" << false << 0.0;
     QTest::newRow("number too large") << "1e400" << false << 0.0;
     QTest::newRow("no number") << "nan" << false << 0.0;
+    QTest::newRow("white space") << " \t5 " << true << 5.0;
+    QTest::newRow("half of infinity") << "-inf/2" << true << -s_inf;
+    QTest::newRow("infinity below") << "1/inf" << true << 0.0;
+    QTest::newRow("infinities") << "inf/inf" << false << 0.0;
     QTest::newRow("infinity") << "-inf" << true << -s_inf;
     QTest::newRow("no text") << "" << false << 0.0;
 }

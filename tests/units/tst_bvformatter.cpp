@@ -18,7 +18,9 @@ namespace {
 
 constexpr double s_inf = std::numeric_limits<double>::infinity();
 constexpr double s_nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double s_nudge = 1e-14; // what halves are moved away from zero by
+constexpr double s_nudge = 1e-14; // what valueAsString() moves halves away from zero by
+
+constexpr double s_shareOfNudge = 0.002; // of the last digit, in texts made to be read
 
 QString shown(double value, int decimals, BVFormatter::OutputNotation notation, bool cut = false)
 {
@@ -33,6 +35,19 @@ double randomValue(std::mt19937_64 &random, int maxExponent)
     return mantissa * std::pow(10.0, exponent);
 }
 
+/// Whether the text is the word for the value, or a number that is at least of its sign.
+bool tells(const QString &text, double value)
+{
+    if (std::isnan(value))
+        return text.toLower() == QStringLiteral("nan");
+    if (std::isinf(value))
+        return text.toLower() == (value > 0 ? QStringLiteral("inf") : QStringLiteral("-inf"));
+    bool ok = false;
+    const double read = QLocale::c().toDouble(text, &ok);
+    const bool roundedUp = std::isinf(read) && std::fabs(value) > 1e307;
+    return (ok || roundedUp) && read * value >= 0.0;
+}
+
 /// The value of one unit of the last digit of the number at the start of a text.
 double lastDigit(const QString &text)
 {
@@ -44,6 +59,28 @@ double lastDigit(const QString &text)
     const int point = mantissa.indexOf(QLatin1Char('.'));
     const int decimals = point < 0 ? 0 : mantissa.size() - point - 1;
     return std::pow(10.0, (e < 0 ? 0 : number.mid(e + 1).toInt()) - decimals);
+}
+
+QVariantList settingsOf(const BVFormatter &formatter)
+{
+    return {formatter.valueUnit(),
+            formatter.displayUnit(),
+            formatter.isGlobalOn(),
+            formatter.isUnitIncluded(),
+            formatter.precision(),
+            formatter.isPrecisionSet(),
+            formatter.decimals(),
+            formatter.additionalDecimals(),
+            formatter.areDecimalsExplicit(),
+            formatter.fieldWidth(),
+            formatter.fillChar(),
+            int(formatter.notation()),
+            formatter.isEmpty(),
+            formatter.isFormatEmptyForLabels(),
+            formatter.isCheckForEmptyValue(),
+            formatter.emptyValue(),
+            formatter.getCutUnnecessaryDigits(),
+            formatter.suffix()};
 }
 
 } // namespace
@@ -69,6 +106,10 @@ private Q_SLOTS:
 
     void textWithUnit_data();
     void textWithUnit();
+    void padding_data();
+    void padding();
+    void smallValuesReadBack();
+    void halvesRoundAwayFromZero();
     void fullText_data();
     void fullText();
     void noValue_data();
@@ -80,6 +121,8 @@ private Q_SLOTS:
     void roundTrip();
 
     void valueUnit();
+    void symbolsAreUnits();
+    void noHalfChangeIsSeen();
     void displayUnitFollowsTheChoice();
     void fixedDisplayUnit();
     void decimalsFollowTheUnitUntilSet();
@@ -112,6 +155,8 @@ void tst_BVFormatter::valueAsString_data()
     row("fixed", 1234.5, BVFormatter::Fixed, 3, false, "1234.500");
     row("fixed, decimal half that is below in binary", 1.005, BVFormatter::Fixed, 2, false, "1.01");
     row("fixed, negative half", -2.5, BVFormatter::Fixed, 0, false, "-3");
+    row("the nudge shows where it is asked for", 2e-9, BVFormatter::Scientific, 9, false,
+        "2.000010000E-09");
     row("fixed, half beyond the nudge", 128.5, BVFormatter::Fixed, 0, false, "129");
     row("fixed, cut to one decimal", 2.5, BVFormatter::Fixed, 3, true, "2.5");
     row("fixed, cut to none", 2.0, BVFormatter::Fixed, 3, true, "2");
@@ -253,8 +298,8 @@ void tst_BVFormatter::extremesEnd()
                 const auto kind = static_cast<BVFormatter::OutputNotation>(notation);
                 const QString text =
                     BVFormatter::valueAsString(value, limit, limit, kind, limit, true, ' ');
-                QVERIFY(!text.isEmpty());
                 QVERIFY(text.size() < 2000);
+                QVERIFY2(tells(text.trimmed(), value), qPrintable(text));
             }
         }
     }
@@ -351,6 +396,55 @@ void tst_BVFormatter::textWithUnit()
     QTEST(formatter.textFromValue(value), "text");
 }
 
+void tst_BVFormatter::padding_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("engineering");
+    QTest::addColumn<QString>("adapted");
+
+    QTest::newRow("zero") << 0.0 << "***0"
+                          << "0";
+    QTest::newRow("no number") << s_nan << "*NaN"
+                               << "NaN";
+    QTest::newRow("infinity") << -s_inf << "-INF"
+                              << "-INF";
+    QTest::newRow("number") << 250e3 << "250.0E+3"
+                            << "250E+3";
+}
+
+void tst_BVFormatter::padding()
+{
+    QFETCH(double, value);
+    QTEST(BVFormatter::convertToEngineeringNotation(value, 4, 1, false, '*'), "engineering");
+    QTEST(BVFormatter::convertToAdaptedEngineeringNotation(value, 4, 1, '*'), "adapted");
+    const QString wide = BVFormatter::convertToAdaptedEngineeringNotation(250e3, 8, 1, '*');
+    QCOMPARE(wide, QStringLiteral("**250E+3"));
+}
+
+void tst_BVFormatter::smallValuesReadBack()
+{
+    BVFormatter formatter;
+    formatter.setDecimals(9);
+    formatter.setNotation(BVFormatter::Scientific);
+    QCOMPARE(formatter.textFromValue(2e-9), QStringLiteral("2.000000000E-09"));
+    formatter.setNotation(BVFormatter::Engineering);
+    QCOMPARE(formatter.textFromValue(-3e-8), QStringLiteral("-0.030000000E-6"));
+    formatter.setNotation(BVFormatter::Fixed);
+    formatter.setDecimals(15);
+    QCOMPARE(formatter.textFromValue(0.25), QStringLiteral("0.250000000000000"));
+}
+
+void tst_BVFormatter::halvesRoundAwayFromZero()
+{
+    BVFormatter formatter;
+    formatter.setDecimals(2);
+    QCOMPARE(formatter.textFromValue(1.005), QStringLiteral("1.01"));
+    QCOMPARE(formatter.textFromValue(-0.145), QStringLiteral("-0.15"));
+    formatter.setNotation(BVFormatter::Scientific);
+    QCOMPARE(formatter.textFromValue(-1.005e-3), QStringLiteral("-1.01E-03"));
+    QCOMPARE(formatter.textFromValue(1.005), QStringLiteral("1.01E+00"));
+}
+
 void tst_BVFormatter::fullText_data()
 {
     QTest::addColumn<int>("notation");
@@ -434,6 +528,12 @@ void tst_BVFormatter::typedText_data()
     row(QStringLiteral("2.54E-2 m"), true, 1.0);
     row(QStringLiteral("1,500 mm"), false, 0.0);
     row(QStringLiteral("1,500"), false, 0.0);
+    row(QStringLiteral("1 500"), false, 1.0); // no groups of any kind
+    row(QStringLiteral(u"1\u00a0500"), false, 1.0);
+    row(QStringLiteral(u"1\u202f500"), false, 1.0);
+    row(QStringLiteral("1'500"), false, 1.0);
+    row(QStringLiteral(u"1\u2019500"), false, 1.0);
+    row(QStringLiteral("1 500 mm"), false, 1.0);
     row(QStringLiteral("25.4 kg"), false, 25.4);  // the number as typed
     row(QStringLiteral("-254 mm"), false, -10.0); // below the range
     row(QStringLiteral("mm"), false, 0.0);
@@ -509,8 +609,8 @@ void tst_BVFormatter::roundTrip()
     formatter.setNotation(static_cast<BVFormatter::OutputNotation>(notation));
     std::mt19937_64 random(qHash(unit) + static_cast<uint>(notation));
     for (int i = 0; i < 400; ++i) {
-        const double value = randomValue(random, i % 2 == 0 ? 300 : 12);
-        formatter.setDecimals(i % 10);
+        const double value = randomValue(random, i % 2 == 0 ? 300 : 12); // tiny and huge as well
+        formatter.setDecimals(i % 16);
         formatter.setCutUnnecessaryDigits(i % 3 == 0);
         for (const bool full : {false, true}) {
             const QString text = formatter.textFromValue(value, full);
@@ -520,8 +620,8 @@ void tst_BVFormatter::roundTrip()
             QVERIFY2(ok, qPrintable(text));
             QCOMPARE(typedUnit, formatter.displayUnit());
             const double display = formatter.valueToDisplayValue(value);
-            const double slack = 1.01 * s_nudge + 1e-15 * std::fabs(display);
-            const double allowed = 0.5 * lastDigit(text) * (1.0 + 1e-9) + slack;
+            const double slack = 1e-15 * std::fabs(display); // of reading and of pow()
+            const double allowed = 0.5 * lastDigit(text) * (1.0 + s_shareOfNudge) + slack;
             QVERIFY2(
                 std::fabs(read - display) <= allowed,
                 qPrintable(QStringLiteral("%1 shown as %2").arg(display, 0, 'g', 17).arg(text)));
@@ -555,6 +655,46 @@ void tst_BVFormatter::valueUnit()
     QCOMPARE(formatter.textFromValue(1.0), QStringLiteral("1.000"));
 }
 
+void tst_BVFormatter::symbolsAreUnits()
+{
+    const QString celsius = QStringLiteral(u"\u00b0C");
+    BVFormatter formatter;
+    QVERIFY(formatter.setValueUnit(celsius));
+    QCOMPARE(formatter.valueUnit(), QStringLiteral("degC"));
+    QCOMPARE(formatter.textFromValue(20.0), QStringLiteral("20.00") + celsius);
+    QVERIFY(formatter.setValueUnit(QStringLiteral("K")));
+    QVERIFY(formatter.setGlobalOff(celsius));
+    QCOMPARE(formatter.displayUnit(), QStringLiteral("degC"));
+    QVERIFY(formatter.setValueUnit(QStringLiteral(u"dm\u00b2")));
+    QCOMPARE(formatter.valueUnit(), QStringLiteral("dm^2"));
+}
+
+// Whoever hears of a change must find all of it made.
+void tst_BVFormatter::noHalfChangeIsSeen()
+{
+    BVFormatter formatter;
+    formatter.setValueUnit(QStringLiteral("mm"));
+    QStringList seen;
+    connect(formatter.getValidator(), &QValidator::changed, this,
+            [&] { seen << formatter.textFromValue(1.0); });
+    formatter.setValueUnit(QStringLiteral("deg"));
+    QCOMPARE(seen, QStringList{QStringLiteral(u"1.00\u00b0")});
+
+    BVFormatter source;
+    source.setValueUnit(QStringLiteral("kg"));
+    source.setSuffix(QStringLiteral("!"));
+    source.setPrecision(3);
+    seen.clear();
+    formatter.copyFrom(&source);
+    QCOMPARE(seen, QStringList{source.textFromValue(1.0)});
+
+    seen.clear();
+    connect(formatter.getValidator(), &QValidator::changed, this,
+            [&] { QCOMPARE(formatter.precision(), 5); });
+    formatter.setPrecision(5);
+    QCOMPARE(seen.size(), 1);
+}
+
 void tst_BVFormatter::displayUnitFollowsTheChoice()
 {
     UnitsConfiguration &choice = UnitsConfiguration::instance();
@@ -578,6 +718,13 @@ void tst_BVFormatter::displayUnitFollowsTheChoice()
     formatter.setGlobalOn();
     QCOMPARE(order, QStringList{QStringLiteral("settings")});
     QCOMPARE(formatter.textFromValue(1500.0), QStringLiteral("1500.00 mm"));
+    order.clear();
+    formatter.setGlobalOn();
+    formatter.setGlobalOff(QStringLiteral("mm"));
+    order.clear();
+    formatter.setGlobalOn(); // shows what was shown before
+    QVERIFY(formatter.isGlobalOn());
+    QCOMPARE(order, QStringList());
 }
 
 void tst_BVFormatter::fixedDisplayUnit()
@@ -590,8 +737,12 @@ void tst_BVFormatter::fixedDisplayUnit()
     QVERIFY(formatter.setGlobalOff(QStringLiteral("m")));
     QCOMPARE(formatter.textFromValue(1500.0), QStringLiteral("1.50000 m"));
 
+    formatter.setAdditionalDecimals(2);
+    formatter.setDecimals(5);                                // what "m" asks for
     QVERIFY(formatter.setValueUnit(QStringLiteral("inch"))); // keeps the display unit
     QCOMPARE(formatter.displayUnit(), QStringLiteral("m"));
+    QCOMPARE(formatter.decimals(), 5); // and with it the decimals
+    formatter.setAdditionalDecimals(0);
     QVERIFY(formatter.setValueUnit(QStringLiteral("kg"))); // cannot keep it
     QCOMPARE(formatter.textFromValue(1.5), QStringLiteral("1.500 kg"));
 
@@ -631,13 +782,20 @@ void tst_BVFormatter::settingsAreClampedAndAnnounced()
     formatter.setPrecision(4);
     QCOMPARE(formatter.getValidator()->decimals(), 4);
     QCOMPARE(changed.count(), 4);
+    formatter.getValidator()->setDecimals(7);
     formatter.setPrecision(4);
+    QCOMPARE(formatter.getValidator()->decimals(), 7);
     formatter.setFillChar('0');
     formatter.includeUnit(true);
     formatter.setEmpty(true, false);
     formatter.checkForEmptyValue(true, s_nan);
     QCOMPARE(changed.count(), 4);
     QVERIFY(!formatter.isCheckForEmptyValue());
+    formatter.checkForEmptyValue(true, 5.0);
+    formatter.checkForEmptyValue(false, s_nan);
+    QCOMPARE(changed.count(), 6);
+    QVERIFY(!formatter.isCheckForEmptyValue());
+    QCOMPARE(formatter.emptyValue(), 5.0);
 }
 
 void tst_BVFormatter::copiesAllSettings()
@@ -645,9 +803,18 @@ void tst_BVFormatter::copiesAllSettings()
     BVFormatter source;
     source.setValueUnit(QStringLiteral("mm"));
     source.setGlobalOff(QStringLiteral("m"));
-    source.setNotation(BVFormatter::Scientific);
+    source.includeUnit(false);
+    source.setAdditionalDecimals(2);
     source.setDecimals(4);
+    source.setPrecision(6);
+    source.setFieldWidth(12);
+    source.setFillChar('*');
+    source.setNotation(BVFormatter::Scientific);
+    source.formatEmptyForLabels(true);
+    source.checkForEmptyValue(true, 7.0);
+    source.setCutUnnecessaryDigits(true);
     source.setSuffix(QStringLiteral("!"));
+    source.setEmpty(true);
     source.getValidator()->setRange(0.0, 10.0, 4);
     BVFormatter copy;
     QSignalSpy changed(&copy, &BVFormatter::settingsChanged);
@@ -655,8 +822,14 @@ void tst_BVFormatter::copiesAllSettings()
     QCOMPARE(changed.count(), 0);
     copy.copyFrom(&source);
     QCOMPARE(changed.count(), 1);
-    QCOMPARE(copy.textFromValue(1500.0), QStringLiteral("1.5000E+00 m!"));
-    QCOMPARE(copy.textFromValue(1500.0), source.textFromValue(1500.0));
+    QCOMPARE(settingsOf(copy), settingsOf(source));
+    const QVariantList defaults = settingsOf(BVFormatter());
+    for (int i = 0; i < defaults.size(); ++i)
+        QVERIFY2(settingsOf(copy).at(i) != defaults.at(i), qPrintable(QString::number(i)));
+    QCOMPARE(copy.textFromValue(1500.0), QStringLiteral("-"));
+    copy.setEmpty(false);
+    copy.includeUnit(true);
+    QCOMPARE(copy.textFromValue(1500.0), QStringLiteral("**1.5000E+00 m!"));
     bool ok = true;
     copy.valueFromText(QStringLiteral("11 mm"), ok);
     QVERIFY(!ok);

@@ -2,6 +2,7 @@
 #include "units/BVUnitValidator.h"
 
 #include <QLocale>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <limits>
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void emptyText();
     void everyStepOfTypingIsAllowed_data();
     void everyStepOfTypingIsAllowed();
+    void copiesAtOnce();
     void appendsUnits();
 };
 
@@ -85,14 +87,15 @@ void tst_BVUnitValidator::validates_data()
     QTest::addColumn<QString>("base");
     QTest::addColumn<double>("bottom");
     QTest::addColumn<double>("top");
+    QTest::addColumn<int>("decimals");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QValidator::State>("state");
 
     const auto row = [](const QString &base, const QString &text, QValidator::State state,
-                        double bottom = -s_inf, double top = s_inf) {
-        QTest::addRow("%s for '%s' in %g to %g", qUtf8Printable(text), qUtf8Printable(base), bottom,
-                      top)
-            << base << bottom << top << text << state;
+                        double bottom = -s_inf, double top = s_inf, int decimals = 9) {
+        QTest::addRow("%s for '%s' in %g to %g, %d", qUtf8Printable(text), qUtf8Printable(base),
+                      bottom, top, decimals)
+            << base << bottom << top << decimals << text << state;
     };
     row("mm", "25 inch", Acceptable, 0, 635);
     row("mm", "25 inch", Intermediate, 0, 634.9);
@@ -121,6 +124,25 @@ void tst_BVUnitValidator::validates_data()
     row(QStringLiteral(u"\u00b0C"), QStringLiteral(u"20.00\u00b0C"), Acceptable);
     row("%", "50%", Acceptable);
     row("1/s", "60/min", Acceptable, 1, 1);
+    for (const char *rest : {"1 m 50 cm", "5 mm 1,500", "5 m 1,500", "5 mm,5", "5 m.5",
+                             "5 m + 3 mm", "5 m/xyz", "5 mm mm", "5 m mm", "5 m^", "5 m/", "5 cm*"})
+        row("mm", rest, Intermediate);
+    row("mm", "5 Meter", Acceptable);
+    row("miUS", "-114.43inch", Invalid, 0, 100, 0); // less than nothing, though it is shown as 0
+    row("K", QStringLiteral(u"-273.15\u00b0C"), Acceptable, 0, 100, 0);
+    row("mm", "5e mm", Intermediate);
+    row("mm", "5emm", Intermediate);
+    row("mm", "5e-%", Intermediate);
+    row("mm", "5exyz", Invalid);
+    row("mm", "1,5e mm", Invalid);
+    row("EUR", "5EUR", Acceptable);
+    row("EUR", "5 EURX", Invalid);
+    row("mm", "1/xyz", Invalid);
+    row("", "5/ mm", Invalid);
+    row("kg", "i", Intermediate, 0, s_inf);
+    row("kg", "i", Invalid, 0, 100);
+    row("kg", "-in kg", Intermediate);
+    row("", "in", Intermediate);
 }
 
 void tst_BVUnitValidator::validates()
@@ -129,7 +151,8 @@ void tst_BVUnitValidator::validates()
     QFETCH(double, bottom);
     QFETCH(double, top);
     QFETCH(QString, text);
-    BVUnitValidator validator(bottom, top, 9);
+    QFETCH(int, decimals);
+    BVUnitValidator validator(bottom, top, decimals);
     validator.setBaseUnit(base);
     QTEST(validator.validate(text), "state");
 }
@@ -149,10 +172,25 @@ void tst_BVUnitValidator::everyStepOfTypingIsAllowed_data()
 {
     QTest::addColumn<QString>("base");
     QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("behind"); // the cursor
 
-    const auto row = [](const char *base, const QString &text) {
-        QTest::newRow(qUtf8Printable(text)) << QString(base) << text;
+    const auto row = [](const char *base, const QString &text, const QString &behind = QString()) {
+        QTest::newRow(qUtf8Printable(text + QLatin1Char('|') + behind))
+            << QString(base) << text << behind;
     };
+    for (const char *number : {"-12.5E-3", "5e3", ".5", "1/4", "-1 / 2.5e-1", "inf", "-inf"}) {
+        row("mm", number, " mm");
+        row("mm", number, " inch");
+        row("1/s", number, " 1/min");
+        row("MPa", number, " N/mm^2");
+        row("EUR", number, QStringLiteral(u" \u20ac"));
+        row("EUR", number, " EUR");
+        row("degC", number, QStringLiteral(u"\u00b0C"));
+        row("rad", number, QStringLiteral(u"\u00b0"));
+        row("%", number, "%");
+    }
+    row("mm", "1/4", "mm");
+    row("mm", "5e+2", "mm");
     row("mm", "-12.5E-3 inch");
     row("mm", "1/4 ftUS");
     row("mm", QStringLiteral(u"5 \u00b5m"));
@@ -177,11 +215,33 @@ void tst_BVUnitValidator::everyStepOfTypingIsAllowed()
 {
     QFETCH(QString, base);
     QFETCH(QString, text);
+    QFETCH(QString, behind);
     BVUnitValidator validator;
     validator.setBaseUnit(base);
-    for (int size = 0; size <= text.size(); ++size)
-        QVERIFY2(validator.validate(text.left(size)) != Invalid, qUtf8Printable(text.left(size)));
-    QCOMPARE(validator.validate(text), Acceptable);
+    for (int size = 0; size <= text.size(); ++size) {
+        const QString typed = text.left(size) + behind;
+        QVERIFY2(validator.validate(typed) != Invalid, qUtf8Printable(typed));
+    }
+    QCOMPARE(validator.validate(text + behind), Acceptable);
+}
+
+void tst_BVUnitValidator::copiesAtOnce()
+{
+    BVUnitValidator source(-1.0, 2.0, 4);
+    source.setNotation(QDoubleValidator::StandardNotation);
+    source.setAcceptEmpty(true);
+    source.setBaseUnit(QStringLiteral("mm"));
+    BVUnitValidator copy;
+    QSignalSpy changed(&copy, &QValidator::changed);
+    copy.copyFrom(source);
+    copy.copyFrom(source);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(copy.bottom(), -1.0);
+    QCOMPARE(copy.top(), 2.0);
+    QCOMPARE(copy.decimals(), 4);
+    QCOMPARE(copy.notation(), QDoubleValidator::StandardNotation);
+    QVERIFY(copy.acceptEmpty());
+    QCOMPARE(copy.baseUnit(), QStringLiteral("mm"));
 }
 
 void tst_BVUnitValidator::appendsUnits()
