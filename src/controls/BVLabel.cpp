@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QTextDocument>
 #include <QTextDocumentFragment>
 
 BVLabel::BVLabel(QWidget *parent)

@@ -165,16 +165,19 @@ void BVCheckableContainerInterface::setBvStatus(BVWidgetStatus::Stati stati)
         PropertyChangeFilter::repolishPost(button, true);
     }
     m_statusHandler->setBlocking(wasBlocking, false);
+    // The container's own status, not that of an item. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     BVWidgetInterface::setBvStatus(stati);
 }
 
 bool BVCheckableContainerInterface::getBvStatus(BVWidgetStatus::Status status) const
 {
+    // The container's own status, not that of an item. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return BVWidgetInterface::getBvStatus(status);
 }
 
 BVWidgetStatus::Stati BVCheckableContainerInterface::getBvStatus() const
 {
+    // The container's own status, not that of an item. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return BVWidgetInterface::getBvStatus();
 }
 

@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QHelpEvent>
-#include <QStringList>
 #include <QTextDocument>
 #include <QToolTip>
 #include <QVariant>
@@ -66,37 +65,46 @@ QString referenceText(const QWidget *widget, const QVariant &reference)
     return text.isEmpty() ? translated("Undefined") : text;
 }
 
-/// Both texts on lines of their own, as rich text if the first is.
-QString joined(const QString &first, const QString &second)
-{
-    if (Qt::mightBeRichText(first))
-        return first + QLatin1String("<br>") + second.toHtmlEscaped();
-    const QString text = first.isEmpty() ? second : first + QLatin1Char('\n') + second;
-    if (!Qt::mightBeRichText(text))
-        return text;
-    return text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
-}
-
 } // namespace
 
 BVReferenceValueInterface::~BVReferenceValueInterface() = default;
+
+QString BVReferenceValueInterface::joinedToolTip(const QString &text, const QStringList &lines)
+{
+    if (Qt::mightBeRichText(text)) {
+        QString rich = text;
+        for (const QString &line : lines)
+            rich += QLatin1String("<br>") + line.toHtmlEscaped();
+        return rich;
+    }
+    QStringList all = lines;
+    if (!text.isEmpty())
+        all.prepend(text);
+    QString plain = all.join(QLatin1Char('\n'));
+    if (!Qt::mightBeRichText(plain))
+        return plain;
+    const QString body = plain.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+    return QLatin1String("<qt>") + body + QLatin1String("</qt>");
+}
 
 QString BVReferenceValueInterface::composedToolTip(const QWidget *widget)
 {
     if (!widget)
         return QString();
     const auto *shown = dynamic_cast<const BVReferenceValueInterface *>(widget);
-    const QString text = shown ? shown->toolTipText() : widget->toolTip();
+    QString text = shown ? shown->toolTipText() : widget->toolTip();
     if (!hasReference(widget))
         return text;
     const QVariant reference = widget->property(s_referenceProperty);
-    return joined(text, translated("Reference value: %1").arg(referenceText(widget, reference)));
+    return joinedToolTip(text,
+                         {translated("Reference value: %1").arg(referenceText(widget, reference))});
 }
 
 bool BVReferenceValueInterface::showToolTip(QWidget *widget, QHelpEvent *event)
 {
     if (!widget || !hasReference(widget))
         return false;
-    QToolTip::showText(event->globalPos(), composedToolTip(widget), widget);
+    QToolTip::showText(event->globalPos(), composedToolTip(widget), widget, widget->rect(),
+                       widget->toolTipDuration());
     return true;
 }

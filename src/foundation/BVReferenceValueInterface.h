@@ -4,6 +4,7 @@
 #include "BVWidgetsExport.h"
 
 #include <QString>
+#include <QStringList>
 
 class QHelpEvent;
 class QVariant;
@@ -27,6 +28,8 @@ public:
     /// property.
     virtual QString toolTipText() const = 0;
 
+    /// A tool tip of a text, which may be rich, and lines of plain text below it.
+    static QString joinedToolTip(const QString &text, const QStringList &lines);
     /// The tool tip of @p widget: its own text, then "Reference value: ..." on a line of its own if
     /// it has a reference value. Empty when there is neither.
     static QString composedToolTip(const QWidget *widget);

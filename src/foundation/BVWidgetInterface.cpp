@@ -74,7 +74,7 @@ QSignalMapper *signalMapper(QMenu *menu)
 /// The method as connect() wants it, with the code that SIGNAL() and SLOT() put in front.
 QByteArray connectableMember(const QObject *receiver, const char *member)
 {
-    const QByteArray text(member);
+    QByteArray text(member);
     const bool hasCode =
         text.startsWith(char('0' + QSLOT_CODE)) || text.startsWith(char('0' + QSIGNAL_CODE));
     if (text.isEmpty() || hasCode)
@@ -219,7 +219,8 @@ BV_DEFINE_FLAG(DeleteVariableDisabled, DeleteVariableDisabled)
 
 #undef BV_DEFINE_FLAG
 
-void BVWidgetInterface::setupStandardMenu(QMenu *menu, const QObject *receiver, const char *member)
+void BVWidgetInterface::setupStandardMenu(QMenu *menu, const QObject *receiver,
+                                          const char *member) const
 {
     const BVWidgetStatus::Stati stati = getBvStatus();
     if (!BVWidgetStatus::testFlag(stati, BVWidgetStatus::ResetToStandardDisabled))

@@ -97,7 +97,7 @@ public:
 
 protected:
     /// The same for the widget's own flags; nothing while ResetToStandardDisabled is set.
-    void setupStandardMenu(QMenu *menu, const QObject *receiver, const char *member);
+    void setupStandardMenu(QMenu *menu, const QObject *receiver, const char *member) const;
 
 private:
     void emitChanged();

@@ -132,7 +132,7 @@ void BVWidgetStatusHandler::onChildDeleted(QObject *child)
     updateParentStatus();
 }
 
-void BVWidgetStatusHandler::follow(QWidget *child)
+void BVWidgetStatusHandler::follow(QWidget *child) const
 {
     connect(child, &QObject::destroyed, this, &BVWidgetStatusHandler::onChildDeleted);
 }

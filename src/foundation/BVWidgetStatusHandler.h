@@ -64,7 +64,7 @@ private Q_SLOTS:
     void onChildDeleted(QObject *child);
 
 private:
-    void follow(QWidget *child);
+    void follow(QWidget *child) const;
     void silentDetach(QWidget *child);
     void onChildStatusChanged(QEvent *event);
 

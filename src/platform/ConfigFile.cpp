@@ -13,7 +13,7 @@ namespace {
 
 const QString s_formatKey = QStringLiteral("ConfigurationFormat"); // tells our files from others
 constexpr int s_format = 1;
-constexpr qint64 s_maxSize = 16 * 1024 * 1024; // bytes
+constexpr qint64 s_maxSize = qint64(16) * 1024 * 1024; // bytes
 
 /// The name without slashes, which separate groups, and without a percent sign of its own.
 QString escapedName(QString name)
@@ -36,9 +36,7 @@ QByteArray readBytes(const QString &fileName, QString *error)
     QByteArray bytes;
     if (!info.isFile())
         *error = QStringLiteral("it is no regular file");
-    else if (!file.open(QIODevice::ReadOnly))
-        *error = file.errorString();
-    else if (file.size() > s_maxSize)
+    else if (file.open(QIODevice::ReadOnly) && file.size() > s_maxSize)
         *error = QStringLiteral("it is too large for a configuration file");
     else if (bytes = file.readAll(); file.error() != QFileDevice::NoError)
         *error = file.errorString();

@@ -17,7 +17,7 @@ namespace {
 /// or palette settles once. Hidden windows wait until they are shown.
 void appendChildren(const QWidget *widget, QVector<QPointer<QWidget>> &widgets)
 {
-    const QObjectList children = widget->children();
+    const QObjectList &children = widget->children();
     for (QObject *child : children) {
         if (!child->isWidgetType())
             continue;

@@ -7,8 +7,8 @@ class QWidget;
 
 /// Re-polishes a hidden window, such as the closed popup of a combo box, when it is next shown.
 ///
-/// A form full of combo boxes has more widgets in their closed popups than the user can see; a status
-/// change does not pay for them.
+/// A form full of combo boxes has more widgets in their closed popups than the user can see; a
+/// status change does not pay for them.
 class RepolishOnShow : public QObject
 {
     Q_OBJECT

@@ -39,7 +39,7 @@ void RepolishQueue::add(QWidget *widget, bool children)
 {
     // A posted event comes before the painting of the same turn, which a timer would not.
     if (m_requests.empty())
-        QMetaObject::invokeMethod(this, &RepolishQueue::run, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "run", Qt::QueuedConnection);
     const auto it = m_index.constFind(widget);
     if (it == m_index.constEnd()) {
         m_index.insert(widget, m_requests.size());

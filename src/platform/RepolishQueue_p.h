@@ -32,7 +32,7 @@ private:
 
     explicit RepolishQueue(QObject *parent);
 
-    void run();
+    Q_INVOKABLE void run();
 
     std::vector<Request> m_requests;  // in order of arrival
     QHash<QWidget *, size_t> m_index; // where a widget's request stands

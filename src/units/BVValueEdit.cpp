@@ -6,6 +6,8 @@
 
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLocale>
+#include <QPointer>
 #include <QToolTip>
 #include <QVariant>
 
@@ -14,21 +16,39 @@
 namespace {
 
 constexpr int s_toolTipDigits = 9; // significant digits of the value in other units
+constexpr double s_fullPrecision =
+    1e-8; // relative; a text closer than that tells the value in full
 
-/// Gives a number without a unit the unit that it is meant in.
+/// Whether the tag stands for a unit, or for none.
+bool isKnown(UnitConverter::Unit unit)
+{
+    return unit == UnitConverter::Unit_None || !UnitConverter::UnitFromTag(unit).isEmpty();
+}
+
+/// The text as the formatter reads it: without the suffix, a number without a unit with the unit
+/// that it is meant in.
 QString withDisplayUnit(const BVFormatter &formatter, const QString &text)
 {
-    bool isNumber = false;
-    BVDoubleValidator::toDoubleValue(text.trimmed(), isNumber);
     QString complete = text;
+    const QString suffix = formatter.suffix();
+    const int end = suffix.isEmpty() ? -1 : text.lastIndexOf(suffix);
+    if (end >= 0)
+        complete.truncate(end);
+    bool isNumber = false;
+    BVDoubleValidator::toDoubleValue(complete.trimmed(), isNumber);
     if (isNumber && formatter.isValueUnitSet() && formatter.displayUnit() != formatter.valueUnit())
         BVUnitValidator::appendUnitIfNone(complete, formatter.displayUnit());
     return complete;
 }
 
-/// Judges what is typed into the edit as its formatter will read it.
+/// Judges a text as the edit's formatter will read it.
+///
+/// No text is invalid: a line edit swallows the keys that would make it so, and what is left often
+/// reads as another value.
 class EditValidator : public QValidator
 {
+    Q_OBJECT
+
 public:
     explicit EditValidator(BVValueEdit *edit)
         : QValidator(edit)
@@ -37,16 +57,14 @@ public:
     {
     }
 
-    State validate(QString &text, int &position) const override
+    State validate(QString &text, int & /*position*/) const override
     {
-        const BVUnitValidator *validator = m_formatter->getValidator();
         if (showsAcceptableValue(text))
             return Acceptable;
         QString complete = withDisplayUnit(*m_formatter, text);
-        if (complete == text)
-            return validator->validate(text, position);
         int end = complete.size();
-        return validator->validate(complete, end);
+        const State state = m_formatter->getValidator()->validate(complete, end);
+        return state == Invalid ? Intermediate : state;
     }
 
 private:
@@ -59,8 +77,10 @@ private:
             return false;
         QString number;
         QString unit;
-        BVUnitValidator::split(text, number, unit);
-        return !number.isEmpty();
+        BVUnitValidator::split(withDisplayUnit(*m_formatter, text), number, unit);
+        bool isNumber = false;
+        BVDoubleValidator::toDoubleValue(number, isNumber);
+        return isNumber;
     }
 
     BVValueEdit *m_edit;
@@ -72,13 +92,16 @@ private:
 BVValueEdit::BVValueEdit(QWidget *parent)
     : BVLineEdit(parent)
     , m_formatter(new BVFormatter(this))
+    , m_minimum(m_formatter->getValidator()->bottom())
+    , m_maximum(m_formatter->getValidator()->top())
 {
     setFocusPolicy(Qt::StrongFocus);
     m_formatter->setNotation(BVFormatter::Automatic);
     m_formatter->includeUnit(true);
     setValidator(new EditValidator(this));
     connect(m_formatter, &BVFormatter::settingsChanged, this, &BVValueEdit::onFormatterChanged);
-    connect(this, &QLineEdit::textEdited, this, &BVValueEdit::onTextEdited);
+    connect(m_formatter->getValidator(), &QValidator::changed, this, &BVValueEdit::onLimitsChanged);
+    connect(this, &QLineEdit::textChanged, this, &BVValueEdit::onTextChanged);
     onUpdateDisplay();
 }
 
@@ -96,13 +119,18 @@ double BVValueEdit::value(const QString &unit, bool *ok) const
 
 double BVValueEdit::value(UnitConverter::Unit unit, bool *ok) const
 {
-    return value(UnitConverter::UnitFromTag(unit), ok);
+    if (isKnown(unit))
+        return value(UnitConverter::UnitFromTag(unit), ok);
+    if (ok)
+        *ok = false;
+    return m_value;
 }
 
 bool BVValueEdit::setValue(double value, const QString &unit)
 {
     double converted = value;
-    if (!m_formatter->valueFromUnit(value, unit, converted))
+    if (std::isnan(value) || !m_formatter->valueFromUnit(value, unit, converted) ||
+        (std::isinf(converted) && !std::isinf(value)))
         return false;
     setValue(converted);
     return true;
@@ -110,7 +138,7 @@ bool BVValueEdit::setValue(double value, const QString &unit)
 
 bool BVValueEdit::setValue(double value, UnitConverter::Unit unit)
 {
-    return setValue(value, UnitConverter::UnitFromTag(unit));
+    return isKnown(unit) && setValue(value, UnitConverter::UnitFromTag(unit));
 }
 
 double BVValueEdit::getDisplayValue() const
@@ -128,6 +156,7 @@ int BVValueEdit::decimals() const
 
 void BVValueEdit::setDecimals(int decimals)
 {
+    m_decimals = decimals;
     m_formatter->setDecimals(decimals);
 }
 
@@ -166,17 +195,22 @@ void BVValueEdit::setRange(double minimum, double maximum)
     if (!(minimum <= maximum)) // so does NaN in either place
         return;
     BVUnitValidator *validator = m_formatter->getValidator();
-    const double oldMinimum = validator->bottom();
-    const double oldMaximum = validator->top();
-    if (minimum == oldMinimum && maximum == oldMaximum)
-        return;
-    validator->setBottom(minimum);
-    validator->setTop(maximum);
-    showAcceptance();
-    if (minimum != oldMinimum)
-        Q_EMIT minChanged(minimum);
-    if (maximum != oldMaximum)
-        Q_EMIT maxChanged(maximum);
+    if (minimum != validator->bottom() || maximum != validator->top())
+        validator->setRange(minimum, maximum, validator->decimals());
+}
+
+void BVValueEdit::onLimitsChanged()
+{
+    const bool minimumChanged = minimum() != m_minimum;
+    const bool maximumChanged = maximum() != m_maximum;
+    m_minimum = minimum();
+    m_maximum = maximum();
+    if ((minimumChanged || maximumChanged) && (!isModified() || isNeedInputStatus()))
+        showAcceptance(); // what is still being typed is not found fault with
+    if (minimumChanged)
+        Q_EMIT minChanged(m_minimum);
+    if (maximumChanged)
+        Q_EMIT maxChanged(m_maximum);
 }
 
 QString BVValueEdit::unitString() const
@@ -186,8 +220,8 @@ QString BVValueEdit::unitString() const
 
 void BVValueEdit::setUnitString(const QString &unit)
 {
-    if (unit != unitString() && m_formatter->setValueUnit(unit))
-        Q_EMIT valueUnitChanged(unit);
+    if (m_formatter->setValueUnit(unit) && m_decimals >= 0)
+        m_formatter->setDecimals(m_decimals);
 }
 
 UnitConverter::Unit BVValueEdit::unitTag() const
@@ -197,7 +231,8 @@ UnitConverter::Unit BVValueEdit::unitTag() const
 
 void BVValueEdit::setUnitTag(UnitConverter::Unit unit)
 {
-    setUnitString(UnitConverter::UnitFromTag(unit));
+    if (isKnown(unit))
+        setUnitString(UnitConverter::UnitFromTag(unit));
 }
 
 UnitConverter::Unit BVValueEdit::getDisplayUnitTag() const
@@ -207,8 +242,8 @@ UnitConverter::Unit BVValueEdit::getDisplayUnitTag() const
 
 void BVValueEdit::setDisplayUnitTag(UnitConverter::Unit unit)
 {
-    const QString text = UnitConverter::UnitFromTag(unit);
-    setDisplayUnit(text, !text.isEmpty());
+    if (isKnown(unit))
+        setDisplayUnit(UnitConverter::UnitFromTag(unit), unit != UnitConverter::Unit_None);
 }
 
 BVFormatter::OutputNotation BVValueEdit::getNotation() const
@@ -262,23 +297,25 @@ void BVValueEdit::storeValue()
 {
     if (!isModified() && !m_dirty)
         return;
-    if (text() == textFromValue(m_value, false)) {
-        takeOver(m_value); // reading it back would round the value
-    } else {
-        bool ok = false;
-        const double value = m_formatter->valueFromText(textWithUnit(), ok);
-        if (ok)
-            takeOver(value);
-        else
-            showAcceptance();
-    }
-    if (m_preselect)
+    const QPointer<BVValueEdit> self(this); // a slot may delete the edit
+    bool ok = false;
+    const double value = valueOfText(ok);
+    if (ok)
+        takeOver(value);
+    else
+        showAcceptance();
+    if (self && m_preselect)
         selectAll();
 }
 
 void BVValueEdit::onUpdateDisplay()
 {
-    setText(textFromValue(m_value, false));
+    const QString text = textFromValue(m_value, false);
+    if (text != QLineEdit::text() || isModified()) {
+        m_showing = true;
+        setText(text);
+        m_showing = false;
+    }
     showAcceptance();
 }
 
@@ -299,23 +336,31 @@ bool BVValueEdit::event(QEvent *event)
 {
     if (event->type() != QEvent::ToolTip)
         return BVLineEdit::event(event);
-    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), composedToolTip(this), this);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), composedToolTip(this), this,
+                       rect(), toolTipDuration());
     return true;
 }
 
 void BVValueEdit::keyPressEvent(QKeyEvent *event)
 {
+    const QPointer<BVValueEdit> self(this);
     BVLineEdit::keyPressEvent(event);
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        storeValue();
-        selectAllIfNone();
-    }
+    if (!self || (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter))
+        return;
+    storeValue();
+    if (!self)
+        return;
+    selectAllIfNone();
+    if (isNeedInputStatus())
+        event->accept(); // or a dialog would close over a text that was not taken
 }
 
 void BVValueEdit::focusOutEvent(QFocusEvent *event)
 {
+    const QPointer<BVValueEdit> self(this);
     storeValue();
-    BVLineEdit::focusOutEvent(event);
+    if (self)
+        BVLineEdit::focusOutEvent(event);
 }
 
 void BVValueEdit::mouseReleaseEvent(QMouseEvent *event)
@@ -328,26 +373,52 @@ void BVValueEdit::mouseReleaseEvent(QMouseEvent *event)
 void BVValueEdit::onFormatterChanged()
 {
     onUpdateDisplay();
-    const QString unit = m_formatter->displayUnit();
-    if (unit == m_shownUnit)
-        return;
-    m_shownUnit = unit;
-    Q_EMIT displayUnitChanged(unit);
+    const bool valueUnitIsNew = unitString() != m_announcedUnit;
+    const bool displayUnitIsNew = m_formatter->displayUnit() != m_shownUnit;
+    m_announcedUnit = unitString();
+    m_shownUnit = m_formatter->displayUnit();
+    const QPointer<BVValueEdit> self(this);
+    if (valueUnitIsNew)
+        Q_EMIT valueUnitChanged(m_announcedUnit);
+    if (self && displayUnitIsNew)
+        Q_EMIT displayUnitChanged(m_shownUnit);
 }
 
-void BVValueEdit::onTextEdited()
+void BVValueEdit::onTextChanged()
 {
-    // What is still being typed is not found fault with; a fault once found goes as soon as it is
-    // mended.
-    if (isNeedInputStatus() && hasAcceptableInput())
+    if (m_showing)
+        return;
+    if (!isModified()) { // set by the program or a completer
+        m_dirty = m_dirty || text() != textFromValue(m_value, false);
         showAcceptance();
+    } else if (isNeedInputStatus()) {
+        // What is still being typed is not found fault with; a fault once found goes when it is
+        // mended.
+        showAcceptance();
+    }
+}
+
+double BVValueEdit::valueOfText(bool &ok)
+{
+    if (text() == textFromValue(m_value, false)) {
+        ok = hasAcceptableInput();
+        return m_value; // reading it back would round the value
+    }
+    const double value = m_formatter->valueFromText(withDisplayUnit(*m_formatter, text()), ok);
+    ok = ok && value >= minimum() && value <= maximum();
+    if (ok)
+        m_formatter->setEmpty(false, false);
+    return value;
 }
 
 void BVValueEdit::takeOver(double value)
 {
+    const QPointer<BVValueEdit> self(this);
     m_value = value;
     m_dirty = false;
     onUpdateDisplay();
+    if (!self || m_value != value) // a slot has deleted the edit, or set another value
+        return;
     if (hasAcceptableInput())
         Q_EMIT valueChanged(value);
     else
@@ -357,14 +428,14 @@ void BVValueEdit::takeOver(double value)
 void BVValueEdit::showAcceptance()
 {
     const bool acceptable = hasAcceptableInput();
+    if (accessibleDescription() != m_describedProblem || m_describedProblem.isEmpty())
+        m_description = accessibleDescription();
+    m_describedProblem.clear();
     if (!acceptable) {
-        if (!m_describesProblem)
-            m_description = accessibleDescription();
-        setAccessibleDescription(problem());
-    } else if (m_describesProblem) {
-        setAccessibleDescription(m_description);
+        m_describedProblem =
+            m_description.isEmpty() ? problem() : m_description + QLatin1Char('\n') + problem();
     }
-    m_describesProblem = !acceptable;
+    setAccessibleDescription(acceptable ? m_description : m_describedProblem);
     setBvStatus(BVWidgetStatus::NeedInput, !acceptable);
 }
 
@@ -374,22 +445,18 @@ void BVValueEdit::selectAllIfNone()
         selectAll();
 }
 
-QString BVValueEdit::textWithUnit() const
-{
-    return withDisplayUnit(*m_formatter, text());
-}
-
 QString BVValueEdit::problem() const
 {
     QString number;
     QString unit;
-    BVUnitValidator::split(text(), number, unit);
-    if (number.isEmpty() && unit.isEmpty())
+    const QString complete = withDisplayUnit(*m_formatter, text());
+    BVUnitValidator::split(complete, number, unit);
+    if (complete.trimmed().isEmpty() || isNoValue())
         return tr("A value is needed here.");
     bool isNumber = false;
     BVDoubleValidator::toDoubleValue(number, isNumber);
     if (!isNumber)
-        return tr("\"%1\" is not a number.").arg(number.isEmpty() ? text() : number);
+        return tr("\"%1\" is not a number.").arg(number.isEmpty() ? complete : number);
     QString typedUnit = unit;
     BVFormatter::replaceSymbols(typedUnit, true);
     if (unit.isEmpty() || UnitConverter::isConvertable(typedUnit, unitString()))
@@ -406,9 +473,7 @@ QString BVValueEdit::problem() const
 
 QString BVValueEdit::rangeProblem() const
 {
-    bool ok = false;
-    const QString complete = textWithUnit();
-    const double value = m_formatter->valueFromText(complete, ok);
+    const double value = m_formatter->valueFromText(withDisplayUnit(*m_formatter, text()));
     if (value < minimum())
         return tr("The value must be at least %1.").arg(textFromValue(minimum(), true));
     if (value > maximum())
@@ -416,12 +481,32 @@ QString BVValueEdit::rangeProblem() const
     return tr("\"%1\" is not a value.").arg(text());
 }
 
+bool BVValueEdit::isNoValue() const
+{
+    const bool isEmptyValue =
+        m_formatter->isCheckForEmptyValue() && m_value == m_formatter->emptyValue();
+    return (m_formatter->isEmpty() || isEmptyValue) && text() == textFromValue(m_value, false);
+}
+
+QString BVValueEdit::fullValueText() const
+{
+    const QString text = textFromValue(m_value, true);
+    if (std::abs(valueFromText(text) - m_value) <= s_fullPrecision * std::abs(m_value))
+        return text;
+    QString precise = QString::number(m_formatter->valueToDisplayValue(m_value), 'g',
+                                      QLocale::FloatingPointShortest);
+    BVUnitValidator::appendUnit(precise, m_formatter->displayUnit());
+    return precise;
+}
+
 QStringList BVValueEdit::valueInOtherUnits() const
 {
     const UnitsConfiguration &configuration = UnitsConfiguration::instance();
     QStringList lines;
-    const QStringList units = UnitsConfiguration::allowedUnits(
-        configuration.isSupportedUnitOfAny(m_formatter->displayUnit()));
+    auto dimension = configuration.isSupportedUnitOfAny(m_formatter->displayUnit());
+    if (dimension == UnitsConfiguration::NoDimension)
+        dimension = configuration.isSupportedUnitOfAny(unitString());
+    const QStringList units = UnitsConfiguration::allowedUnits(dimension);
     for (const QString &unit : units) {
         double converted = m_value;
         if (unit == m_formatter->displayUnit() ||
@@ -444,10 +529,11 @@ QString BVValueEdit::referenceValueText(const QVariant &reference) const
 QString BVValueEdit::toolTipText() const
 {
     QStringList lines;
-    if (!toolTip().isEmpty())
-        lines << toolTip();
     if (!hasAcceptableInput())
         lines << problem();
-    lines << textFromValue(m_value, true) << valueInOtherUnits();
-    return lines.join(QLatin1Char('\n'));
+    if (!isNoValue())
+        lines << fullValueText() << valueInOtherUnits();
+    return joinedToolTip(toolTip(), lines);
 }
+
+#include "BVValueEdit.moc"

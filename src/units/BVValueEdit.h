@@ -18,6 +18,12 @@
 /// description say why. A text that is still the one shown leaves the value as it is, with all its
 /// digits.
 ///
+/// Any text can be typed. Return on a text that is not taken over does not reach the window, whose
+/// default button it would press. A changed choice of units shows the value anew, also over a text
+/// that is still being typed. A text set by the program or by a completer is taken over like a
+/// typed one. Read-only edits take over nothing typed, but a dirty one announces its value like any
+/// other. The validator of the line edit is the edit's own and not to be replaced.
+///
 /// The tool tip tells the value in full and in the other units of its quantity. The edit starts
 /// with the value 0, without a unit and without limits. Changing the value unit keeps the number.
 /// NaN is ignored by all setters.
@@ -29,10 +35,9 @@ class BVWIDGETS_EXPORT BVValueEdit : public BVLineEdit, public BVReferenceValueI
     Q_PROPERTY(int precision READ precision WRITE setPrecision)
     Q_PROPERTY(double minimum READ minimum WRITE setMinimum NOTIFY minChanged)
     Q_PROPERTY(double maximum READ maximum WRITE setMaximum NOTIFY maxChanged)
-    Q_PROPERTY(UnitConverter::Unit unit READ unitTag WRITE setUnitTag)
+    Q_PROPERTY(UnitConverter::Unit unit READ unitTag WRITE setUnitTag NOTIFY valueUnitChanged)
     Q_PROPERTY(QString unitString READ unitString WRITE setUnitString NOTIFY valueUnitChanged)
     Q_PROPERTY(bool scientificNotation READ isScientificNotation WRITE setScientificNotation)
-    Q_PROPERTY(bool preselect READ isPreselect WRITE setPreselect)
 
 public:
     explicit BVValueEdit(QWidget *parent = nullptr);
@@ -40,18 +45,21 @@ public:
 
     /// The value in the value unit.
     double value() const { return m_value; }
-    /// The value in @p unit. If it does not convert, @p ok is false and the answer is in the value
-    /// unit, as it is for an empty unit and for an edit without a value unit (@p ok is true then).
+    /// The value in @p unit; an empty unit, or an edit without a value unit, gives it as it is. @p
+    /// ok tells whether the value unit converts; if not, the answer is in the value unit.
     double value(const QString &unit, bool *ok = nullptr) const;
     double value(UnitConverter::Unit unit, bool *ok = nullptr) const;
-    /// Converts the value from @p unit. False, with nothing changed, if it does not convert.
+    /// Converts the value from @p unit. False, with nothing changed, if it does not convert into a
+    /// number.
     bool setValue(double value, const QString &unit);
     bool setValue(double value, UnitConverter::Unit unit);
     /// The number as it stands in the text, whatever unit stands behind it; 0 if there is none.
     double getDisplayValue() const;
 
+    /// The decimals shown; those of the unit until they are set. See BVFormatter::setDecimals().
     int decimals() const;
     void setDecimals(int decimals);
+    /// See BVFormatter::setPrecision().
     int precision() const;
     void setPrecision(int precision);
 
@@ -87,6 +95,7 @@ public:
     bool isPreselect() const { return m_preselect; }
     void setPreselect(bool on);
 
+    /// The text of a value in the value unit, and back, as the formatter has it.
     QString textFromValue(double value, bool full) const;
     double valueFromText(const QString &text) const;
     /// Formats and parses the text; owned by the edit.
@@ -104,6 +113,7 @@ public Q_SLOTS:
     void setDisplayValue(double value);
     /// Takes the text over if the user has edited it or the edit is dirty.
     void storeValue();
+    /// Shows the value and judges its text.
     void onUpdateDisplay();
     /// Makes the next storeValue() take the text over in any case.
     void setDirty();
@@ -113,9 +123,12 @@ Q_SIGNALS:
     void valueChanged(double value);
     /// The value was set or taken over, but its text is not acceptable.
     void valueInvalid();
+    /// A limit has changed; in the value unit.
     void minChanged(double minimum);
     void maxChanged(double maximum);
+    /// The shown unit has changed; the value is shown in it already.
     void displayUnitChanged(const QString &unit);
+    /// The value unit has changed; the number has stayed.
     void valueUnitChanged(const QString &valueUnit);
 
 protected:
@@ -129,20 +142,28 @@ protected:
 
 private:
     void onFormatterChanged();
-    void onTextEdited();
+    void onLimitsChanged();
+    void onTextChanged();
+    double valueOfText(bool &ok);
     void takeOver(double value);
     void showAcceptance();
     void selectAllIfNone();
-    QString textWithUnit() const;
     QString problem() const;
     QString rangeProblem() const;
+    bool isNoValue() const;
+    QString fullValueText() const;
     QStringList valueInOtherUnits() const;
 
     double m_value = 0.0; // in the value unit
     bool m_dirty = true;
     bool m_preselect = false;
     BVFormatter *m_formatter; // child of this
+    int m_decimals = -1;      // set by hand, or -1
+    bool m_showing = false;   // the text is being set to show the value
+    QString m_announcedUnit;  // the value unit that was announced last
     QString m_shownUnit;      // the display unit that was announced last
-    QString m_description;    // the accessible description while a problem stands in its place
-    bool m_describesProblem = false;
+    double m_minimum;         // the limits that were announced last
+    double m_maximum;
+    QString m_description;      // the accessible description without the problem
+    QString m_describedProblem; // with it, while there is one
 };

@@ -6,7 +6,10 @@
 
 #include "TestSupport.h"
 
+#include <QDialog>
 #include <QGroupBox>
+#include <QPointer>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -73,6 +76,15 @@ private Q_SLOTS:
     void values();
     void preselect();
     void toolTip();
+    void plainToolTip();
+    void anyTextCanBeTyped_data();
+    void anyTextCanBeTyped();
+    void suffix();
+    void noValue();
+    void completer();
+    void dialogStaysOpen();
+    void deletedBySlot();
+    void announcedOrder();
     void properties();
 };
 
@@ -432,15 +444,177 @@ void tst_BVValueEdit::toolTip()
     QToolTip::hideText();
 }
 
+void tst_BVValueEdit::plainToolTip()
+{
+    BVValueEdit edit;
+    edit.setText(QStringLiteral("<b>5"));
+    QVERIFY(!edit.toolTipText().contains(QLatin1String("<b>"))); // typed text is no mark-up
+    edit.setValue(5e-10);
+    QVERIFY(edit.toolTipText().contains(QLatin1String("5e-10")));
+}
+
+void tst_BVValueEdit::anyTextCanBeTyped_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<double>("minimum");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QLocale>("locale");
+    QTest::addColumn<double>("value"); // NaN for one that is not taken
+
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    const QLocale english(QLocale::English);
+    const QLocale german(QLocale::German);
+    QTest::newRow("below the range") << "mm" << 0.0 << "-3" << english << none;
+    QTest::newRow("below the range, unit") << "degC" << 0.0 << "100K" << english << none;
+    QTest::newRow("sign in the display unit") << "K" << 0.0 << "-20" << english << 253.15;
+    QTest::newRow("unit on the way") << "degC" << 0.0 << "68degF" << english << 20.0;
+    QTest::newRow("group separator") << "mm" << 0.0 << "1,500" << english << none;
+    QTest::newRow("group separator, comma locale") << "mm" << 0.0 << "1.500,5" << german << none;
+    QTest::newRow("rubbish behind the unit") << "mm" << 0.0 << "5 mm abs" << english << none;
+    QTest::newRow("word") << "mm" << 0.0 << "abc" << english << none;
+}
+
+void tst_BVValueEdit::anyTextCanBeTyped()
+{
+    QFETCH(QString, unit);
+    QFETCH(double, minimum);
+    QFETCH(QString, typed);
+    QFETCH(QLocale, locale);
+    QFETCH(double, value);
+
+    QLocale::setDefault(locale);
+    Form form;
+    form.m_edit->setUnitString(unit);
+    form.m_edit->setRange(minimum, 1e6);
+    form.m_edit->setValue(300.0);
+    QVERIFY(form.start());
+    form.type(typed);
+    QCOMPARE(form.m_edit->text(), typed);
+    QTest::keyClick(form.m_edit, Qt::Key_Return);
+    QCOMPARE(form.m_edit->isNeedInputStatus(), qIsNaN(value));
+    const double expected = qIsNaN(value) ? 300.0 : value;
+    QVERIFY2(qAbs(form.m_edit->value() - expected) < 1e-9,
+             qPrintable(QString::number(form.m_edit->value())));
+}
+
+void tst_BVValueEdit::suffix()
+{
+    Form form;
+    form.m_edit->setUnitString(QStringLiteral("inch")); // shown in mm
+    form.m_edit->setRange(0.0, 10.0);
+    form.m_edit->getFormatter()->setSuffix(QStringLiteral(" each"));
+    form.m_edit->setValue(1.0);
+    QCOMPARE(form.m_edit->text(), QStringLiteral("25.40 mm each"));
+    QVERIFY(form.start());
+    form.type(QStringLiteral("50.8 each"));
+    QTest::keyClick(form.m_edit, Qt::Key_Return);
+    QCOMPARE(form.m_edit->value(), 2.0);
+    QVERIFY(!form.m_edit->isNeedInputStatus());
+}
+
+void tst_BVValueEdit::noValue()
+{
+    Form form;
+    form.m_edit->setUnitString(QStringLiteral("mm"));
+    form.m_edit->getFormatter()->setEmpty(true);
+    QVERIFY(form.m_edit->isNeedInputStatus());
+    QCOMPARE(form.m_edit->toolTipText(), QStringLiteral("A value is needed here."));
+    QVERIFY(form.start());
+    form.type(QStringLiteral("5"));
+    QTest::keyClick(form.m_edit, Qt::Key_Return);
+    QCOMPARE(form.m_edit->text(), QStringLiteral("5.00 mm"));
+    QVERIFY(!form.m_edit->isNeedInputStatus());
+}
+
+void tst_BVValueEdit::completer()
+{
+    Form form;
+    form.m_edit->setUnitString(QStringLiteral("mm"));
+    QVERIFY(form.start());
+    form.m_edit->setValue(1.0);
+    form.m_edit->setText(QStringLiteral("abc"));
+    QVERIFY(form.m_edit->isNeedInputStatus());
+    form.m_edit->setText(QStringLiteral("30 mm")); // as a completer's choice
+    QVERIFY(!form.m_edit->isNeedInputStatus());
+    form.m_other->setFocus();
+    QCOMPARE(form.m_edit->value(), 30.0);
+}
+
+void tst_BVValueEdit::dialogStaysOpen()
+{
+    QDialog dialog;
+    auto *layout = new QVBoxLayout(&dialog);
+    auto *edit = new BVValueEdit;
+    auto *button = new QPushButton(QStringLiteral("OK"));
+    layout->addWidget(edit);
+    layout->addWidget(button);
+    button->setDefault(true);
+    edit->setUnitString(QStringLiteral("mm"));
+    connect(button, &QPushButton::clicked, &dialog, &QDialog::accept);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("5 kg"));
+    QTest::keyClick(edit, Qt::Key_Return);
+    QVERIFY(dialog.isVisible());
+    edit->selectAll();
+    QTest::keyClicks(edit, QStringLiteral("5"));
+    QTest::keyClick(edit, Qt::Key_Return);
+    QVERIFY(!dialog.isVisible());
+}
+
+void tst_BVValueEdit::deletedBySlot()
+{
+    for (const int key : {int(Qt::Key_Return), int(Qt::Key_Tab)}) {
+        Form form;
+        QPointer<BVValueEdit> edit = form.m_edit;
+        edit->setPreselect(true);
+        QVERIFY(form.start());
+        connect(edit, &BVValueEdit::valueChanged, &form.m_window, [edit] { delete edit.data(); });
+        form.type(QStringLiteral("5"));
+        QTest::keyClick(edit.data(), static_cast<Qt::Key>(key));
+        QVERIFY(!edit);
+    }
+}
+
+void tst_BVValueEdit::announcedOrder()
+{
+    BVValueEdit edit;
+    edit.setUnitString(QStringLiteral("mm"));
+    edit.setMaximum(10.0);
+    QStringList log;
+    connect(&edit, &BVValueEdit::valueInvalid, this, [&] {
+        log << QStringLiteral("invalid %1 %2").arg(edit.isNeedInputStatus()).arg(edit.text());
+    });
+    connect(&edit, &BVValueEdit::displayUnitChanged, this,
+            [&](const QString &unit) { log << unit + edit.text(); });
+    edit.setValue(50.0);
+    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("m"));
+    QCOMPARE(log, (QStringList{"invalid 1 50.00 mm", "m0.05000 m"}));
+}
+
 void tst_BVValueEdit::properties()
 {
-    // As a form editor sets them, in any order.
+    // As a form editor sets them, in any order; 3 are the decimals of a value without unit.
+    for (const bool decimalsFirst : {true, false}) {
+        BVValueEdit ordered;
+        if (decimalsFirst)
+            ordered.setProperty("decimals", 3);
+        ordered.setProperty("unit", QVariant::fromValue(UnitConverter::Unit_mm));
+        if (!decimalsFirst)
+            ordered.setProperty("decimals", 3);
+        ordered.setProperty("value", 1.2345);
+        QCOMPARE(ordered.text(), QStringLiteral("1.235 mm"));
+    }
     BVValueEdit edit;
     edit.setProperty("value", 1234.5678);
     edit.setProperty("decimals", 4);
     edit.setProperty("unit", QVariant::fromValue(UnitConverter::Unit_MPa));
     edit.setProperty("maximum", 2000.0);
     QCOMPARE(edit.text(), QStringLiteral("1234.5678 MPa"));
+    edit.setUnitTag(static_cast<UnitConverter::Unit>(999));
+    QCOMPARE(edit.unitTag(), UnitConverter::Unit_MPa);
     QCOMPARE(edit.property("unitString").toString(), QStringLiteral("MPa"));
     edit.setProperty("scientificNotation", true);
     QCOMPARE(edit.text(), QStringLiteral("1.2346E+03 MPa"));
