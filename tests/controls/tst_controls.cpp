@@ -26,12 +26,10 @@ using S = BVWidgetStatus;
 
 namespace {
 
-const QStringList s_properties = {
-    "needInputStatus",       "userEditStatus",        "differentStatus",
-    "ruvixEnabledStatus",    "ruvixStandardChanged",  "ruvixActiveStatus",
-    "ruvixInvalidStatus",    "standardEnabledStatus", "standardDefinedStatus",
-    "standardChangedStatus", "defaultChangedStatus",  "standardDefaultStatus",
-    "standardLockedStatus",  "compareDifferentStatus"};
+const QStringList s_properties = {"needInputStatus",       "userEditStatus",        "differentStatus",      "ruvixEnabledStatus",
+                                  "ruvixStandardChanged",  "ruvixActiveStatus",     "ruvixInvalidStatus",   "standardEnabledStatus",
+                                  "standardDefinedStatus", "standardChangedStatus", "defaultChangedStatus", "standardDefaultStatus",
+                                  "standardLockedStatus",  "compareDifferentStatus"};
 
 struct Control
 {
@@ -115,10 +113,7 @@ void tst_Controls::statusChange()
     EventCounter events(control.m_widget, BVWidgetStatusChangedEvent::s_eventType);
     EventCounter polishes(control.m_widget, QEvent::StyleChange);
 
-    const auto shown = [&control] {
-        return control.m_widget->palette().color(control.m_widget->foregroundRole()) ==
-               QColor(Qt::red);
-    };
+    const auto shown = [&control] { return control.m_widget->palette().color(control.m_widget->foregroundRole()) == QColor(Qt::red); };
     control.m_interface->setNeedInputStatus(true);
     QCOMPARE(events.count(), 1);
     QCOMPARE(polishes.count(), 1);
@@ -146,8 +141,7 @@ void tst_Controls::standardMenu()
 
     auto *area = qobject_cast<QAbstractScrollArea *>(control.m_widget);
     QWidget *target = area ? area->viewport() : control.m_widget;
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2),
-                            target->mapToGlobal(QPoint(2, 2)));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2), target->mapToGlobal(QPoint(2, 2)));
     QApplication::sendEvent(target, &event);
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     QVERIFY(menu);
@@ -171,8 +165,7 @@ void tst_Controls::referenceToolTip()
     QWidget *target = area ? area->viewport() : control.m_widget;
     QHelpEvent help(QEvent::ToolTip, QPoint(1, 1), target->mapToGlobal(QPoint(1, 1)));
     QApplication::sendEvent(target, &help);
-    QVERIFY2(QToolTip::text().startsWith(QLatin1String("Reference value: ")),
-             qPrintable(QToolTip::text()));
+    QVERIFY2(QToolTip::text().startsWith(QLatin1String("Reference value: ")), qPrintable(QToolTip::text()));
     QToolTip::hideText();
 }
 
@@ -199,8 +192,8 @@ void tst_Controls::wheel()
 
     const auto turn = [](QWidget *widget) {
         const QPointF center = widget->rect().center();
-        QWheelEvent event(center, widget->mapToGlobal(center.toPoint()), QPoint(), QPoint(0, -120),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QWheelEvent event(center, widget->mapToGlobal(center.toPoint()), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                          false);
         QApplication::sendEvent(widget, &event);
         return event.isAccepted();
     };

@@ -55,10 +55,7 @@ public:
 
 protected:
     using BVContainerWidgetInterface::getStatusWidget;
-    QWidget *getStatusWidget(int index) const override
-    {
-        return index == 0 || index == 1 ? const_cast<QWidget *>(&m_items[index]) : nullptr;
-    }
+    QWidget *getStatusWidget(int index) const override { return index == 0 || index == 1 ? const_cast<QWidget *>(&m_items[index]) : nullptr; }
     void onStatusChanged() override { ++m_changes; }
 };
 
@@ -115,8 +112,7 @@ void tst_BVWidgetInterface::setters()
     QCOMPARE(events.count(), 3);
     QCOMPARE(carrier.m_changes, 3);
     QCOMPARE(carrier.getBvStatus(), S::NeedInput | S::StandardLocked | S::DeleteVariableDisabled);
-    QVERIFY(carrier.isNeedInputStatus() && carrier.isStandardLocked() &&
-            carrier.isDeleteVariableDisabled());
+    QVERIFY(carrier.isNeedInputStatus() && carrier.isStandardLocked() && carrier.isDeleteVariableDisabled());
     QVERIFY(!carrier.isStandardDefault() && !carrier.isResetToStandardDisabled());
     QVERIFY(!carrier.getBvStatus(S::Normal));
 
@@ -141,8 +137,7 @@ void tst_BVWidgetInterface::flagOfEachSetter_data()
     QTest::addColumn<S::Stati>("flag");
 
 #define ROW(Name, Flag) \
-    QTest::newRow(#Name) << Setter(&W::set##Name) << Getter(&W::is##Name) \
-                         << ItemSetter(&C::set##Name) << ItemGetter(&C::is##Name) \
+    QTest::newRow(#Name) << Setter(&W::set##Name) << Getter(&W::is##Name) << ItemSetter(&C::set##Name) << ItemGetter(&C::is##Name) \
                          << S::Stati(S::Flag)
     ROW(NeedInputStatus, NeedInput);
     ROW(UserEditStatus, UserEdit);
@@ -198,29 +193,16 @@ void tst_BVWidgetInterface::standardMenu_data()
 
     const QStringList own = {"Own"};
     QTest::newRow("nothing without a trigger flag") << S::Stati(S::StandardDefined) << true << own;
-    QTest::newRow("reset needs a trigger flag too")
-        << (S::ResetAvailable | S::StandardDefault) << true << own;
-    QTest::newRow("disabled as a whole")
-        << (S::StandardChanged | S::ResetAvailable | S::ResetToStandardDisabled) << true << own;
-    QTest::newRow("variable") << S::Stati(S::RuvixActive) << true
-                              << QStringList{"Delete Variable", "-", "Own", "-"};
-    QTest::newRow("variable kept")
-        << (S::RuvixActive | S::DeleteVariableDisabled) << true << QStringList{"-", "Own", "-"};
-    QTest::newRow("empty menu") << S::Stati(S::RuvixActive) << false
-                                << QStringList{"Delete Variable", "-"};
-    QTest::newRow("default wins over standard")
-        << (S::DefaultChanged | S::StandardDefault | S::ResetAvailable) << false
-        << QStringList{"Reset Value to Default", "-"};
-    QTest::newRow("all") << (S::StandardChanged | S::ResetAvailable | S::RuvixEnabled |
-                             S::RuvixStandardChanged | S::RuvixActive)
-                         << true
-                         << QStringList{"Delete Variable",
-                                        "Reset Value to Standard",
-                                        "Reset Variable to Standard",
-                                        "Reset all to Standard",
-                                        "-",
-                                        "Own",
-                                        "-"};
+    QTest::newRow("reset needs a trigger flag too") << (S::ResetAvailable | S::StandardDefault) << true << own;
+    QTest::newRow("disabled as a whole") << (S::StandardChanged | S::ResetAvailable | S::ResetToStandardDisabled) << true << own;
+    QTest::newRow("variable") << S::Stati(S::RuvixActive) << true << QStringList{"Delete Variable", "-", "Own", "-"};
+    QTest::newRow("variable kept") << (S::RuvixActive | S::DeleteVariableDisabled) << true << QStringList{"-", "Own", "-"};
+    QTest::newRow("empty menu") << S::Stati(S::RuvixActive) << false << QStringList{"Delete Variable", "-"};
+    QTest::newRow("default wins over standard") << (S::DefaultChanged | S::StandardDefault | S::ResetAvailable) << false
+                                                << QStringList{"Reset Value to Default", "-"};
+    QTest::newRow("all") << (S::StandardChanged | S::ResetAvailable | S::RuvixEnabled | S::RuvixStandardChanged | S::RuvixActive) << true
+                         << QStringList{
+                                "Delete Variable", "Reset Value to Standard", "Reset Variable to Standard", "Reset all to Standard", "-", "Own", "-"};
 }
 
 void tst_BVWidgetInterface::standardMenu()
@@ -240,8 +222,7 @@ void tst_BVWidgetInterface::standardMenu()
 
 void tst_BVWidgetInterface::standardMenuIds()
 {
-    const S::Stati all = S::StandardChanged | S::StandardDefault | S::RuvixEnabled |
-                         S::RuvixStandardChanged | S::RuvixActive;
+    const S::Stati all = S::StandardChanged | S::StandardDefault | S::RuvixEnabled | S::RuvixStandardChanged | S::RuvixActive;
     QMenu menu;
     Carrier first;
     Carrier second;
@@ -256,8 +237,7 @@ void tst_BVWidgetInterface::standardMenuIds()
         action->trigger();
         told << action->text() + QString::number(secondSpy.last().first().toInt());
     }
-    QCOMPARE(told, (QStringList{"Delete Variable0", "Reset Value to Default1",
-                                "Reset Variable to Standard2", "Reset all to Standard5"}));
+    QCOMPARE(told, (QStringList{"Delete Variable0", "Reset Value to Default1", "Reset Variable to Standard2", "Reset all to Standard5"}));
     QCOMPARE(firstSpy.count(), 0); // replaced by the second call
 
     // Two entries have ids but stand in no menu; their tool tips are crossed on purpose.
@@ -265,12 +245,10 @@ void tst_BVWidgetInterface::standardMenuIds()
     for (QActionGroup *group : menu.findChildren<QActionGroup *>()) {
         for (QAction *action : group->actions()) {
             action->trigger();
-            hidden << action->text() + '/' + action->toolTip() +
-                          QString::number(secondSpy.last().first().toInt());
+            hidden << action->text() + '/' + action->toolTip() + QString::number(secondSpy.last().first().toInt());
         }
     }
-    QCOMPARE(hidden.mid(0, 2), (QStringList{"Use as Standard/Make this parameter default4",
-                                            "Use as Default/Make this parameter standard3"}));
+    QCOMPARE(hidden.mid(0, 2), (QStringList{"Use as Standard/Make this parameter default4", "Use as Default/Make this parameter standard3"}));
 }
 
 void tst_BVWidgetInterface::standardMenuMember_data()

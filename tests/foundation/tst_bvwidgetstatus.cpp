@@ -51,8 +51,7 @@ void tst_BVWidgetStatus::setStatus_data()
     QTest::newRow("clear a missing one") << two << S::NeedInput << false << two;
     QTest::newRow("Normal on clears all") << two << S::Normal << true << S::Stati();
     QTest::newRow("Normal off changes nothing") << two << S::Normal << false << two;
-    QTest::newRow("flag without a property")
-        << two << S::ResetAvailable << true << (two | S::ResetAvailable);
+    QTest::newRow("flag without a property") << two << S::ResetAvailable << true << (two | S::ResetAvailable);
 }
 
 void tst_BVWidgetStatus::setStatus()
@@ -69,8 +68,7 @@ void tst_BVWidgetStatus::setStatus()
     QCOMPARE(S::status(&widget), after);
     QCOMPARE(widget.property("WidgetStatus").type(), QVariant::UInt);
     QCOMPARE(events.count(), before == after ? 0 : 1);
-    QVERIFY(
-        !widget.property("userEditStatus").isValid()); // the plain form writes no style property
+    QVERIFY(!widget.property("userEditStatus").isValid()); // the plain form writes no style property
     QVERIFY(!S::testStatus(&widget, S::Normal));
 }
 
@@ -87,14 +85,10 @@ void tst_BVWidgetStatus::setStatusProperty_data()
     const S::Stati none;
     const S::Stati need = S::NeedInput;
     QTest::newRow("both follow") << none << none << S::NeedInput << true << true << need << need;
-    QTest::newRow("unchanged property leaves the flags")
-        << none << need << S::NeedInput << true << false << none << need;
-    QTest::newRow("Normal clears all, whatever on says")
-        << need << need << S::Normal << false << true << none << none;
-    QTest::newRow("clear") << (need | S::UserEdit) << (need | S::UserEdit) << S::UserEdit << false
-                           << true << need << need;
-    QTest::newRow("no property, no effect")
-        << need << need << S::ResetAvailable << true << false << need << need;
+    QTest::newRow("unchanged property leaves the flags") << none << need << S::NeedInput << true << false << none << need;
+    QTest::newRow("Normal clears all, whatever on says") << need << need << S::Normal << false << true << none << none;
+    QTest::newRow("clear") << (need | S::UserEdit) << (need | S::UserEdit) << S::UserEdit << false << true << need << need;
+    QTest::newRow("no property, no effect") << need << need << S::ResetAvailable << true << false << need << need;
 }
 
 void tst_BVWidgetStatus::setStatusProperty()
@@ -151,19 +145,16 @@ void tst_BVWidgetStatus::propertyNames()
 
     const auto status = static_cast<S::Status>(value);
     QCOMPARE(S::statusPropertyName(status), name);
-    QCOMPARE(S::debugStatusFlag(S::Stati(QFlag(value))),
-             value == 0x22u ? "needInputStatus|userEditStatus" : name);
+    QCOMPARE(S::debugStatusFlag(S::Stati(QFlag(value))), value == 0x22u ? "needInputStatus|userEditStatus" : name);
 }
 
 void tst_BVWidgetStatus::dominantStatus()
 {
     // Each flag is added to those before it, so it must win over all of them.
-    S::Stati stati = S::StandardLocked | S::StandardDefined | S::RuvixEnabled | S::DefaultChanged |
-                     S::RuvixStandardChanged | S::StandardEnabled |
+    S::Stati stati = S::StandardLocked | S::StandardDefined | S::RuvixEnabled | S::DefaultChanged | S::RuvixStandardChanged | S::StandardEnabled |
                      S::StandardDefault; // these never dominate
     for (const S::Status flag :
-         {S::Normal, S::UserEdit, S::RuvixActive, S::Different, S::StandardChanged, S::RuvixInvalid,
-          S::CompareDifferent, S::NeedInput}) {
+         {S::Normal, S::UserEdit, S::RuvixActive, S::Different, S::StandardChanged, S::RuvixInvalid, S::CompareDifferent, S::NeedInput}) {
         stati |= flag;
         QCOMPARE(S::getDominantStatusFromFlag(stati), flag);
     }
@@ -175,10 +166,8 @@ void tst_BVWidgetStatus::debugTexts()
     widget.setObjectName(QStringLiteral("edit"));
     S::setStatus(&widget, S::UserEdit | S::NeedInput);
     QCOMPARE(S::debugStatusToString(&widget), QStringLiteral("needInputStatus|userEditStatus"));
-    QTest::ignoreMessage(QtDebugMsg,
-                         QRegularExpression(QStringLiteral(
-                             "^here debug Status of QWidget\\(0x[0-9a-f]+, name=\"?edit\"?\\): "
-                             "needInputStatus\\|userEditStatus$")));
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("^here debug Status of QWidget\\(0x[0-9a-f]+, name=\"?edit\"?\\): "
+                                                                       "needInputStatus\\|userEditStatus$")));
     S::debugStatus(&widget, QStringLiteral("here"));
 
     QString text = QStringLiteral("x");
@@ -302,8 +291,7 @@ void tst_BVWidgetStatus::colors()
     const auto shown = [&table, status] {
         QStringList names;
         for (const QColor &color :
-             {table.forDarkBackground(status), table.forLightBackground(status),
-              table.forButtons(status, false), table.forButtons(status, true)})
+             {table.forDarkBackground(status), table.forLightBackground(status), table.forButtons(status, false), table.forButtons(status, true)})
             names << color.name().mid(1);
         return names.join(QLatin1Char(' '));
     };
@@ -316,9 +304,8 @@ void tst_BVWidgetStatus::colors()
 void tst_BVWidgetStatus::replacedColors()
 {
     BVStatusColor &table = BVStatusColor::colors();
-    const BVStatusColor::Colors before = {
-        table.forDarkBackground(S::NeedInput), table.forLightBackground(S::NeedInput),
-        table.forButtons(S::NeedInput, false), table.forButtons(S::NeedInput, true)};
+    const BVStatusColor::Colors before = {table.forDarkBackground(S::NeedInput), table.forLightBackground(S::NeedInput),
+                                          table.forButtons(S::NeedInput, false), table.forButtons(S::NeedInput, true)};
     table.setUseLightColor(true);
     table.replaceColor(S::NeedInput, {Qt::cyan, Qt::cyan, Qt::cyan, Qt::cyan});
     QCOMPARE(table.forDarkBackground(S::NeedInput), QColor(255, 170, 170));

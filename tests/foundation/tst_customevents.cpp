@@ -48,12 +48,10 @@ void tst_CustomEvents::fields()
     auto *filter = reinterpret_cast<DragAndDropBaseFilter *>(quintptr(32));
 
     const RegisterResizeableWidgetInterfaceEvent panel(resizeable, &widget, true);
-    QVERIFY(panel.getResizeableWidgetInterface() == resizeable &&
-            panel.getResizableWidget() == &widget);
+    QVERIFY(panel.getResizeableWidgetInterface() == resizeable && panel.getResizableWidget() == &widget);
     QVERIFY(panel.deregister());
     const RegisterDragAndDropWidgetEvent drag(&widget, filter, false);
-    QVERIFY(drag.getWidget() == &widget && drag.getDragAndDropFilter() == filter &&
-            !drag.deregister());
+    QVERIFY(drag.getWidget() == &widget && drag.getDragAndDropFilter() == filter && !drag.deregister());
     QVERIFY(!OverlayEvent().open() && OverlayEvent(true).open());
     QCOMPARE(ResizeWidgetCloseEvent(&widget).getParentWidget(), &widget);
     const VirtualSliderEvent slider(5, Qt::ShiftModifier);

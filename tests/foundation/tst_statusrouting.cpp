@@ -220,9 +220,7 @@ void tst_StatusRouting::lockSymbol()
     auto *edit = new QLineEdit(&group);
     edit->resize(100, 24);
     (new BVWidgetStatusHandler(&group))->attach(edit);
-    const auto symbol = [edit] {
-        return edit->findChild<QWidget *>(QStringLiteral("bv_standardlocked"));
-    };
+    const auto symbol = [edit] { return edit->findChild<QWidget *>(QStringLiteral("bv_standardlocked")); };
     QVERIFY(!symbol());
     S::setStatus(edit, S::StandardLocked, true);
     QVERIFY(symbol() && !symbol()->isHidden());
@@ -241,20 +239,14 @@ void tst_StatusRouting::referenceToolTip_data()
     QTest::addColumn<QString>("toolTip");
 
     QTest::newRow("text") << false << "" << QVariant("DC04") << "Reference value: DC04";
-    QTest::newRow("below the own text")
-        << false << "Material" << QVariant(2.5) << "Material\nReference value: 2.5";
-    QTest::newRow("list") << false << "" << QVariant(QStringList{"a", "b"})
-                          << "Reference value: a, b";
+    QTest::newRow("below the own text") << false << "Material" << QVariant(2.5) << "Material\nReference value: 2.5";
+    QTest::newRow("list") << false << "" << QVariant(QStringList{"a", "b"}) << "Reference value: a, b";
     QTest::newRow("check box") << true << "" << QVariant(true) << "Reference value: On";
-    QTest::newRow("check state") << true << "" << QVariant(int(Qt::PartiallyChecked))
-                                 << "Reference value: On"; // a box of two states
-    QTest::newRow("no check state")
-        << true << "" << QVariant("abc") << "Reference value: Undefined";
-    QTest::newRow("rich text") << false << "<b>Grade</b>" << QVariant("a<b")
-                               << "<b>Grade</b><br>Reference value: a&lt;b";
+    QTest::newRow("check state") << true << "" << QVariant(int(Qt::PartiallyChecked)) << "Reference value: On"; // a box of two states
+    QTest::newRow("no check state") << true << "" << QVariant("abc") << "Reference value: Undefined";
+    QTest::newRow("rich text") << false << "<b>Grade</b>" << QVariant("a<b") << "<b>Grade</b><br>Reference value: a&lt;b";
     QTest::newRow("digits") << false << "" << QVariant(0.1 + 0.2) << "Reference value: 0.3";
-    QTest::newRow("no text") << false << "" << QVariant(QSize(1, 2))
-                             << "Reference value: Undefined";
+    QTest::newRow("no text") << false << "" << QVariant(QSize(1, 2)) << "Reference value: Undefined";
     QTest::newRow("none") << false << "Material" << QVariant() << "Material";
 }
 
@@ -265,8 +257,7 @@ void tst_StatusRouting::referenceToolTip()
     QFETCH(QVariant, reference);
 
     QWidget window;
-    QWidget *child =
-        checkBox ? static_cast<QWidget *>(new QCheckBox(&window)) : new QLineEdit(&window);
+    QWidget *child = checkBox ? static_cast<QWidget *>(new QCheckBox(&window)) : new QLineEdit(&window);
     (new BVWidgetStatusHandler(&window))->attach(child);
     child->setToolTip(own);
     child->setProperty("ReferenceValue", reference);

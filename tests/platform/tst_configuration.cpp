@@ -145,10 +145,9 @@ void tst_Configuration::textsRoundTrip()
 
 void tst_Configuration::namesDoNotMix()
 {
-    const std::vector<std::pair<const char *, const char *>> names = {
-        {"General", "x"}, {"general", "x"},   {"a/b", "c"}, {"a", "b/c"},
-        {"a%2Fb", "c"},   {"/", "//"},        {"[a]", "="}, {"Mäße", "größte Länge"},
-        {"a b", "c-d"},   {"View", "version"}};
+    const std::vector<std::pair<const char *, const char *>> names = {{"General", "x"}, {"general", "x"},   {"a/b", "c"}, {"a", "b/c"},
+                                                                      {"a%2Fb", "c"},   {"/", "//"},        {"[a]", "="}, {"Mäße", "größte Länge"},
+                                                                      {"a b", "c-d"},   {"View", "version"}};
     ConfigWriter writer(fileName("a.ini"));
     for (const auto &[object, value] : names)
         writer.setValue(object, value, QString(object) + "|" + value);
@@ -169,8 +168,7 @@ void tst_Configuration::savesOfOneMomentAreTold()
         ConfigWriter writer(fileName("a.ini"));
         writer.setValue("View", "unit", i % 2 ? "mm" : "um");
         QVERIFY(writer.commit());
-        QCOMPARE(ConfigReader(fileName("a.ini")).value("View", "unit"),
-                 QString(i % 2 ? "mm" : "um"));
+        QCOMPARE(ConfigReader(fileName("a.ini")).value("View", "unit"), QString(i % 2 ? "mm" : "um"));
     }
 }
 
@@ -182,18 +180,13 @@ void tst_Configuration::unusableFile_data()
     for (int i = 0; i < 4096; ++i)
         binary.append(char(1 + i * 7 % 255));
     QTest::newRow("binary") << binary;
-    QTest::newRow("zeros") << QByteArray("[General]\nConfigurationFormat=1\n") +
-                                  QByteArray(64, '\0');
+    QTest::newRow("zeros") << QByteArray("[General]\nConfigurationFormat=1\n") + QByteArray(64, '\0');
     QTest::newRow("xml") << QByteArray("<?xml version=\"1.0\"?>\n<a b=\"c\">\n</a>\n");
     QTest::newRow("another program's settings") << QByteArray("[View]\nFont%20Size=8\n");
-    QTest::newRow("cut off") << QByteArray(
-        "[General]\nConfigurationFormat=1\n\n[View]\nFont%20Size=8\nTiny");
-    QTest::newRow("cut off in a group")
-        << QByteArray("[General]\nConfigurationFormat=1\n\n[View]\nFont%20Size=8\n[Vie");
-    QTest::newRow("later format") << QByteArray(
-        "[General]\nConfigurationFormat=2\n[View]\nFont%20Size=8\n");
-    QTest::newRow("no format") << QByteArray(
-        "[General]\nConfigurationFormat=x\n[View]\nFont%20Size=8\n");
+    QTest::newRow("cut off") << QByteArray("[General]\nConfigurationFormat=1\n\n[View]\nFont%20Size=8\nTiny");
+    QTest::newRow("cut off in a group") << QByteArray("[General]\nConfigurationFormat=1\n\n[View]\nFont%20Size=8\n[Vie");
+    QTest::newRow("later format") << QByteArray("[General]\nConfigurationFormat=2\n[View]\nFont%20Size=8\n");
+    QTest::newRow("no format") << QByteArray("[General]\nConfigurationFormat=x\n[View]\nFont%20Size=8\n");
 }
 
 void tst_Configuration::unusableFile()
@@ -293,10 +286,8 @@ void tst_Configuration::managerLoadsAndSavesAll()
     QCOMPARE(manager.registerObject(nullptr), nullptr);
     ConfigurationObject *view = manager.registerObject(makeView());
     QCOMPARE(manager.registerObject(makeView()), view); // one object a name
-    ConfigurationObject *tools =
-        manager.registerObject(std::make_unique<ConfigurationObject>("Tools"));
-    ConfigurationValue *radius =
-        tools->addConfigurationValue(std::make_unique<ConfigurationValue>("radius", "5"));
+    ConfigurationObject *tools = manager.registerObject(std::make_unique<ConfigurationObject>("Tools"));
+    ConfigurationValue *radius = tools->addConfigurationValue(std::make_unique<ConfigurationValue>("radius", "5"));
     QCOMPARE(tools->addConfigurationValue(std::make_unique<ConfigurationValue>("radius")), nullptr);
     QCOMPARE(tools->addConfigurationValue(std::make_unique<ConfigurationValue>("")), nullptr);
 
@@ -353,8 +344,7 @@ void tst_Configuration::assignmentKeepsPointers()
     source.addConfigurationValue(std::make_unique<ConfigurationValue>("new", "n"));
     source.addConfigurationValue(std::make_unique<ConfigurationValue>("both", "b"))->setValue("B");
     ConfigurationObject target("Target");
-    ConfigurationValue *both =
-        target.addConfigurationValue(std::make_unique<ConfigurationValue>("both", "x"));
+    ConfigurationValue *both = target.addConfigurationValue(std::make_unique<ConfigurationValue>("both", "x"));
     target.addConfigurationValue(std::make_unique<ConfigurationValue>("old", "o"));
 
     target = source;

@@ -236,8 +236,7 @@ void tst_PropertyChangeFilter::deletedWidgetsAreDropped()
 
 void tst_PropertyChangeFilter::requestWhileServedWaits()
 {
-    const OnStyleChange asker(m_form->label,
-                              [this] { PropertyChangeFilter::repolishPost(m_form->label); });
+    const OnStyleChange asker(m_form->label, [this] { PropertyChangeFilter::repolishPost(m_form->label); });
     PropertyChangeFilter::repolishPost(m_form->label);
     QCoreApplication::sendPostedEvents();
     QCOMPARE(polished(m_form->label), 1);
@@ -249,8 +248,7 @@ void tst_PropertyChangeFilter::requestWhileServedWaits()
 
 void tst_PropertyChangeFilter::filterFollowsNamedProperties()
 {
-    PropertyChangeFilter *filter =
-        PropertyChangeFilter::installFilter(m_form->box, {"alarm", "other"}, true);
+    PropertyChangeFilter *filter = PropertyChangeFilter::installFilter(m_form->box, {"alarm", "other"}, true);
     QCOMPARE(filter->parent(), m_form->box);
     m_form->box->setProperty("alarm", true);
     m_form->box->setProperty("other", 1);

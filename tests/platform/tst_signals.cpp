@@ -29,9 +29,7 @@ void tst_Signals::callsInOrderUntilDisconnected()
 {
     IntSignal signal;
     QStringList calls;
-    const auto slot = [&calls](const char *name) {
-        return [&calls, name](int i) { calls << name + QString::number(i); };
-    };
+    const auto slot = [&calls](const char *name) { return [&calls, name](int i) { calls << name + QString::number(i); }; };
     Connection first = signal.connect(slot("a"));
     {
         const Connection second = signal.connect(slot("b"));
@@ -100,8 +98,7 @@ void tst_Signals::slotConnectsAnother()
     IntSignal signal;
     int calls = 0;
     std::vector<Connection> added;
-    const Connection first =
-        signal.connect([&](int) { added.push_back(signal.connect([&calls](int) { ++calls; })); });
+    const Connection first = signal.connect([&](int) { added.push_back(signal.connect([&calls](int) { ++calls; })); });
     signal(0);
     QCOMPARE(calls, 0); // takes part from the next emission on
     signal(0);
@@ -142,8 +139,7 @@ void tst_Signals::trackerPassesRecords()
     WidgetTrackerSingleton &tracker = WidgetTrackerSingleton::getInstance();
     QStringList first;
     QStringList once;
-    const Connection firstListener =
-        tracker.listen([&first](const QString &record) { first << record; });
+    const Connection firstListener = tracker.listen([&first](const QString &record) { first << record; });
     Connection onceListener;
     onceListener = tracker.listen([&](const QString &record) {
         once << record;

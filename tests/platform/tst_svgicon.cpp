@@ -150,8 +150,7 @@ void tst_SvgIcon::unreadable()
 {
     QFETCH(QString, file);
     const QString bad = m_folder.filePath(file);
-    const QRegularExpression warning("^Cannot read icon \"" + QRegularExpression::escape(bad) +
-                                     "\": .+");
+    const QRegularExpression warning("^Cannot read icon \"" + QRegularExpression::escape(bad) + "\": .+");
     QTest::ignoreMessage(QtWarningMsg, warning);
     QVERIFY(createSvgIcon(bad).isNull());
     QTest::ignoreMessage(QtWarningMsg, warning);

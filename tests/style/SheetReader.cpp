@@ -19,12 +19,10 @@ QVector<QPair<QString, QString>> parsedDeclarations(const QString &block)
 
 QColor parsedColor(const QString &text)
 {
-    static const QRegularExpression s_rgba(
-        QStringLiteral("^rgba\\((\\d+),(\\d+),(\\d+),(\\d+)\\)$"));
+    static const QRegularExpression s_rgba(QStringLiteral("^rgba\\((\\d+),(\\d+),(\\d+),(\\d+)\\)$"));
     const QRegularExpressionMatch match = s_rgba.match(text);
     if (match.hasMatch())
-        return QColor(match.captured(1).toInt(), match.captured(2).toInt(),
-                      match.captured(3).toInt(), match.captured(4).toInt());
+        return QColor(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt(), match.captured(4).toInt());
     return text == QLatin1String("transparent") ? QColor() : QColor(text);
 }
 
@@ -32,8 +30,7 @@ QColor parsedColor(const QString &text)
 
 SheetReader::SheetReader(const QString &sheet)
 {
-    static const QRegularExpression s_comment(QStringLiteral("/\\*.*?\\*/"),
-                                              QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression s_comment(QStringLiteral("/\\*.*?\\*/"), QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression s_rule(QStringLiteral("([^{}]+)\\{([^{}]*)\\}"));
     const QString text = QString(sheet).remove(s_comment);
     for (auto it = s_rule.globalMatch(text); it.hasNext(); ++m_ruleCount) {
@@ -57,15 +54,13 @@ int SheetReader::weight(const QVector<Compound> &selector)
     int result = 0;
     for (const Compound &part : selector)
         result += (part.element.isEmpty() ? 0 : 1) + (part.id.isEmpty() ? 0 : 0x100) +
-                  0x10 * (part.states.size() + part.attributes.size() +
-                          (part.subControl.isEmpty() ? 0 : 1));
+                  0x10 * (part.states.size() + part.attributes.size() + (part.subControl.isEmpty() ? 0 : 1));
     return result;
 }
 
 SheetReader::Compound SheetReader::parsedCompound(const QString &text)
 {
-    static const QRegularExpression s_piece(
-        QStringLiteral("(::|:|#|)([!\\w-]+)|\\[(\\w+)=\"([^\"]*)\"\\]"));
+    static const QRegularExpression s_piece(QStringLiteral("(::|:|#|)([!\\w-]+)|\\[(\\w+)=\"([^\"]*)\"\\]"));
     Compound result;
     for (auto it = s_piece.globalMatch(text); it.hasNext();) {
         const QRegularExpressionMatch match = it.next();
@@ -134,15 +129,13 @@ bool SheetReader::matches(const QVector<Compound> &selector, const QVector<Sheet
     return true;
 }
 
-QString SheetReader::value(const QVector<SheetElement> &path, const QString &subControl,
-                           const QString &property) const
+QString SheetReader::value(const QVector<SheetElement> &path, const QString &subControl, const QString &property) const
 {
     QString result;
     int weight = -1;
     const QVector<Declaration> declarations = m_declarations.value(property);
     for (const Declaration &declaration : declarations) {
-        if (declaration.weight < weight || declaration.selector.last().subControl != subControl ||
-            !matches(declaration.selector, path))
+        if (declaration.weight < weight || declaration.selector.last().subControl != subControl || !matches(declaration.selector, path))
             continue;
         result = declaration.value;
         weight = declaration.weight;
@@ -150,8 +143,7 @@ QString SheetReader::value(const QVector<SheetElement> &path, const QString &sub
     return result;
 }
 
-QColor SheetReader::color(const QVector<SheetElement> &path, const QString &subControl,
-                          const QString &property) const
+QColor SheetReader::color(const QVector<SheetElement> &path, const QString &subControl, const QString &property) const
 {
     return parsedColor(value(path, subControl, property));
 }

@@ -28,11 +28,9 @@ public:
 
     /// The value of @p property for the last element of @p path (outermost first), or for its
     /// sub-control @p subControl; empty if no rule names one.
-    QString value(const QVector<SheetElement> &path, const QString &subControl,
-                  const QString &property) const;
+    QString value(const QVector<SheetElement> &path, const QString &subControl, const QString &property) const;
     /// The same as a colour, with "transparent" and a missing value as an invalid colour.
-    QColor color(const QVector<SheetElement> &path, const QString &subControl,
-                 const QString &property) const;
+    QColor color(const QVector<SheetElement> &path, const QString &subControl, const QString &property) const;
 
     QStringList properties() const { return m_declarations.keys(); }
     /// The boolean properties of widgets that selectors ask for.

@@ -27,22 +27,20 @@ const QStringList s_sheets = {
 constexpr int s_frontEnds = 5; // the sheets that colour by status, first in the list
 
 // What the toolkit's style sheets know; a misspelt property would be dropped without a word.
-const QStringList s_properties =
-    QStringLiteral(
-        "alternate-background-color background-color border border-bottom border-bottom-color "
-        "border-bottom-left-radius border-bottom-right-radius border-color border-left "
-        "border-left-color border-left-width border-radius border-right border-right-color "
-        "border-top "
-        "border-top-color border-top-left-radius border-top-right-radius bottom color "
-        "dialogbuttonbox-buttons-have-icons font-family font-size font-weight gridline-color "
-        "height "
-        "image left margin max-height max-width messagebox-critical-icon "
-        "messagebox-information-icon "
-        "messagebox-warning-icon min-height min-width outline padding padding-bottom padding-left "
-        "padding-right padding-top qproperty-icon right selection-background-color selection-color "
-        "show-decoration-selected spacing subcontrol-origin subcontrol-position text-align "
-        "titlebar-close-icon top width")
-        .split(QLatin1Char(' '));
+const QStringList s_properties = QStringLiteral("alternate-background-color background-color border border-bottom border-bottom-color "
+                                                "border-bottom-left-radius border-bottom-right-radius border-color border-left "
+                                                "border-left-color border-left-width border-radius border-right border-right-color "
+                                                "border-top "
+                                                "border-top-color border-top-left-radius border-top-right-radius bottom color "
+                                                "dialogbuttonbox-buttons-have-icons font-family font-size font-weight gridline-color "
+                                                "height "
+                                                "image left margin max-height max-width messagebox-critical-icon "
+                                                "messagebox-information-icon "
+                                                "messagebox-warning-icon min-height min-width outline padding padding-bottom padding-left "
+                                                "padding-right padding-top qproperty-icon right selection-background-color selection-color "
+                                                "show-decoration-selected spacing subcontrol-origin subcontrol-position text-align "
+                                                "titlebar-close-icon top width")
+                                     .split(QLatin1Char(' '));
 
 struct StatusColor
 {
@@ -168,22 +166,16 @@ QVector<SheetElement> elements(const QString &path)
 
 double luminance(const QColor &color)
 {
-    const auto linear = [](double channel) {
-        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
+    const auto linear = [](double channel) { return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
 double contrast(const QColor &text, const QColor &background)
 {
     const double alpha = text.alphaF();
-    const auto mixed = [alpha](double over, double under) {
-        return alpha * over + (1 - alpha) * under;
-    };
-    const QColor seen = QColor::fromRgbF(mixed(text.redF(), background.redF()),
-                                         mixed(text.greenF(), background.greenF()),
-                                         mixed(text.blueF(), background.blueF()));
+    const auto mixed = [alpha](double over, double under) { return alpha * over + (1 - alpha) * under; };
+    const QColor seen =
+        QColor::fromRgbF(mixed(text.redF(), background.redF()), mixed(text.greenF(), background.greenF()), mixed(text.blueF(), background.blueF()));
     const double first = luminance(seen) + 0.05;
     const double second = luminance(background) + 0.05;
     return qMax(first, second) / qMin(first, second);
@@ -200,8 +192,7 @@ QColor surface(const SheetReader &reader, QVector<SheetElement> path, const QStr
     return result;
 }
 
-QColor textColor(const SheetReader &reader, const QVector<SheetElement> &path,
-                 const QString &subControl)
+QColor textColor(const SheetReader &reader, const QVector<SheetElement> &path, const QString &subControl)
 {
     const QColor own = reader.color(path, subControl, QStringLiteral("color"));
     return own.isValid() ? own : reader.color(path, QString(), QStringLiteral("color"));
@@ -229,9 +220,7 @@ QVector<QSet<QString>> flagSets(const SheetReader &reader)
 QVector<QSet<QString>> stateSets(const char *names)
 {
     QVector<QSet<QString>> result = {{QStringLiteral("enabled")}};
-    const QStringList sets = QStringLiteral("hover focus hover,focus ")
-                                 .append(QLatin1String(names))
-                                 .split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList sets = QStringLiteral("hover focus hover,focus ").append(QLatin1String(names)).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString &set : sets) {
         const QStringList states = set.split(QLatin1Char(','));
         result.append(QSet<QString>(states.begin(), states.end()) += QStringLiteral("enabled"));
@@ -256,8 +245,7 @@ QHash<ColorPair, QString> colorPairs(const SheetReader &reader, const Place &pla
         const ColorPair pair = known ? ColorPair(text.rgba(), background.rgba()) : ColorPair(0, 0);
         if (!result.contains(pair))
             result.insert(pair, QStringLiteral("%1 [%2] :%3")
-                                    .arg(path, subject.flags.values().join(QLatin1Char(' ')),
-                                         subject.states.values().join(QLatin1Char(':'))));
+                                    .arg(path, subject.flags.values().join(QLatin1Char(' ')), subject.states.values().join(QLatin1Char(':'))));
     };
     for (const QSet<QString> &states : stateSets(place.states)) {
         subject.states = states;
@@ -266,8 +254,7 @@ QHash<ColorPair, QString> colorPairs(const SheetReader &reader, const Place &pla
             add(textColor(reader, widgets, subControl), surface(reader, widgets, subControl));
         }
     }
-    const QColor chosen =
-        reader.color(widgets, QString(), QStringLiteral("selection-background-color"));
+    const QColor chosen = reader.color(widgets, QString(), QStringLiteral("selection-background-color"));
     if (chosen.isValid())
         add(reader.color(widgets, QString(), QStringLiteral("selection-color")), chosen);
     return result;
@@ -307,13 +294,11 @@ std::unique_ptr<QMainWindow> sampleWindow()
     window->statusBar()->addWidget(new QLabel(QStringLiteral("Ready")));
     auto *box = new QGroupBox(QStringLiteral("Blank"));
     auto *column = new QVBoxLayout(box);
-    addEach<QLabel, QLineEdit, QTextEdit, QPlainTextEdit, QCheckBox, QRadioButton, QComboBox,
-            QPushButton, QToolButton, QSpinBox, QDoubleSpinBox, QProgressBar, QSlider, QFrame,
-            QCommandLinkButton, QDialogButtonBox, QScrollBar, QSplitter, QScrollArea>(column);
+    addEach<QLabel, QLineEdit, QTextEdit, QPlainTextEdit, QCheckBox, QRadioButton, QComboBox, QPushButton, QToolButton, QSpinBox, QDoubleSpinBox,
+            QProgressBar, QSlider, QFrame, QCommandLinkButton, QDialogButtonBox, QScrollBar, QSplitter, QScrollArea>(column);
     auto *tabs = new QTabWidget;
     tabs->addTab(box, QStringLiteral("Form"));
-    for (QAbstractItemView *view :
-         std::initializer_list<QAbstractItemView *>{new QTreeView, new QTableView, new QListView}) {
+    for (QAbstractItemView *view : std::initializer_list<QAbstractItemView *>{new QTreeView, new QTableView, new QListView}) {
         view->setModel(sampleModel(view));
         tabs->addTab(view, QString::fromLatin1(view->metaObject()->className()));
     }
@@ -371,17 +356,13 @@ void tst_Sheets::expandsToPlainSheet()
     handler.load(path);
     const QString sheet = handler.getStyleSheet();
     for (const auto &finding : handler.diagnostics())
-        QFAIL(qPrintable(
-            QStringLiteral("%1:%2: %3").arg(finding.file).arg(finding.line).arg(finding.text)));
+        QFAIL(qPrintable(QStringLiteral("%1:%2: %3").arg(finding.file).arg(finding.line).arg(finding.text)));
 
-    const QString text = QString(sheet).remove(QRegularExpression(
-        QStringLiteral("/\\*.*?\\*/"), QRegularExpression::DotMatchesEverythingOption));
-    QVERIFY(!text.contains(QRegularExpression(QStringLiteral("^\\s*(#include|#define|<@|@>)"),
-                                              QRegularExpression::MultilineOption)));
+    const QString text = QString(sheet).remove(QRegularExpression(QStringLiteral("/\\*.*?\\*/"), QRegularExpression::DotMatchesEverythingOption));
+    QVERIFY(!text.contains(QRegularExpression(QStringLiteral("^\\s*(#include|#define|<@|@>)"), QRegularExpression::MultilineOption)));
     QCOMPARE(text.count(QLatin1Char('{')), text.count(QLatin1Char('}')));
 
-    const QRegularExpression define(QStringLiteral("^#define\\s+(\\w+)\\s"),
-                                    QRegularExpression::MultilineOption);
+    const QRegularExpression define(QStringLiteral("^#define\\s+(\\w+)\\s"), QRegularExpression::MultilineOption);
     for (const QString &part : handler.getPartNames()) {
         for (auto it = define.globalMatch(handler.getPart(part)); it.hasNext();) {
             const QString name = it.next().captured(1);
@@ -423,8 +404,7 @@ void tst_Sheets::everySheetIsUsed()
         const QStringList names = handler.getPartNames();
         used.unite(QSet<QString>(names.begin(), names.end()));
     }
-    for (QDirIterator it(QStringLiteral(":/Style"), QDir::Files, QDirIterator::Subdirectories);
-         it.hasNext();) {
+    for (QDirIterator it(QStringLiteral(":/Style"), QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
         const QString path = it.next();
         QVERIFY2(used.contains(path), qPrintable(path));
     }
@@ -446,8 +426,7 @@ void tst_Sheets::iconsRender()
     for (const QString &path : qAsConst(icons)) {
         const QImage image = QIcon(path).pixmap(32, 32).toImage();
         QVERIFY2(!image.isNull(), qPrintable(path));
-        QVERIFY2(image != QImage(image.size(), image.format()) && image.width() == 32,
-                 qPrintable(path));
+        QVERIFY2(image != QImage(image.size(), image.format()) && image.width() == 32, qPrintable(path));
     }
 }
 
@@ -477,9 +456,8 @@ void tst_Sheets::textIsLegible()
             const QColor text = QColor::fromRgba(it.key().first);
             const QColor background = QColor::fromRgba(it.key().second);
             if (contrast(text, background) < 4.5)
-                poor.append(QStringLiteral("%1: %2 on %3 has %4")
-                                .arg(it.value(), text.name(), background.name())
-                                .arg(contrast(text, background), 0, 'f', 2));
+                poor.append(
+                    QStringLiteral("%1: %2 on %3 has %4").arg(it.value(), text.name(), background.name()).arg(contrast(text, background), 0, 'f', 2));
         }
     }
     QVERIFY2(poor.isEmpty(), qPrintable(poor.join(QLatin1Char('\n'))));
@@ -506,25 +484,19 @@ void tst_Sheets::strongestStatusShows()
     handler.load(StyleSheetHandler::s_defaultCSS);
     qApp->setStyleSheet(handler.getStyleSheet());
     for (int set = 0; set < 256; ++set) {
-        BVWidgetStatus::Stati stati =
-            set & 128 ? BVWidgetStatus::StandardLocked | BVWidgetStatus::DefaultChanged
-                      : BVWidgetStatus::Stati();
+        BVWidgetStatus::Stati stati = set & 128 ? BVWidgetStatus::StandardLocked | BVWidgetStatus::DefaultChanged : BVWidgetStatus::Stati();
         for (int bit = 0; bit < 7; ++bit)
             stati.setFlag(s_statusColors[bit + 1].status, set & (1 << bit));
         BVWidgetStatus::setStatusProperty(widget.data(), stati);
         widget->ensurePolished();
-        const auto *shown = std::find_if(
-            std::begin(s_statusColors), std::end(s_statusColors), [&](const auto &entry) {
-                return entry.status == BVWidgetStatus::getDominantStatusFromFlag(stati);
-            });
+        const auto *shown = std::find_if(std::begin(s_statusColors), std::end(s_statusColors),
+                                         [&](const auto &entry) { return entry.status == BVWidgetStatus::getDominantStatusFromFlag(stati); });
         const QColor color = widget->palette().color(widget->foregroundRole());
         const QColor expected(handler.getDefined(QString::fromLatin1(shown->define)));
-        QVERIFY2(color == expected, qPrintable(BVWidgetStatus::debugStatusFlag(stati) +
-                                               QLatin1Char(' ') + color.name()));
+        QVERIFY2(color == expected, qPrintable(BVWidgetStatus::debugStatusFlag(stati) + QLatin1Char(' ') + color.name()));
     }
     widget->setEnabled(false);
-    QVERIFY(widget->palette().color(widget->foregroundRole()) !=
-            QColor(handler.getDefined(QStringLiteral("textColorError2"))));
+    QVERIFY(widget->palette().color(widget->foregroundRole()) != QColor(handler.getDefined(QStringLiteral("textColorError2"))));
 }
 
 // The broad mark at the left takes its room from the padding.
@@ -542,8 +514,7 @@ void tst_Sheets::statusMovesNothing()
         const QSize before = widget->sizeHint();
         for (const StatusColor &entry : s_statusColors) {
             BVWidgetStatus::setStatusProperty(widget, entry.status, true);
-            QVERIFY2(widget->sizeHint() == before,
-                     qPrintable(BVWidgetStatus::debugStatusToString(widget)));
+            QVERIFY2(widget->sizeHint() == before, qPrintable(BVWidgetStatus::debugStatusToString(widget)));
         }
     }
 }

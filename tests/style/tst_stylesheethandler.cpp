@@ -35,11 +35,10 @@ protected:
 
 MemoryHandler fontHandler()
 {
-    return MemoryHandler(
-        {{"top", "#include \"defines\"\n#include \"use\""},
-         {"defines", "#define bvFontSize 11\n#define bvFontSizeBig 12\n"
-                     "#define textColorError #ff4d4d\n#define palette(link) #123456"},
-         {"use", "big bvFontSizeBig; normal bvFontSize; color textColorError;"}});
+    return MemoryHandler({{"top", "#include \"defines\"\n#include \"use\""},
+                          {"defines", "#define bvFontSize 11\n#define bvFontSizeBig 12\n"
+                                      "#define textColorError #ff4d4d\n#define palette(link) #123456"},
+                          {"use", "big bvFontSizeBig; normal bvFontSize; color textColorError;"}});
 }
 
 QString used(StyleSheetHandler &handler)
@@ -105,8 +104,7 @@ void tst_StyleSheetHandler::constructorTellsPathsFromModes()
     QVERIFY(directory.getPath() == m_dir.path() && directory.getPartNames().isEmpty());
     char array[] = "/folder/array.css";
     QByteArray bytes = array;
-    for (StyleSheetHandler handler : {StyleSheetHandler(array), StyleSheetHandler(bytes),
-                                      StyleSheetHandler(QLatin1String(array))})
+    for (StyleSheetHandler handler : {StyleSheetHandler(array), StyleSheetHandler(bytes), StyleSheetHandler(QLatin1String(array))})
         QCOMPARE(handler.getPartNames(), QStringList("array.css"));
     QCOMPARE(StyleSheetHandler("/no such folder/").getPath(), "/no such folder");
     static_assert(!std::is_constructible_v<StyleSheetHandler, const char16_t *>);
@@ -115,9 +113,8 @@ void tst_StyleSheetHandler::constructorTellsPathsFromModes()
 
 void tst_StyleSheetHandler::readsFiles()
 {
-    writeFile(m_dir.filePath("top.css"),
-              "\xEF\xBB\xBF#include \"sub/a.css\"\n#include \":/Style/b.css\"\n"
-              "#include \"empty.css\"\n#include \"sub\"");
+    writeFile(m_dir.filePath("top.css"), "\xEF\xBB\xBF#include \"sub/a.css\"\n#include \":/Style/b.css\"\n"
+                                         "#include \"empty.css\"\n#include \"sub\"");
     writeFile(m_dir.filePath("sub/a.css"), "\xC3\xA4");
     writeFile(m_dir.filePath("Style/b.css"), "b");
     writeFile(m_dir.filePath("empty.css"), "");
@@ -141,9 +138,7 @@ void tst_StyleSheetHandler::topSheetIsAPartLikeAnyOther()
     StyleSheetHandler handler(m_dir.filePath("loop.css"));
     QCOMPARE(handler.getPartNames(), QStringList("loop.css"));
     QCOMPARE(handler.getStyleSheet().count("a\n"), 1);
-    QCOMPARE(handler.diagnostics().value(0),
-             (StyleSheetDiagnostic{StyleSheetDiagnostic::Kind::CircularInclude, "loop.css", 1,
-                                   "loop.css"}));
+    QCOMPARE(handler.diagnostics().value(0), (StyleSheetDiagnostic{StyleSheetDiagnostic::Kind::CircularInclude, "loop.css", 1, "loop.css"}));
     handler.setPart("loop.css", "b");
     QCOMPARE(handler.getStyleSheet(), "b\n");
 
@@ -158,8 +153,7 @@ void tst_StyleSheetHandler::readsResources()
 {
     const QString expanded = "QLabel { font-size: 11pt }\n";
     StyleSheetHandler handler(true);
-    for (const char *path :
-         {"tst_stylesheethandler/sheet.css", ":/tst_stylesheethandler/sheet.css"}) {
+    for (const char *path : {"tst_stylesheethandler/sheet.css", ":/tst_stylesheethandler/sheet.css"}) {
         handler.load(path);
         QCOMPARE(handler.getStyleSheet(), expanded);
     }
@@ -248,8 +242,7 @@ void tst_StyleSheetHandler::fontSizes_data()
     QTest::newRow("small") << 3 << "1 1 2 3 4";
     QTest::newRow("smallest") << 1 << "1 1 1 1 2";
     QTest::newRow("too small") << 0 << "   11 12";
-    QTest::newRow("greatest") << 2147483647
-                              << "2147483644 2147483645 2147483646 2147483647 2147483648";
+    QTest::newRow("greatest") << 2147483647 << "2147483644 2147483645 2147483646 2147483647 2147483648";
 }
 
 void tst_StyleSheetHandler::fontSizes()
@@ -266,9 +259,7 @@ void tst_StyleSheetHandler::fontSizes()
 void tst_StyleSheetHandler::lightVersion()
 {
     MemoryHandler handler = fontHandler();
-    const auto colors = [&handler] {
-        return handler.getDefined("textColorError") + handler.getDefined("textColorError2");
-    };
+    const auto colors = [&handler] { return handler.getDefined("textColorError") + handler.getDefined("textColorError2"); };
     QVERIFY(!handler.setUseLightVersion(false));
     QCOMPARE(colors(), "#ff4d4d");
     QVERIFY(handler.setUseLightVersion(true));
@@ -292,9 +283,8 @@ void tst_StyleSheetHandler::copiesAreIndependent()
 
 void tst_StyleSheetHandler::savesFiles()
 {
-    MemoryHandler handler({{"top", "#include \":/Style/x.css\"\n#include \"new/y.css\""},
-                           {":/Style/x.css", QString("x") + QChar(0xE4)},
-                           {"new/y.css", "// y"}});
+    MemoryHandler handler(
+        {{"top", "#include \":/Style/x.css\"\n#include \"new/y.css\""}, {":/Style/x.css", QString("x") + QChar(0xE4)}, {"new/y.css", "// y"}});
     handler.setPath(m_dir.filePath("saved"));
     QVERIFY(handler.savePartToFile(":/Style/x.css"));
     QVERIFY(handler.savePartToFile("new/y.css"));

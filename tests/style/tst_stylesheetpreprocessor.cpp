@@ -16,8 +16,7 @@ const char *const s_strayMessage = "StyleSheet comment-block closed without open
 
 ExpandedStyleSheet expand(const Parts &parts, const Parts &userDefines = {})
 {
-    StyleSheetPreprocessor preprocessor(
-        userDefines, QPalette(), [&parts](const QString &path) { return parts.value(path); });
+    StyleSheetPreprocessor preprocessor(userDefines, QPalette(), [&parts](const QString &path) { return parts.value(path); });
     return preprocessor.expand("top");
 }
 
@@ -27,10 +26,7 @@ QString findings(const ExpandedStyleSheet &sheet)
     static const char *const kinds[] = {"missing", "circular", "stray", "limit"};
     QStringList lines;
     for (const StyleSheetDiagnostic &finding : sheet.diagnostics) {
-        lines << QString("%1:%2 %3 %4")
-                     .arg(finding.file)
-                     .arg(finding.line)
-                     .arg(kinds[int(finding.kind)], finding.text);
+        lines << QString("%1:%2 %3 %4").arg(finding.file).arg(finding.line).arg(kinds[int(finding.kind)], finding.text);
     }
     return lines.join('\n');
 }
@@ -103,11 +99,9 @@ struct PlainExpansion
         for (const QString &line : text.split('\n', Qt::SkipEmptyParts)) {
             QRegularExpressionMatch match;
             if ((match = include.match(line)).hasMatch())
-                result += "/* " + match.captured() + " */\n" + expanded(match.captured(1)) +
-                          "/* End of " + match.captured() + " */\n";
+                result += "/* " + match.captured() + " */\n" + expanded(match.captured(1)) + "/* End of " + match.captured() + " */\n";
             else if ((match = define.match(line)).hasMatch())
-                defines[match.captured(1)] =
-                    userDefines.value(match.captured(1), match.captured(2));
+                defines[match.captured(1)] = userDefines.value(match.captured(1), match.captured(2));
             else if (line.startsWith("<@"))
                 suffix = line.mid(2).trimmed();
             else if (line.startsWith("@>"))
@@ -121,17 +115,14 @@ struct PlainExpansion
 
 QString randomSheet(QRandomGenerator &random, const QStringList &includes)
 {
-    static const QStringList s_pieces =
-        QString("A|Bb|b| |,|{|}|:|\n|\n|\r|<|/*/ */|/*\n\n*/|// b\n|<!--b-->|"
-                "\n<@:on\n|\n<@ :b \n|\n<@|\n@>|@>\n|"
-                "\n#define b c // d\n|\n#define Bb A,b\n|\n #define ,b { 2\n|#define A")
-            .split('|');
+    static const QStringList s_pieces = QString("A|Bb|b| |,|{|}|:|\n|\n|\r|<|/*/ */|/*\n\n*/|// b\n|<!--b-->|"
+                                                "\n<@:on\n|\n<@ :b \n|\n<@|\n@>|@>\n|"
+                                                "\n#define b c // d\n|\n#define Bb A,b\n|\n #define ,b { 2\n|#define A")
+                                            .split('|');
     QString sheet;
     for (int count = random.bounded(40); count > 0; --count) {
         const int choice = random.bounded(s_pieces.size() + includes.size());
-        sheet += choice < s_pieces.size()
-                     ? s_pieces.at(choice)
-                     : "\n#include \"" + includes.at(choice - s_pieces.size()) + "\" x\n";
+        sheet += choice < s_pieces.size() ? s_pieces.at(choice) : "\n#include \"" + includes.at(choice - s_pieces.size()) + "\" x\n";
     }
     return sheet;
 }
@@ -177,9 +168,8 @@ void tst_StyleSheetPreprocessor::language_data()
     QTest::newRow("longer name first") << "#define bvFontSize 11\n#define bvFontSizeBig 12\n"
                                           "font-size: bvFontSizeBigpt bvFontSizept"
                                        << "font-size: 12pt 11pt\n";
-    QTest::newRow("value is one word")
-        << "#define textColorError #ff4d4d // light red\ntextColorError"
-        << "#ff4d4d\n";
+    QTest::newRow("value is one word") << "#define textColorError #ff4d4d // light red\ntextColorError"
+                                       << "#ff4d4d\n";
     QTest::newRow("word ends the value") << "\t#define  a \t one two\na"
                                          << "one\n";
     QTest::newRow("define without value is a line") << "#define a"
@@ -226,8 +216,7 @@ void tst_StyleSheetPreprocessor::language_data()
                                                 << " #include \"x\"\n";
     QTest::newRow("unclosed include is a line") << "#include \"x"
                                                 << "#include \"x\n";
-    QTest::newRow("long line") << "#define a bc\n" + QString(2'000'000, ' ') + "a"
-                               << QString(2'000'000, ' ') + "bc\n";
+    QTest::newRow("long line") << "#define a bc\n" + QString(2'000'000, ' ') + "a" << QString(2'000'000, ' ') + "bc\n";
     QTest::newRow("percent signs survive") << "#define a %1\na %2"
                                            << "%1 %2\n";
 }
@@ -299,10 +288,7 @@ void tst_StyleSheetPreprocessor::definesThatBreakLines()
 
 void tst_StyleSheetPreprocessor::includes()
 {
-    const Parts parts{
-        {"top", "#include \"a\" rest\n<@:on\n#include   \"b\"\nX{\n@>\n#include \"a\""},
-        {"a", "1"},
-        {"b", "Y{\n<@:off"}};
+    const Parts parts{{"top", "#include \"a\" rest\n<@:on\n#include   \"b\"\nX{\n@>\n#include \"a\""}, {"a", "1"}, {"b", "Y{\n<@:off"}};
     const ExpandedStyleSheet sheet = expand(parts);
     QCOMPARE(sheet.text, "/* #include \"a\" */\n1\n/* End of #include \"a\" */\n"
                          "/* #include   \"b\" */\nY{\n/* End of #include   \"b\" */\n"
@@ -318,8 +304,7 @@ void tst_StyleSheetPreprocessor::definesReachAcrossIncludes()
     const QString before = "/* #include \"sub\" */\n", after = "/* End of #include \"sub\" */\n";
     QCOMPARE(expand(parts).text, before + "1\n" + after + "1 2\n");
     // A user define counts where the sheets define its name, and only there.
-    QCOMPARE(expand(parts, {{"b", "3"}, {"c", "4"}, {"o", "5"}}).text,
-             before + "1\n" + after + "1 3\n");
+    QCOMPARE(expand(parts, {{"b", "3"}, {"c", "4"}, {"o", "5"}}).text, before + "1\n" + after + "1 3\n");
 }
 
 void tst_StyleSheetPreprocessor::palette_data()
@@ -365,9 +350,8 @@ void tst_StyleSheetPreprocessor::findings_data()
                                      << "" << 0 << "top:1 circular top";
     QTest::newRow("circle of two") << "#include \"sub\""
                                    << "\n#include \"top\"" << 0 << "sub:2 circular top";
-    QTest::newRow("finding listed once")
-        << "#include \"sub\"\n#include \"sub\""
-        << "#include \"gone\"\n*/" << 1 << "sub:2 stray */\nsub:1 missing gone";
+    QTest::newRow("finding listed once") << "#include \"sub\"\n#include \"sub\""
+                                         << "#include \"gone\"\n*/" << 1 << "sub:2 stray */\nsub:1 missing gone";
     QTest::newRow("stray ends") << "*/\n/*\n*/*/\n\n**/"
                                 << "" << 3 << "top:1 stray */\ntop:3 stray */\ntop:5 stray */";
 }
@@ -396,11 +380,9 @@ void tst_StyleSheetPreprocessor::multiplyingSheetEnds_data()
     }
     QString defines = "#define a00 x\n";
     for (int i = 1; i < 60; ++i)
-        defines +=
-            QString("#define a%1 a%2a%2\n").arg(i, 2, 10, QChar('0')).arg(i - 1, 2, 10, QChar('0'));
-    QTest::newRow("suffix on many selectors")
-        << Parts{{"top", "first\n<@:" + QString(60000, 'x') + '\n' + QString("a,").repeated(60000) +
-                             "\n@>\nlast"}};
+        defines += QString("#define a%1 a%2a%2\n").arg(i, 2, 10, QChar('0')).arg(i - 1, 2, 10, QChar('0'));
+    QTest::newRow("suffix on many selectors") << Parts{
+        {"top", "first\n<@:" + QString(60000, 'x') + '\n' + QString("a,").repeated(60000) + "\n@>\nlast"}};
     QTest::newRow("twice at each level") << twice;
     QTest::newRow("deep") << deep;
     QTest::newRow("defines that double") << Parts{{"top", defines + "first\na59\nlast"}};
@@ -447,9 +429,7 @@ void tst_StyleSheetPreprocessor::expandsByTheRules()
     QRandomGenerator random(3);
     for (int i = 0; i < 3000; ++i) {
         PlainExpansion plain;
-        plain.parts = {{"top", randomSheet(random, {"one", "two", "gone"})},
-                       {"one", randomSheet(random, {"two"})},
-                       {"two", randomSheet(random, {})}};
+        plain.parts = {{"top", randomSheet(random, {"one", "two", "gone"})}, {"one", randomSheet(random, {"two"})}, {"two", randomSheet(random, {})}};
         if (random.bounded(2))
             plain.userDefines = {{"b", randomText(random, "b,{}\nA", 4)}};
         const QString expected = plain.expanded("top");

@@ -5,8 +5,7 @@ namespace {
 
 QtMessageHandler s_testHandler = nullptr;
 
-void withoutOffscreenWarnings(QtMsgType type, const QMessageLogContext &context,
-                              const QString &text)
+void withoutOffscreenWarnings(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (!text.startsWith(QLatin1String("This plugin does not support")))
         s_testHandler(type, context, text);

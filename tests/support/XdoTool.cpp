@@ -16,8 +16,7 @@ bool XdoTool::run(const QStringList &arguments)
     QProcess tool;
     tool.setProcessChannelMode(QProcess::MergedChannels);
     tool.start(QStringLiteral("xdotool"), arguments);
-    const bool ended =
-        QTest::qWaitFor([&tool] { return tool.state() == QProcess::NotRunning; }, s_patience);
+    const bool ended = QTest::qWaitFor([&tool] { return tool.state() == QProcess::NotRunning; }, s_patience);
     // An unknown key is skipped with a message only, so any output counts as failure.
     const QByteArray output = tool.readAll();
     if (ended && tool.error() == QProcess::UnknownError && tool.exitCode() == 0 && output.isEmpty())
@@ -35,22 +34,19 @@ bool XdoTool::showActive(QWidget *window)
 
 bool XdoTool::typeText(const QString &text)
 {
-    return run(
-        {QStringLiteral("type"), QStringLiteral("--clearmodifiers"), QStringLiteral("--"), text});
+    return run({QStringLiteral("type"), QStringLiteral("--clearmodifiers"), QStringLiteral("--"), text});
 }
 
 bool XdoTool::pressKey(const QString &key)
 {
-    return run(
-        {QStringLiteral("key"), QStringLiteral("--clearmodifiers"), QStringLiteral("--"), key});
+    return run({QStringLiteral("key"), QStringLiteral("--clearmodifiers"), QStringLiteral("--"), key});
 }
 
 bool XdoTool::clickAt(const QWidget *widget, const QPoint &position, int button)
 {
     // The X server counts device pixels; the screen begins at its origin.
     const QPointF target = QPointF(widget->mapToGlobal(position)) * widget->devicePixelRatioF();
-    return run({QStringLiteral("mousemove"), QString::number(qRound(target.x())),
-                QString::number(qRound(target.y())), QStringLiteral("click"),
+    return run({QStringLiteral("mousemove"), QString::number(qRound(target.x())), QString::number(qRound(target.y())), QStringLiteral("click"),
                 QString::number(button)});
 }
 

@@ -52,8 +52,7 @@ void tst_Display::typing()
 
 void tst_Display::failureIsTold()
 {
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(QStringLiteral("^xdotool .*No such key")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^xdotool .*No such key")));
     QVERIFY(!XdoTool::pressKey(QStringLiteral("NoSuchKeyAnywhere")));
 }
 

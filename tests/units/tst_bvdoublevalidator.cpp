@@ -48,8 +48,7 @@ void tst_BVDoubleValidator::validates_data()
     QTest::addColumn<QValidator::State>("state");
 
     const auto row = [](const char *text, double bottom, double top, QValidator::State state) {
-        QTest::addRow("%s in %g to %g", text, bottom, top)
-            << QString(text) << bottom << top << state;
+        QTest::addRow("%s in %g to %g", text, bottom, top) << QString(text) << bottom << top << state;
     };
     row("", 0, 10, Intermediate);
     row("5", 0, 10, Acceptable);
@@ -103,10 +102,8 @@ void tst_BVDoubleValidator::numberInLocale_data()
     QTest::addColumn<QValidator::State>("state");
     QTest::addColumn<double>("value");
 
-    const auto row = [](const QLocale &locale, const char *text, QValidator::State state,
-                        double value) {
-        QTest::addRow("%s in %s", text, qPrintable(locale.name()))
-            << locale << QString(text) << state << value;
+    const auto row = [](const QLocale &locale, const char *text, QValidator::State state, double value) {
+        QTest::addRow("%s in %s", text, qPrintable(locale.name())) << locale << QString(text) << state << value;
     };
     const QLocale english(QLocale::English);
     const QLocale german(QLocale::German);
@@ -168,8 +165,7 @@ void tst_BVDoubleValidator::agreesWithTheToolkit_data()
 
     for (const int decimals : {0, 2, 20}) {
         QTest::addRow("%d decimals", decimals) << decimals << QDoubleValidator::ScientificNotation;
-        QTest::addRow("%d decimals, standard", decimals)
-            << decimals << QDoubleValidator::StandardNotation;
+        QTest::addRow("%d decimals, standard", decimals) << decimals << QDoubleValidator::StandardNotation;
     }
 }
 

@@ -148,15 +148,13 @@ void tst_BVFormatter::valueAsString_data()
     QTest::addColumn<bool>("cut");
     QTest::addColumn<QString>("text");
 
-    const auto row = [](const char *name, double value, int notation, int decimals, bool cut,
-                        const char *text, int width = 0) {
+    const auto row = [](const char *name, double value, int notation, int decimals, bool cut, const char *text, int width = 0) {
         QTest::newRow(name) << value << width << decimals << notation << cut << QString(text);
     };
     row("fixed", 1234.5, BVFormatter::Fixed, 3, false, "1234.500");
     row("fixed, decimal half that is below in binary", 1.005, BVFormatter::Fixed, 2, false, "1.01");
     row("fixed, negative half", -2.5, BVFormatter::Fixed, 0, false, "-3");
-    row("the nudge shows where it is asked for", 2e-9, BVFormatter::Scientific, 9, false,
-        "2.000010000E-09");
+    row("the nudge shows where it is asked for", 2e-9, BVFormatter::Scientific, 9, false, "2.000010000E-09");
     row("fixed, half beyond the nudge", 128.5, BVFormatter::Fixed, 0, false, "129");
     row("fixed, cut to one decimal", 2.5, BVFormatter::Fixed, 3, true, "2.5");
     row("fixed, cut to none", 2.0, BVFormatter::Fixed, 3, true, "2");
@@ -172,13 +170,11 @@ void tst_BVFormatter::valueAsString_data()
     row("automatic, plain", 0.5, BVFormatter::Automatic, 3, false, "0.500");
     row("automatic, cut", 0.5, BVFormatter::Automatic, 3, true, "0.5");
     row("automatic, large", 12345.0, BVFormatter::Automatic, 3, false, "12.3E+3");
-    row("automatic, large negative stays plain", -12345.0, BVFormatter::Automatic, 3, false,
-        "-12345.000");
+    row("automatic, large negative stays plain", -12345.0, BVFormatter::Automatic, 3, false, "-12345.000");
     row("automatic, beyond the precision", -2e9, BVFormatter::Automatic, 3, false, "-2.00E+9");
     row("automatic, tiny", 0.0005, BVFormatter::Automatic, 3, false, "0.500E-3");
     row("unknown notation is automatic", 12345.0, 17, 3, false, "12.3E+3");
-    row("width pads engineering in front of the sign", -12345.0, BVFormatter::Engineering, 1, false,
-        "00-12.3E+3", 10);
+    row("width pads engineering in front of the sign", -12345.0, BVFormatter::Engineering, 1, false, "00-12.3E+3", 10);
 }
 
 void tst_BVFormatter::valueAsString()
@@ -188,10 +184,7 @@ void tst_BVFormatter::valueAsString()
     QFETCH(int, decimals);
     QFETCH(int, notation);
     QFETCH(bool, cut);
-    QTEST(BVFormatter::valueAsString(value, width, decimals,
-                                     static_cast<BVFormatter::OutputNotation>(notation), 9, cut,
-                                     '0'),
-          "text");
+    QTEST(BVFormatter::valueAsString(value, width, decimals, static_cast<BVFormatter::OutputNotation>(notation), 9, cut, '0'), "text");
 }
 
 void tst_BVFormatter::fixedEqualsTheToolkit()
@@ -217,10 +210,8 @@ void tst_BVFormatter::engineering_data()
     QTest::addColumn<QString>("plain");
     QTest::addColumn<QString>("cut");
 
-    const auto row = [](const char *name, double value, int decimals, const char *adapted,
-                        const char *plain, const char *cut) {
-        QTest::newRow(name) << value << decimals << QString(adapted) << QString(plain)
-                            << QString(cut);
+    const auto row = [](const char *name, double value, int decimals, const char *adapted, const char *plain, const char *cut) {
+        QTest::newRow(name) << value << decimals << QString(adapted) << QString(plain) << QString(cut);
     };
     row("hundreds", 123.456, 3, "123.5", "123.5", "123.5");
     row("tens", -12.3456, 3, "-12.35", "-12.35", "-12.35");
@@ -246,9 +237,7 @@ void tst_BVFormatter::engineering()
     QFETCH(int, decimals);
     QTEST(BVFormatter::convertToAdaptedEngineeringNotation(value, 0, decimals, '0'), "adapted");
     QTEST(BVFormatter::convertToEngineeringNotation(value, 0, decimals, false, '0'), "plain");
-    QTEST(QString::fromStdString(
-              BVFormatter::convertValueToEngineeringNotation(value, decimals, true)),
-          "cut");
+    QTEST(QString::fromStdString(BVFormatter::convertValueToEngineeringNotation(value, decimals, true)), "cut");
 }
 
 void tst_BVFormatter::truncTextToDecimals_data()
@@ -259,8 +248,7 @@ void tst_BVFormatter::truncTextToDecimals_data()
     QTest::addColumn<QString>("result");
 
     const auto row = [](const char *text, int minDecimals, int notation, const char *result) {
-        QTest::addRow("%s to %d", text, minDecimals)
-            << QString(text) << minDecimals << notation << QString(result);
+        QTest::addRow("%s to %d", text, minDecimals) << QString(text) << minDecimals << notation << QString(result);
     };
     row("1.250000000", 3, BVFormatter::Fixed, "1.250");
     row("1.250000000", 0, BVFormatter::Fixed, "1.25");
@@ -280,24 +268,19 @@ void tst_BVFormatter::truncTextToDecimals()
     QFETCH(int, notation);
     QFETCH(QString, result);
     const bool expected = text != result;
-    QCOMPARE(BVFormatter::truncTextToDecimals(text, minDecimals,
-                                              static_cast<BVFormatter::OutputNotation>(notation)),
-             expected);
+    QCOMPARE(BVFormatter::truncTextToDecimals(text, minDecimals, static_cast<BVFormatter::OutputNotation>(notation)), expected);
     QCOMPARE(text, result);
 }
 
 void tst_BVFormatter::extremesEnd()
 {
-    const double values[] = {s_inf, -s_inf, s_nan,  std::numeric_limits<double>::max(),
-                             -0.0,  -1e308, 5e-324, std::numeric_limits<double>::min()};
-    const int limits[] = {std::numeric_limits<int>::min(), -1, 0, 17, 300,
-                          std::numeric_limits<int>::max()};
+    const double values[] = {s_inf, -s_inf, s_nan, std::numeric_limits<double>::max(), -0.0, -1e308, 5e-324, std::numeric_limits<double>::min()};
+    const int limits[] = {std::numeric_limits<int>::min(), -1, 0, 17, 300, std::numeric_limits<int>::max()};
     for (double value : values) {
         for (int limit : limits) {
             for (int notation = -1; notation < 6; ++notation) {
                 const auto kind = static_cast<BVFormatter::OutputNotation>(notation);
-                const QString text =
-                    BVFormatter::valueAsString(value, limit, limit, kind, limit, true, ' ');
+                const QString text = BVFormatter::valueAsString(value, limit, limit, kind, limit, true, ' ');
                 QVERIFY(text.size() < 2000);
                 QVERIFY2(tells(text.trimmed(), value), qPrintable(text));
             }
@@ -310,9 +293,7 @@ void tst_BVFormatter::symbols_data()
     QTest::addColumn<QString>("unit");
     QTest::addColumn<QString>("symbol");
 
-    const auto row = [](const char *unit, const QString &symbol) {
-        QTest::newRow(unit) << QString(unit) << symbol;
-    };
+    const auto row = [](const char *unit, const QString &symbol) { QTest::newRow(unit) << QString(unit) << symbol; };
     row("um", QStringLiteral(u"\u00b5m"));
     row("um^2", QStringLiteral(u"\u00b5m\u00b2"));
     row("dm^2", QStringLiteral(u"dm\u00b2"));
@@ -350,8 +331,7 @@ void tst_BVFormatter::symbolsFromManyThreads()
     for (std::size_t t = 0; t < faults.size(); ++t) {
         threads.emplace_back([t, &faults] {
             for (int i = 0; i < 2000; ++i) { // more than are kept, so that they are dropped as well
-                const QString unit =
-                    QStringLiteral("um*x%1").arg((i * 7 + static_cast<int>(t)) % 900);
+                const QString unit = QStringLiteral("um*x%1").arg((i * 7 + static_cast<int>(t)) % 900);
                 QString text = unit;
                 BVFormatter::replaceSymbols(text, false);
                 faults[t] += text.startsWith(QChar(0xb5)) ? 0 : 1;
@@ -455,8 +435,7 @@ void tst_BVFormatter::fullText_data()
     QTest::newRow("fixed, at least the decimals") << int(BVFormatter::Fixed) << 1.5 << "1.500";
     QTest::newRow("scientific") << int(BVFormatter::Scientific) << 1.5e10 << "1.500E+10";
     QTest::newRow("automatic, small") << int(BVFormatter::Automatic) << 0.00125 << "0.00125";
-    QTest::newRow("automatic, medium keeps its zeros")
-        << int(BVFormatter::Automatic) << 12500.0 << "12.5000000E+3";
+    QTest::newRow("automatic, medium keeps its zeros") << int(BVFormatter::Automatic) << 12500.0 << "12.5000000E+3";
     QTest::newRow("automatic, large") << int(BVFormatter::Automatic) << 1.25e30 << "1.250E+30";
     QTest::newRow("negative zero") << int(BVFormatter::Fixed) << -1e-12 << "0.000";
 }
@@ -484,8 +463,7 @@ void tst_BVFormatter::noValue_data()
                                        << "- mm";
     QTest::newRow("empty value") << false << true << false << "mm"
                                  << "mm";
-    QTest::newRow("empty value, no space")
-        << false << true << true << "deg" << QStringLiteral(u"-\u00b0");
+    QTest::newRow("empty value, no space") << false << true << true << "deg" << QStringLiteral(u"-\u00b0");
     QTest::newRow("empty, no unit") << true << false << false << QString() << QString();
     QTest::newRow("empty value is not checked for") << false << false << true << "mm"
                                                     << "0.00 mm !";
@@ -514,8 +492,7 @@ void tst_BVFormatter::typedText_data()
     QTest::addColumn<double>("inches");
 
     const auto row = [](const QString &text, bool ok, double inches, bool german = false) {
-        QTest::addRow("%s%s", german ? "german " : "", qUtf8Printable(text))
-            << german << text << ok << inches;
+        QTest::addRow("%s%s", german ? "german " : "", qUtf8Printable(text)) << german << text << ok << inches;
     };
     row(QStringLiteral("25.4mm"), true, 1.0);
     row(QStringLiteral(" 2.54 cm "), true, 1.0);
@@ -590,9 +567,7 @@ void tst_BVFormatter::roundTrip_data()
     for (int notation = 0; notation < 5; ++notation) {
         for (const QString &unit : units) {
             for (const bool german : {false, true})
-                QTest::addRow("%s, %s, %s", notations[notation],
-                              unit.isEmpty() ? "no unit" : qPrintable(unit),
-                              german ? "german" : "english")
+                QTest::addRow("%s, %s, %s", notations[notation], unit.isEmpty() ? "no unit" : qPrintable(unit), german ? "german" : "english")
                     << notation << unit << german;
         }
     }
@@ -622,9 +597,7 @@ void tst_BVFormatter::roundTrip()
             const double display = formatter.valueToDisplayValue(value);
             const double slack = 1e-15 * std::fabs(display); // of reading and of pow()
             const double allowed = 0.5 * lastDigit(text) * (1.0 + s_shareOfNudge) + slack;
-            QVERIFY2(
-                std::fabs(read - display) <= allowed,
-                qPrintable(QStringLiteral("%1 shown as %2").arg(display, 0, 'g', 17).arg(text)));
+            QVERIFY2(std::fabs(read - display) <= allowed, qPrintable(QStringLiteral("%1 shown as %2").arg(display, 0, 'g', 17).arg(text)));
             QCOMPARE(formatter.valueFromText(text, ok), formatter.displayValueToValue(read));
         }
     }
@@ -675,8 +648,7 @@ void tst_BVFormatter::noHalfChangeIsSeen()
     BVFormatter formatter;
     formatter.setValueUnit(QStringLiteral("mm"));
     QStringList seen;
-    connect(formatter.getValidator(), &QValidator::changed, this,
-            [&] { seen << formatter.textFromValue(1.0); });
+    connect(formatter.getValidator(), &QValidator::changed, this, [&] { seen << formatter.textFromValue(1.0); });
     formatter.setValueUnit(QStringLiteral("deg"));
     QCOMPARE(seen, QStringList{QStringLiteral(u"1.00\u00b0")});
 
@@ -689,8 +661,7 @@ void tst_BVFormatter::noHalfChangeIsSeen()
     QCOMPARE(seen, QStringList{source.textFromValue(1.0)});
 
     seen.clear();
-    connect(formatter.getValidator(), &QValidator::changed, this,
-            [&] { QCOMPARE(formatter.precision(), 5); });
+    connect(formatter.getValidator(), &QValidator::changed, this, [&] { QCOMPARE(formatter.precision(), 5); });
     formatter.setPrecision(5);
     QCOMPARE(seen.size(), 1);
 }
@@ -702,8 +673,7 @@ void tst_BVFormatter::displayUnitFollowsTheChoice()
     formatter.setValueUnit(QStringLiteral("mm"));
     QStringList order;
     connect(&formatter, &BVFormatter::unitChanged, this, [&] { order << QStringLiteral("unit"); });
-    connect(&formatter, &BVFormatter::settingsChanged, this,
-            [&] { order << QStringLiteral("settings"); });
+    connect(&formatter, &BVFormatter::settingsChanged, this, [&] { order << QStringLiteral("settings"); });
 
     choice.setCurrentUnit(UnitsConfiguration::Mass, QStringLiteral("t"));
     QCOMPARE(order, QStringList());
@@ -841,8 +811,7 @@ void tst_BVFormatter::elides()
     const BVFormatter formatter;
     QString text = QStringLiteral("123456.789 mm");
     QVERIFY(!formatter.elideText(text, 10000, metrics));
-    QVERIFY(
-        formatter.elideText(text, metrics.horizontalAdvance(QStringLiteral("123456")), metrics));
+    QVERIFY(formatter.elideText(text, metrics.horizontalAdvance(QStringLiteral("123456")), metrics));
     QVERIFY(text.endsWith(QChar(0x2026)));
 }
 
@@ -854,20 +823,16 @@ void tst_BVFormatter::oneShots_data()
     const QString inch = QStringLiteral("inch");
     QTest::newRow("in the chosen unit") << BVFormatter::toString(1.0, inch) << "25.40 mm";
     QTest::newRow("decimals") << BVFormatter::toString(1.0, inch, 0) << "25 mm";
-    QTest::newRow("standard string")
-        << QString::fromStdString(BVFormatter::toStdString(1.0, QStringLiteral("um")))
-        << QStringLiteral(u"1.000 \u00b5m");
-    QTest::newRow("no conversion")
-        << BVFormatter::toStringWithoutConversion(1.0, inch) << "1.000 inch";
+    QTest::newRow("standard string") << QString::fromStdString(BVFormatter::toStdString(1.0, QStringLiteral("um")))
+                                     << QStringLiteral(u"1.000 \u00b5m");
+    QTest::newRow("no conversion") << BVFormatter::toStringWithoutConversion(1.0, inch) << "1.000 inch";
     QTest::newRow("measurement") << BVFormatter::toStringMeasurement(1.0, inch) << "25.4 mm";
-    QTest::newRow("large measurement")
-        << BVFormatter::toStringMeasurement(1e4, inch) << "254E+3 mm";
+    QTest::newRow("large measurement") << BVFormatter::toStringMeasurement(1e4, inch) << "254E+3 mm";
     QTest::newRow("engineering") << BVFormatter::toEngineeringString(1e4, inch) << "254.00E+3 mm";
     QTest::newRow("label") << BVFormatter::toStringRuvixLabel(2.0, inch) << "50.8 mm";
     QTest::newRow("label of nothing") << BVFormatter::toStringRuvixLabel(s_nan, inch) << "- mm";
     QTest::newRow("no unit") << BVFormatter::toString(-0.0001, QString()) << "0.000";
-    QTest::newRow("unknown unit") << BVFormatter::toString(1.0, QStringLiteral("foo"))
-                                  << "1.000 foo";
+    QTest::newRow("unknown unit") << BVFormatter::toString(1.0, QStringLiteral("foo")) << "1.000 foo";
 }
 
 void tst_BVFormatter::oneShots()

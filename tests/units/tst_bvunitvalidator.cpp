@@ -91,10 +91,9 @@ void tst_BVUnitValidator::validates_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QValidator::State>("state");
 
-    const auto row = [](const QString &base, const QString &text, QValidator::State state,
-                        double bottom = -s_inf, double top = s_inf, int decimals = 9) {
-        QTest::addRow("%s for '%s' in %g to %g, %d", qUtf8Printable(text), qUtf8Printable(base),
-                      bottom, top, decimals)
+    const auto row = [](const QString &base, const QString &text, QValidator::State state, double bottom = -s_inf, double top = s_inf,
+                        int decimals = 9) {
+        QTest::addRow("%s for '%s' in %g to %g, %d", qUtf8Printable(text), qUtf8Printable(base), bottom, top, decimals)
             << base << bottom << top << decimals << text << state;
     };
     row("mm", "25 inch", Acceptable, 0, 635);
@@ -124,8 +123,8 @@ void tst_BVUnitValidator::validates_data()
     row(QStringLiteral(u"\u00b0C"), QStringLiteral(u"20.00\u00b0C"), Acceptable);
     row("%", "50%", Acceptable);
     row("1/s", "60/min", Acceptable, 1, 1);
-    for (const char *rest : {"1 m 50 cm", "5 mm 1,500", "5 m 1,500", "5 mm,5", "5 m.5",
-                             "5 m + 3 mm", "5 m/xyz", "5 mm mm", "5 m mm", "5 m^", "5 m/", "5 cm*"})
+    for (const char *rest :
+         {"1 m 50 cm", "5 mm 1,500", "5 m 1,500", "5 mm,5", "5 m.5", "5 m + 3 mm", "5 m/xyz", "5 mm mm", "5 m mm", "5 m^", "5 m/", "5 cm*"})
         row("mm", rest, Intermediate);
     row("mm", "5 Meter", Acceptable);
     row("miUS", "-114.43inch", Invalid, 0, 100, 0); // less than nothing, though it is shown as 0
@@ -175,8 +174,7 @@ void tst_BVUnitValidator::everyStepOfTypingIsAllowed_data()
     QTest::addColumn<QString>("behind"); // the cursor
 
     const auto row = [](const char *base, const QString &text, const QString &behind = QString()) {
-        QTest::newRow(qUtf8Printable(text + QLatin1Char('|') + behind))
-            << QString(base) << text << behind;
+        QTest::newRow(qUtf8Printable(text + QLatin1Char('|') + behind)) << QString(base) << text << behind;
     };
     for (const char *number : {"-12.5E-3", "5e3", ".5", "1/4", "-1 / 2.5e-1", "inf", "-inf"}) {
         row("mm", number, " mm");

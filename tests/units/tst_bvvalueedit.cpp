@@ -110,12 +110,10 @@ void tst_BVValueEdit::takeOver_data()
                                   << "inch" << english << "25.4mm" << true << 1.0 << "1.000 inch";
     QTest::newRow("inch shown in mm") << "inch"
                                       << "mm" << english << "25.4mm" << true << 1.0 << "25.40 mm";
-    QTest::newRow("no unit means the shown one")
-        << "inch"
-        << "mm" << english << "50.8" << true << 2.0 << "50.80 mm";
-    QTest::newRow("name of a unit")
-        << "mm"
-        << "mm" << english << "2 inchlong" << true << 50.8 << "50.80 mm";
+    QTest::newRow("no unit means the shown one") << "inch"
+                                                 << "mm" << english << "50.8" << true << 2.0 << "50.80 mm";
+    QTest::newRow("name of a unit") << "mm"
+                                    << "mm" << english << "2 inchlong" << true << 50.8 << "50.80 mm";
     QTest::newRow("fraction") << "mm"
                               << "mm" << english << "1/4" << true << 0.25 << "0.25 mm";
     QTest::newRow("decimal comma") << "mm"
@@ -129,8 +127,7 @@ void tst_BVValueEdit::takeOver_data()
     QTest::newRow("half a number") << "mm"
                                    << "mm" << english << "1e" << false << 7.0 << "1e";
     QTest::newRow("temperature") << "degC"
-                                 << "mm" << english << "212degF" << true << 100.0
-                                 << QStringLiteral("100.00°C");
+                                 << "mm" << english << "212degF" << true << 100.0 << QStringLiteral("100.00°C");
 }
 
 void tst_BVValueEdit::takeOver()
@@ -177,8 +174,7 @@ void tst_BVValueEdit::returnOnce()
     Form form;
     form.m_edit->setUnitString(QStringLiteral("mm"));
     QVERIFY(form.start());
-    connect(form.m_edit, &QLineEdit::returnPressed, form.m_other,
-            QOverload<>::of(&QWidget::setFocus));
+    connect(form.m_edit, &QLineEdit::returnPressed, form.m_other, QOverload<>::of(&QWidget::setFocus));
     QSignalSpy changed(form.m_edit, &BVValueEdit::valueChanged);
     form.type(typed);
     QTest::keyClick(form.m_edit, static_cast<Qt::Key>(key));
@@ -303,8 +299,7 @@ void tst_BVValueEdit::problems()
     edit.setModified(true);
     edit.storeValue();
     QVERIFY(edit.isNeedInputStatus());
-    QVERIFY2(edit.accessibleDescription().contains(problem),
-             qPrintable(edit.accessibleDescription()));
+    QVERIFY2(edit.accessibleDescription().contains(problem), qPrintable(edit.accessibleDescription()));
     QVERIFY(edit.toolTipText().contains(problem));
 }
 
@@ -360,8 +355,7 @@ void tst_BVValueEdit::unitChoice()
     foreign.setValue(1.0);
     QSignalSpy units(&edit, &BVValueEdit::displayUnitChanged);
     QSignalSpy values(&edit, &BVValueEdit::valueChanged);
-    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length,
-                                                  QStringLiteral("inch"));
+    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("inch"));
     QCOMPARE(edit.text(), QStringLiteral("1.000 inch"));
     QCOMPARE(pinned.text(), QStringLiteral("0.02540 m"));
     QCOMPARE(foreign.text(), QStringLiteral("1.000 in"));
@@ -438,9 +432,7 @@ void tst_BVValueEdit::toolTip()
     QVERIFY(form.start());
     QHelpEvent help(QEvent::ToolTip, QPoint(1, 1), form.m_edit->mapToGlobal(QPoint(1, 1)));
     QApplication::sendEvent(form.m_edit, &help);
-    QCOMPARE(QToolTip::text(),
-             QStringLiteral(
-                 "Length of the blank\n25.40 mm\n= 0.0254 m\n= 1 inch\nReference value: 12.50 mm"));
+    QCOMPARE(QToolTip::text(), QStringLiteral("Length of the blank\n25.40 mm\n= 0.0254 m\n= 1 inch\nReference value: 12.50 mm"));
     QToolTip::hideText();
 }
 
@@ -493,8 +485,7 @@ void tst_BVValueEdit::anyTextCanBeTyped()
     QTest::keyClick(form.m_edit, Qt::Key_Return);
     QCOMPARE(form.m_edit->isNeedInputStatus(), qIsNaN(value));
     const double expected = qIsNaN(value) ? 300.0 : value;
-    QVERIFY2(qAbs(form.m_edit->value() - expected) < 1e-9,
-             qPrintable(QString::number(form.m_edit->value())));
+    QVERIFY2(qAbs(form.m_edit->value() - expected) < 1e-9, qPrintable(QString::number(form.m_edit->value())));
 }
 
 void tst_BVValueEdit::suffix()
@@ -584,11 +575,8 @@ void tst_BVValueEdit::announcedOrder()
     edit.setUnitString(QStringLiteral("mm"));
     edit.setMaximum(10.0);
     QStringList log;
-    connect(&edit, &BVValueEdit::valueInvalid, this, [&] {
-        log << QStringLiteral("invalid %1 %2").arg(edit.isNeedInputStatus()).arg(edit.text());
-    });
-    connect(&edit, &BVValueEdit::displayUnitChanged, this,
-            [&](const QString &unit) { log << unit + edit.text(); });
+    connect(&edit, &BVValueEdit::valueInvalid, this, [&] { log << QStringLiteral("invalid %1 %2").arg(edit.isNeedInputStatus()).arg(edit.text()); });
+    connect(&edit, &BVValueEdit::displayUnitChanged, this, [&](const QString &unit) { log << unit + edit.text(); });
     edit.setValue(50.0);
     UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("m"));
     QCOMPARE(log, (QStringList{"invalid 1 50.00 mm", "m0.05000 m"}));

@@ -102,20 +102,19 @@ const char s_prefixes[] = "Y1e24 Z1e21 E1e18 P1e15 T1e12 G1e9 M1e6 K1e3 k1e3 H1e
                           "d1e-1 c1e-2 m1e-3 u1e-6 \u03BC1e-6 n1e-9 p1e-12 f1e-15 a1e-18 z1e-21 "
                           "y1e-24";
 
-const char s_names[] =
-    "Percentage100 ArgentinePeso AustralianDollar Byte BrazilianReal BelarussianRuble "
-    "CanadianDollar SwissFranc ChineseYuanRenminbi CzechKoruna Euro GigaByte BritishPound "
-    "HongKongSARDollar HungarianForint Hertz IndianRupee Joule JapaneseYen Kelvin KiloByte "
-    "SouthKoreanWon MegaByte MexicanPeso MalaysianRinggit Newton NorwegianKroner NewtonMeter "
-    "Poise PolishZloty Pascal Poundal Pica RussianRuble SwedishKrona Stokes TeraByte ThaiBaht "
-    "TurkishLira TaiwanDollar UnifiedAtomicMass UkraineHryvnia USDollar Watt Yen "
-    "SouthAfricanRand Year ArcMinute ArcSecond Attmosphere Bar Barrel Calorie day DegreeAngle "
-    "DegreeCelsius DegreesFahrenheit Fermi Foot SurveyFoot Gram StandardFreefall USGallon "
-    "CanadianGallon UKGallon GramForce Grade Hour Inch InchLong KilopoundForce Kilopond "
-    "KilometersPerHour Liter AvoirdupoisPound PoundForce TroyPound Meter InternationalMile "
-    "USStatuteMile Mil Minute MillimeterOfMercury MilesPerHour MeterPerSecond Ounce Pond "
-    "Percentage PoundsPerSquareInch Radian Rod Second MetricTon TonneForce ShortTon UKLongTon "
-    "USTonForce Year2 Degree DegreeCelsiusChar DegreesFahrenheitChar Angstrom Micron";
+const char s_names[] = "Percentage100 ArgentinePeso AustralianDollar Byte BrazilianReal BelarussianRuble "
+                       "CanadianDollar SwissFranc ChineseYuanRenminbi CzechKoruna Euro GigaByte BritishPound "
+                       "HongKongSARDollar HungarianForint Hertz IndianRupee Joule JapaneseYen Kelvin KiloByte "
+                       "SouthKoreanWon MegaByte MexicanPeso MalaysianRinggit Newton NorwegianKroner NewtonMeter "
+                       "Poise PolishZloty Pascal Poundal Pica RussianRuble SwedishKrona Stokes TeraByte ThaiBaht "
+                       "TurkishLira TaiwanDollar UnifiedAtomicMass UkraineHryvnia USDollar Watt Yen "
+                       "SouthAfricanRand Year ArcMinute ArcSecond Attmosphere Bar Barrel Calorie day DegreeAngle "
+                       "DegreeCelsius DegreesFahrenheit Fermi Foot SurveyFoot Gram StandardFreefall USGallon "
+                       "CanadianGallon UKGallon GramForce Grade Hour Inch InchLong KilopoundForce Kilopond "
+                       "KilometersPerHour Liter AvoirdupoisPound PoundForce TroyPound Meter InternationalMile "
+                       "USStatuteMile Mil Minute MillimeterOfMercury MilesPerHour MeterPerSecond Ounce Pond "
+                       "Percentage PoundsPerSquareInch Radian Rod Second MetricTon TonneForce ShortTon UKLongTon "
+                       "USTonForce Year2 Degree DegreeCelsiusChar DegreesFahrenheitChar Angstrom Micron";
 
 QString surrogate(ushort unit, const QString &rest = QString())
 {
@@ -157,10 +156,8 @@ void tst_UnitConverter::threadsAgree()
 {
     // No NUL follows it, so that asking for one would change what the threads share.
     static const QChar s_units[] = {'N', '/', 'm', 'm', '^', '2', '2'};
-    const QStringList texts =
-        QStringList{
-            QString::fromRawData(s_units, 6), "foo", "1/min", QChar(0xd800), "(mm)", "mete", ""} +
-        UnitConverter::getUnits() + UnitConverter::getUnitNames();
+    const QStringList texts = QStringList{QString::fromRawData(s_units, 6), "foo", "1/min", QChar(0xd800), "(mm)", "mete", ""} +
+                              UnitConverter::getUnits() + UnitConverter::getUnitNames();
     std::atomic<bool> started{false};
     std::atomic<int> faults{0};
     const auto work = [&](int start) {
@@ -272,8 +269,7 @@ void tst_UnitConverter::converts()
     QFETCH(double, expected);
     double result = value;
     QVERIFY(UnitConverter::convert(result, from, to));
-    QVERIFY2(qAbs(result - expected) <= 1e-11 * qMax(1.0, qAbs(expected)),
-             qPrintable(QString::number(result, 'g', 17)));
+    QVERIFY2(qAbs(result - expected) <= 1e-11 * qMax(1.0, qAbs(expected)), qPrintable(QString::number(result, 'g', 17)));
     QVERIFY(UnitConverter::convert(result, to, from));
     QVERIFY(qAbs(result - value) <= 1e-11 * qMax(1.0, qAbs(value)));
 }
@@ -516,8 +512,7 @@ void tst_UnitConverter::namesLeadToSymbols()
     for (int row = 0; row < names.size(); ++row) {
         const QString name = names[row].toUpper();
         const bool isShort = name.size() <= 12;
-        QCOMPARE(UnitConverter::isUnit(name),
-                 isShort ? UnitConverter::UnitName : UnitConverter::NotAUnit);
+        QCOMPARE(UnitConverter::isUnit(name), isShort ? UnitConverter::UnitName : UnitConverter::NotAUnit);
         QCOMPARE(UnitConverter::getUnit(name), isShort ? units[row] : QString());
     }
 }
@@ -537,15 +532,14 @@ void tst_UnitConverter::conversionUnits_data()
     QTest::newRow("by name") << "byte"
                              << "B GB KB MB TB"
                              << "Byte GigaByte KiloByte MegaByte TeraByte";
-    QTest::newRow("currency")
-        << "USD"
-        << "ARS AUD BRL BYR CAD CHF CNY CZK EUR GBP HKD HUF INR JPY KRW MXN MYR NOK PLN RUB SEK "
-           "THB TRY TWD UAH USD Yen ZAR"
-        << "ArgentinePeso AustralianDollar BrazilianReal BelarussianRuble CanadianDollar "
-           "SwissFranc ChineseYuanRenminbi CzechKoruna Euro BritishPound HongKongSARDollar "
-           "HungarianForint IndianRupee JapaneseYen SouthKoreanWon MexicanPeso MalaysianRinggit "
-           "NorwegianKroner PolishZloty RussianRuble SwedishKrona ThaiBaht TurkishLira "
-           "TaiwanDollar UkraineHryvnia USDollar Yen SouthAfricanRand";
+    QTest::newRow("currency") << "USD"
+                              << "ARS AUD BRL BYR CAD CHF CNY CZK EUR GBP HKD HUF INR JPY KRW MXN MYR NOK PLN RUB SEK "
+                                 "THB TRY TWD UAH USD Yen ZAR"
+                              << "ArgentinePeso AustralianDollar BrazilianReal BelarussianRuble CanadianDollar "
+                                 "SwissFranc ChineseYuanRenminbi CzechKoruna Euro BritishPound HongKongSARDollar "
+                                 "HungarianForint IndianRupee JapaneseYen SouthKoreanWon MexicanPeso MalaysianRinggit "
+                                 "NorwegianKroner PolishZloty RussianRuble SwedishKrona ThaiBaht TurkishLira "
+                                 "TaiwanDollar UkraineHryvnia USDollar Yen SouthAfricanRand";
     QTest::newRow("out of range") << "N^100"
                                   << ""
                                   << "";
@@ -573,10 +567,8 @@ void tst_UnitConverter::tags_data()
     QTest::addColumn<int>("tag");
     QTest::addColumn<QString>("textOfTag");
 
-    const char *const texts[] = {"mm",    "m",    "in",  "deg", "rad",   "N",    "kN",    "lbf",
-                                 "t",     "h",    "min", "s",   "N/mm",  "kg",   "1/min", "MPa",
-                                 "N/m^2", "bar",  "USD", "CHF", "EUR",   "JPY",  "degC",  "degF",
-                                 "m/s",   "mm/s", "Nm",  "kNm", "deg/s", "rad/s"};
+    const char *const texts[] = {"mm",  "m",     "in",  "deg", "rad", "N",   "kN",  "lbf",  "t",    "h",   "min",  "s",  "N/mm", "kg",    "1/min",
+                                 "MPa", "N/m^2", "bar", "USD", "CHF", "EUR", "JPY", "degC", "degF", "m/s", "mm/s", "Nm", "kNm",  "deg/s", "rad/s"};
     int tag = 0;
     for (const char *text : texts)
         QTest::newRow(text) << QString(text) << tag++ << QString(text);

@@ -95,8 +95,7 @@ void tst_UnitsConfiguration::registersItself()
     QCOMPARE(configuration.currentUnit("mm"), QString("inch"));
     QCOMPARE(window.lengthUnit(), QString("inch"));
     QVERIFY(manager.save(fileName));
-    QCOMPARE(Brimvale::ConfigReader(fileName).value("UnitsConfiguration", "Length"),
-             QString("inch"));
+    QCOMPARE(Brimvale::ConfigReader(fileName).value("UnitsConfiguration", "Length"), QString("inch"));
 
     configuration.setCurrentUnit(Dimension::Length, "m");
     QVERIFY(manager.load(fileName));
@@ -154,8 +153,7 @@ void tst_UnitsConfiguration::dimensions()
     QFETCH(QString, units);
     const QString key = QTest::currentDataTag();
     const UnitsConfiguration configuration;
-    const auto dimension =
-        configuration.isSupportedUnitOfAny(units.section(',', 0, 0)); // each first unit is unique
+    const auto dimension = configuration.isSupportedUnitOfAny(units.section(',', 0, 0)); // each first unit is unique
     QCOMPARE(UnitsConfiguration::dimensionKey(dimension), key);
     QCOMPARE(UnitsConfiguration::allowedUnits(dimension).join(','), units);
 
@@ -216,10 +214,8 @@ void tst_UnitsConfiguration::announces()
     QCOMPARE(log, QString("ccUcU"));
 
     QString seen;
-    connection = configuration.connectChanged([&] {
-        seen = configuration.currentUnit(Dimension::Length) +
-               QString::fromStdString(configuration.getActiveCurrency());
-    });
+    connection = configuration.connectChanged(
+        [&] { seen = configuration.currentUnit(Dimension::Length) + QString::fromStdString(configuration.getActiveCurrency()); });
     configuration.setDefaultValues();
     QCOMPARE(seen, QString("mmEUR"));
     QCOMPARE(log, QString("ccUcUU"));
@@ -348,8 +344,7 @@ void tst_UnitsConfiguration::savesAndLoads()
     Brimvale::ConfigReader reader(fileName);
     loaded.loadContent(reader);
     for (int dimension = 0; dimension < UnitsConfiguration::s_dimensionCount; ++dimension)
-        QCOMPARE(loaded.currentUnit(Dimension(dimension)),
-                 configuration.currentUnit(Dimension(dimension)));
+        QCOMPARE(loaded.currentUnit(Dimension(dimension)), configuration.currentUnit(Dimension(dimension)));
     QCOMPARE(loaded.getActiveCurrency(), configuration.getActiveCurrency());
     QCOMPARE(loaded.getExchangeRatePath(), configuration.getExchangeRatePath());
 }

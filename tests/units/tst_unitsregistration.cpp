@@ -32,8 +32,7 @@ void tst_UnitsRegistration::storedChoiceSurvives()
     QVERIFY(configuration.isLoadingEnabled());
     QCOMPARE(configuration.currentUnit(UnitsConfiguration::Length), QString("inch"));
     QVERIFY(manager.save(fileName));
-    QCOMPARE(Brimvale::ConfigReader(fileName).value("UnitsConfiguration", "Length"),
-             QString("inch"));
+    QCOMPARE(Brimvale::ConfigReader(fileName).value("UnitsConfiguration", "Length"), QString("inch"));
 
     configuration.setLoadingEnabled(false); // the application's to decide from now on
     QVERIFY(!UnitsConfiguration::instance().isLoadingEnabled());

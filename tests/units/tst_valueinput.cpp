@@ -42,8 +42,7 @@ void tst_ValueInput::initTestCase()
 
 void tst_ValueInput::init()
 {
-    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length,
-                                                  QStringLiteral("inch"));
+    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("inch"));
     m_window = std::make_unique<QWidget>();
     m_group = new QGroupBox(QStringLiteral("Blank"), m_window.get());
     m_length = new BVValueEdit;

@@ -182,8 +182,7 @@ void tst_Workbench::readsExamples()
     QTEST(number("press/stroke"), "stroke");
     QCOMPARE(number("tools/gap"), (number("tools/dieOpening") - number("tools/punchWidth")) / 2.0);
     QCOMPARE(number("material/yieldStress"),
-             number("material/hardeningCoefficient") *
-                 std::pow(number("material/prestrain"), number("material/hardeningExponent")));
+             number("material/hardeningCoefficient") * std::pow(number("material/prestrain"), number("material/hardeningExponent")));
     QVERIFY(setup.source().contains(QStringLiteral("NUMISHEET '93")));
 }
 
@@ -216,29 +215,23 @@ void tst_Workbench::refusesFile_data()
     QTest::addColumn<QString>("line"); // a text that stands in the line of the fault
     QTest::addColumn<QString>("reason");
 
-    const auto row = [](const char *name, const char *good, const char *bad, const char *line,
-                        const char *reason) {
-        QTest::newRow(name) << QString::fromUtf8(good) << QString::fromUtf8(bad)
-                            << QString::fromUtf8(line) << QString::fromUtf8(reason);
+    const auto row = [](const char *name, const char *good, const char *bad, const char *line, const char *reason) {
+        QTest::newRow(name) << QString::fromUtf8(good) << QString::fromUtf8(bad) << QString::fromUtf8(line) << QString::fromUtf8(reason);
     };
     row("end tag of another name", "</blank>", "</blanks>", "</blanks>", "not well-formed");
     row("end tag missing", "</width>", "", "<width", "<width> holds an element");
     row("bare ampersand", "Mild steel<", "A & B<", "A & B", "not well-formed");
-    row("text behind the root", "</processSetup>", "</processSetup>\nmore", "more",
-        "not well-formed");
+    row("text behind the root", "</processSetup>", "</processSetup>\nmore", "more", "not well-formed");
     row("another root", "processSetup", "plan", "<plan", "begins with <plan>");
     row("another version", "version=\"1\"", "version=\"2\"", "<processSetup", "version \"2\"");
     row("no version", " version=\"1\"", "", "<processSetup", "version \"\"");
     row("unknown group", "tools>", "dies>", "<dies>", "<dies> is not known");
     row("unknown field", "gap", "slit", "<slit", "<slit> is not known in <tools>");
-    row("field of another group", "stroke", "gap", "<gap unit=\"mm\">40",
-        "<gap> is not known in <press>");
-    row("unknown attribute", "<friction", "<friction kind=\"dry\"", "<friction",
-        "attribute \"kind\"");
+    row("field of another group", "stroke", "gap", "<gap unit=\"mm\">40", "<gap> is not known in <press>");
+    row("unknown attribute", "<friction", "<friction kind=\"dry\"", "<friction", "attribute \"kind\"");
     row("unit where none belongs", "<friction", "<friction unit=\"mm\"", "<friction", "\"unit\"");
     row("unit missing", "<gap unit=\"mm\"", "<gap", "<gap", "no unit");
-    row("unit of another quantity", "<gap unit=\"mm\"", "<gap unit=\"kg\"", "<gap",
-        "\"kg\" of <gap>");
+    row("unit of another quantity", "<gap unit=\"mm\"", "<gap unit=\"kg\"", "<gap", "\"kg\" of <gap>");
     row("no unit text", "<gap unit=\"mm\"", "<gap unit=\"mmm\"", "<gap", "\"mmm\" of <gap>");
     row("no number", ">0.144<", ">slippery<", "slippery", "\"slippery\" in <friction>");
     row("comma", ">0.144<", ">0,144<", "0,144", "not a number");
@@ -251,10 +244,8 @@ void tst_Workbench::refusesFile_data()
     row("too large in its unit", "\"mm\">150</length", "\"m\">150</length", "length", "150 m in");
     row("empty value", ">0.144<", "> <", "<friction", "<friction> has no value");
     row("empty name", "Mild steel<", "<", "<name", "<name> has no value");
-    row("value missing", "<friction>0.144</friction>", "", "</processSetup>",
-        "<friction> is missing");
-    row("value twice", "<friction>", "<friction>0.1</friction>\n<friction>", "<friction>0.144",
-        "twice");
+    row("value missing", "<friction>0.144</friction>", "", "</processSetup>", "<friction> is missing");
+    row("value twice", "<friction>", "<friction>0.1</friction>\n<friction>", "<friction>0.144", "twice");
     row("group twice", "</tools>", "</tools>\n<tools/>", "<tools/>", "twice");
     row("element in a value", ">0.144<", "><b>1</b><", "<friction", "holds an element");
     row("text between elements", "</gap>", "</gap> mm", "<friction", "between the elements");
@@ -293,16 +284,14 @@ void tst_Workbench::refusesWholeFile_data()
     QTest::newRow("directory") << "." << QByteArray() << "cannot be read";
     QTest::newRow("empty") << "f.xml" << QByteArray("") << "f.xml:1: The file is not well-formed";
     QTest::newRow("binary") << "f.xml" << QByteArray("\0\xff\x01", 3) << "not well-formed";
-    QTest::newRow("huge") << "f.xml" << QByteArray(SetupFile::s_maximumSize + 1, ' ')
-                          << "too large";
-    QTest::newRow("entities that multiply")
-        << "f.xml"
-        << QByteArray("<!DOCTYPE x [<!ENTITY a \"aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa\">"
-                      "<!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;\">"
-                      "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\">"
-                      "<!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;\">]>"
-                      "<processSetup version=\"1\"><title>&d;</title></processSetup>")
-        << "not well-formed";
+    QTest::newRow("huge") << "f.xml" << QByteArray(SetupFile::s_maximumSize + 1, ' ') << "too large";
+    QTest::newRow("entities that multiply") << "f.xml"
+                                            << QByteArray("<!DOCTYPE x [<!ENTITY a \"aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa\">"
+                                                          "<!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;\">"
+                                                          "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\">"
+                                                          "<!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;\">]>"
+                                                          "<processSetup version=\"1\"><title>&d;</title></processSetup>")
+                                            << "not well-formed";
 }
 
 void tst_Workbench::refusesWholeFile()
@@ -325,11 +314,10 @@ void tst_Workbench::refusesWholeFile()
 void tst_Workbench::convertsUnitsOnReading()
 {
     const QString path = m_directory.filePath(QStringLiteral("units.xml"));
-    writeText(path,
-              fileText(s_steel)
-                  .replace(QStringLiteral("\"mm\">0.78"), QStringLiteral("\"inch\">0.5"))
-                  .replace(QStringLiteral("\"degC\">20"), QStringLiteral("\"degF\">212"))
-                  .replace(QStringLiteral("\"kg/m^3\">7800"), QStringLiteral("\"t/m^3\">7.8")));
+    writeText(path, fileText(s_steel)
+                        .replace(QStringLiteral("\"mm\">0.78"), QStringLiteral("\"inch\">0.5"))
+                        .replace(QStringLiteral("\"degC\">20"), QStringLiteral("\"degF\">212"))
+                        .replace(QStringLiteral("\"kg/m^3\">7800"), QStringLiteral("\"t/m^3\">7.8")));
     ProcessSetup setup;
     QString error;
     QVERIFY2(SetupFile::read(path, setup, error), qPrintable(error));
@@ -361,14 +349,10 @@ void tst_Workbench::reshowsAllValuesInChosenUnits_data()
     QTest::addColumn<QString>("unit");
     QTest::addColumn<QStringList>("texts"); // field, text, field, text ...
     QTest::newRow("inch") << int(UnitsConfiguration::Length) << "inch"
-                          << QStringList{"blank/length", "5.9055 inch",  "tools/gap",
-                                         "0.0787 inch",  "press/stroke", "1.5748 inch"};
-    QTest::newRow("psi") << int(UnitsConfiguration::Pressure) << "psi"
-                         << QStringList{"material/hardeningCoefficient", "81992.734 psi"};
-    QTest::newRow("newton") << int(UnitsConfiguration::Force) << "N"
-                            << QStringList{"press/blankHolderForce", "19600 N"};
-    QTest::newRow("fahrenheit") << int(UnitsConfiguration::Temperature) << "degF"
-                                << QStringList{"press/temperature", "68\u00b0F"};
+                          << QStringList{"blank/length", "5.9055 inch", "tools/gap", "0.0787 inch", "press/stroke", "1.5748 inch"};
+    QTest::newRow("psi") << int(UnitsConfiguration::Pressure) << "psi" << QStringList{"material/hardeningCoefficient", "81992.734 psi"};
+    QTest::newRow("newton") << int(UnitsConfiguration::Force) << "N" << QStringList{"press/blankHolderForce", "19600 N"};
+    QTest::newRow("fahrenheit") << int(UnitsConfiguration::Temperature) << "degF" << QStringList{"press/temperature", "68\u00b0F"};
 }
 
 void tst_Workbench::reshowsAllValuesInChosenUnits()
@@ -401,8 +385,7 @@ void tst_Workbench::acceptsLimitsInAllUnits()
             for (const QString &unit : UnitsConfiguration::allowedUnits(dimension)) {
                 UnitsConfiguration::instance().setCurrentUnit(dimension, unit);
                 QVERIFY2(bench->form()->fieldsNeedingInput().isEmpty(),
-                         qPrintable(bench->form()->fieldsNeedingInput().join(QStringLiteral(", ")) +
-                                    unit));
+                         qPrintable(bench->form()->fieldsNeedingInput().join(QStringLiteral(", ")) + unit));
             }
         }
         Brimvale::ConfigurationManager::instance().setDefaultValues();
@@ -412,8 +395,7 @@ void tst_Workbench::acceptsLimitsInAllUnits()
 void tst_Workbench::typedValueIsConvertedAndMarked()
 {
     Bench bench;
-    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length,
-                                                  QStringLiteral("inch"));
+    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("inch"));
     BVLineEdit *edit = bench.edit("tools/punchWidth");
     bench.type("tools/punchWidth", QStringLiteral("25.4mm"));
     QCOMPARE(edit->text(), QStringLiteral("1 inch"));
@@ -433,8 +415,7 @@ void tst_Workbench::unacceptableTextReachesFormAndGoes()
     Bench bench;
     QWidget *group = bench->form()->groupBox(SetupFields::findGroup(QStringLiteral("tools")));
     QWidget *other = bench->form()->groupBox(SetupFields::findGroup(QStringLiteral("press")));
-    for (const QString &text :
-         {QStringLiteral("5 kg"), QStringLiteral("101"), QStringLiteral("5 k")}) {
+    for (const QString &text : {QStringLiteral("5 kg"), QStringLiteral("101"), QStringLiteral("5 k")}) {
         bench.type("tools/gap", text);
         QCOMPARE(bench.edit("tools/gap")->text(), text);
         QCOMPARE(bench.value("tools/gap"), 2.0);
@@ -555,27 +536,23 @@ void tst_Workbench::preferencesPersist()
         PreferencesDialog dialog;
         BVComboBox *pressure = dialog.unitBox(UnitsConfiguration::Pressure);
         pressure->setCurrentIndex(pressure->findText(QStringLiteral("N/mm\u00b2")));
-        dialog.fontSizeBox()->setCurrentIndex(
-            dialog.fontSizeBox()->findText(QStringLiteral("12 pt")));
+        dialog.fontSizeBox()->setCurrentIndex(dialog.fontSizeBox()->findText(QStringLiteral("12 pt")));
         dialog.lightVersionBox()->setChecked(true);
         dialog.apply();
     }
     Brimvale::ConfigurationManager::instance().setDefaultValues();
     QCOMPARE(WorkbenchSettings::instance().fontSize(), WorkbenchSettings::s_defaultFontSize);
     Preferences::load(file);
-    QCOMPARE(UnitsConfiguration::instance().currentUnit(UnitsConfiguration::Pressure),
-             QStringLiteral("N/mm^2"));
+    QCOMPARE(UnitsConfiguration::instance().currentUnit(UnitsConfiguration::Pressure), QStringLiteral("N/mm^2"));
     QCOMPARE(WorkbenchSettings::instance().fontSize(), 12);
     QVERIFY(WorkbenchSettings::instance().useLightVersion());
 
     PreferencesDialog dialog;
-    QCOMPARE(dialog.unitBox(UnitsConfiguration::Pressure)->currentText(),
-             QStringLiteral("N/mm\u00b2"));
+    QCOMPARE(dialog.unitBox(UnitsConfiguration::Pressure)->currentText(), QStringLiteral("N/mm\u00b2"));
     dialog.showDefaults();
     QCOMPARE(WorkbenchSettings::instance().fontSize(), 12); // until they are applied
     dialog.apply();
-    QCOMPARE(UnitsConfiguration::instance().currentUnit(UnitsConfiguration::Pressure),
-             QStringLiteral("MPa"));
+    QCOMPARE(UnitsConfiguration::instance().currentUnit(UnitsConfiguration::Pressure), QStringLiteral("MPa"));
     QVERIFY(!WorkbenchSettings::instance().useLightVersion());
 }
 
@@ -583,8 +560,7 @@ void tst_Workbench::foreignFontSizeIsDefault()
 {
     const QString file = m_directory.filePath(QStringLiteral("workbench.ini"));
     QVERIFY(Preferences::save());
-    writeText(file, fileText(file).replace(QStringLiteral("FontSize=10"),
-                                           QStringLiteral("FontSize=4000")));
+    writeText(file, fileText(file).replace(QStringLiteral("FontSize=10"), QStringLiteral("FontSize=4000")));
     Preferences::load(file);
     QCOMPARE(WorkbenchSettings::instance().fontSize(), WorkbenchSettings::s_defaultFontSize);
 }
