@@ -4,6 +4,7 @@
 #include "units/BVValueEdit.h"
 #include "units/UnitsConfiguration.h"
 
+#include "TestRows.h"
 #include "TestSupport.h"
 
 #include <QDialog>
@@ -15,8 +16,6 @@
 #include <QToolTip>
 #include <QVBoxLayout>
 
-#include <limits>
-
 using S = BVWidgetStatus;
 
 namespace {
@@ -24,10 +23,11 @@ namespace {
 /// An edit in a window of its own, with a second field to go to.
 struct Form
 {
-    Form()
+    explicit Form(const QString &unit = QString())
     {
         auto *layout = new QVBoxLayout(&m_window);
         m_edit = new BVValueEdit;
+        m_edit->setUnitString(unit);
         m_other = new QLineEdit;
         layout->addWidget(m_edit);
         layout->addWidget(m_other);
@@ -46,6 +46,12 @@ struct Form
         QTest::keyClicks(m_edit, text);
     }
 
+    void enter(const QString &text)
+    {
+        type(text);
+        QTest::keyClick(m_edit, Qt::Key_Return);
+    }
+
     QWidget m_window;
     BVValueEdit *m_edit;
     QLineEdit *m_other;
@@ -62,7 +68,6 @@ private Q_SLOTS:
     void cleanup();
     void takeOver_data();
     void takeOver();
-    void returnOnce_data();
     void returnOnce();
     void leaving();
     void keepsUntouchedDigits();
@@ -96,38 +101,19 @@ void tst_BVValueEdit::cleanup()
 
 void tst_BVValueEdit::takeOver_data()
 {
-    QTest::addColumn<QString>("unit");   // value unit
-    QTest::addColumn<QString>("choice"); // for lengths
-    QTest::addColumn<QLocale>("locale");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<bool>("taken");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("text");
-
+    const Table<QString, QString, QLocale, QString, bool, double, QString> row("unit", "choice", "locale", "typed", "taken", "value",
+                                                                               "text"); // value unit; for lengths
     const QLocale english(QLocale::English);
     const QLocale german(QLocale::German);
-    QTest::newRow("mm into inch") << "inch"
-                                  << "inch" << english << "25.4mm" << true << 1.0 << "1.000 inch";
-    QTest::newRow("inch shown in mm") << "inch"
-                                      << "mm" << english << "25.4mm" << true << 1.0 << "25.40 mm";
-    QTest::newRow("no unit means the shown one") << "inch"
-                                                 << "mm" << english << "50.8" << true << 2.0 << "50.80 mm";
-    QTest::newRow("name of a unit") << "mm"
-                                    << "mm" << english << "2 inchlong" << true << 50.8 << "50.80 mm";
-    QTest::newRow("fraction") << "mm"
-                              << "mm" << english << "1/4" << true << 0.25 << "0.25 mm";
-    QTest::newRow("decimal comma") << "mm"
-                                   << "mm" << german << "1,5" << true << 1.5 << "1.50 mm";
-    QTest::newRow("point in a comma locale") << "mm"
-                                             << "mm" << german << "1.5" << true << 1.5 << "1.50 mm";
-    QTest::newRow("other quantity") << "mm"
-                                    << "mm" << english << "5kg" << false << 7.0 << "5kg";
-    QTest::newRow("empty") << "mm"
-                           << "mm" << english << "" << false << 7.0 << "";
-    QTest::newRow("half a number") << "mm"
-                                   << "mm" << english << "1e" << false << 7.0 << "1e";
-    QTest::newRow("temperature") << "degC"
-                                 << "mm" << english << "212degF" << true << 100.0 << QStringLiteral("100.00°C");
+    row("mm into inch", "inch", "inch", english, "25.4mm", true, 1.0, "1.000 inch");
+    row("inch shown in mm", "inch", "mm", english, "25.4mm", true, 1.0, "25.40 mm");
+    row("no unit means the shown one", "inch", "mm", english, "50.8", true, 2.0, "50.80 mm");
+    row("name of a unit", "mm", "mm", english, "2 inchlong", true, 50.8, "50.80 mm");
+    row("point in a comma locale", "mm", "mm", german, "1.5", true, 1.5, "1.50 mm");
+    row("other quantity", "mm", "mm", english, "5kg", false, 7.0, "5kg");
+    row("empty", "mm", "mm", english, "", false, 7.0, "");
+    row("half a number", "mm", "mm", english, "1e", false, 7.0, "1e");
+    row("temperature", "degC", "mm", english, "212degF", true, 100.0, "100.00°C");
 }
 
 void tst_BVValueEdit::takeOver()
@@ -140,8 +126,7 @@ void tst_BVValueEdit::takeOver()
 
     QLocale::setDefault(locale);
     UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, choice);
-    Form form;
-    form.m_edit->setUnitString(unit);
+    Form form(unit);
     form.m_edit->setValue(7.0);
     QVERIFY(form.start());
     QSignalSpy changed(form.m_edit, &BVValueEdit::valueChanged);
@@ -159,34 +144,24 @@ void tst_BVValueEdit::takeOver()
     QCOMPARE(form.m_edit->hasSelectedText(), !form.m_edit->text().isEmpty());
 }
 
-void tst_BVValueEdit::returnOnce_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<int>("key");
-    QTest::newRow("Return") << "2mm" << int(Qt::Key_Return);
-    QTest::newRow("Enter") << "2" << int(Qt::Key_Enter);
-}
-
 void tst_BVValueEdit::returnOnce()
 {
-    QFETCH(QString, typed);
-    QFETCH(int, key);
-    Form form;
-    form.m_edit->setUnitString(QStringLiteral("mm"));
+    Form form("mm");
     QVERIFY(form.start());
     connect(form.m_edit, &QLineEdit::returnPressed, form.m_other, QOverload<>::of(&QWidget::setFocus));
     QSignalSpy changed(form.m_edit, &BVValueEdit::valueChanged);
-    form.type(typed);
-    QTest::keyClick(form.m_edit, static_cast<Qt::Key>(key));
-    QVERIFY(form.m_other->hasFocus());
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(changed.first().first().toDouble(), 2.0);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        form.m_edit->setFocus();
+        form.type(key == Qt::Key_Return ? "2mm" : "3");
+        QTest::keyClick(form.m_edit, key);
+        QVERIFY(form.m_other->hasFocus());
+    }
+    QCOMPARE(changed, (QList<QVariantList>{{2.0}, {3.0}}));
 }
 
 void tst_BVValueEdit::leaving()
 {
-    Form form;
-    form.m_edit->setUnitString(QStringLiteral("mm"));
+    Form form("mm");
     QVERIFY(form.start());
     QSignalSpy changed(form.m_edit, &BVValueEdit::valueChanged);
     QSignalSpy invalid(form.m_edit, &BVValueEdit::valueInvalid);
@@ -205,9 +180,9 @@ void tst_BVValueEdit::leaving()
     QCOMPARE(changed.count(), 1);
 
     form.m_edit->setFocus();
-    form.type(QStringLiteral("5 kg"));
+    form.type("5 kg");
     form.m_other->setFocus();
-    QCOMPARE(form.m_edit->text(), QStringLiteral("5 kg"));
+    QCOMPARE(form.m_edit->text(), "5 kg");
     QCOMPARE(form.m_edit->value(), 3.0);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(invalid.count(), 0);
@@ -215,16 +190,15 @@ void tst_BVValueEdit::leaving()
 
 void tst_BVValueEdit::keepsUntouchedDigits()
 {
-    Form form;
-    form.m_edit->setUnitString(QStringLiteral("mm"));
+    Form form("mm");
     form.m_edit->setValue(1.23456789);
     QVERIFY(form.start());
-    QCOMPARE(form.m_edit->text(), QStringLiteral("1.23 mm"));
+    QCOMPARE(form.m_edit->text(), "1.23 mm");
     form.m_edit->setDirty();
     QTest::keyClick(form.m_edit, Qt::Key_Return);
     QCOMPARE(form.m_edit->value(), 1.23456789);
     QTest::keyClick(form.m_edit, Qt::Key_End);
-    QTest::keyClicks(form.m_edit, QStringLiteral("m"));
+    QTest::keyClicks(form.m_edit, "m");
     QTest::keyClick(form.m_edit, Qt::Key_Backspace);
     QTest::keyClick(form.m_edit, Qt::Key_Return);
     QCOMPARE(form.m_edit->value(), 1.23456789);
@@ -236,54 +210,33 @@ void tst_BVValueEdit::needInput()
     QGroupBox group;
     auto *handler = new BVWidgetStatusHandler(&group);
     handler->attach(form.m_edit);
-    form.m_edit->setUnitString(QStringLiteral("mm"));
-    form.m_edit->setAccessibleDescription(QStringLiteral("Length of the blank"));
+    form.m_edit->setUnitString("mm");
+    form.m_edit->setAccessibleDescription("Length of the blank");
     QVERIFY(form.start());
-    form.type(QStringLiteral("5 kg"));
+    form.type("5 kg");
     QVERIFY(!form.m_edit->isNeedInputStatus()); // not while it is being typed
     QTest::keyClick(form.m_edit, Qt::Key_Return);
     QVERIFY(S::testStatusProperty(form.m_edit, S::NeedInput));
     QVERIFY(S::testStatusProperty(&group, S::NeedInput));
     QVERIFY(form.m_edit->accessibleDescription().contains(QLatin1String("kg")));
-    form.type(QStringLiteral("5"));
+    form.type("5");
     QVERIFY(!S::testStatus(form.m_edit, S::NeedInput)); // mended, before it is taken over
     QVERIFY(!S::testStatusProperty(&group, S::NeedInput));
-    QCOMPARE(form.m_edit->accessibleDescription(), QStringLiteral("Length of the blank"));
+    QCOMPARE(form.m_edit->accessibleDescription(), "Length of the blank");
 }
 
 void tst_BVValueEdit::problems_data()
 {
-    QTest::addColumn<QString>("unit");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("problem");
-
-    QTest::newRow("empty") << "mm"
-                           << ""
-                           << "A value is needed here.";
-    QTest::newRow("word") << "mm"
-                          << "abc"
-                          << "is not a number";
-    QTest::newRow("group separator") << "mm"
-                                     << "1,500"
-                                     << "is not a number";
-    QTest::newRow("unit alone") << "mm"
-                                << "mm"
-                                << "is not a number";
-    QTest::newRow("no unit") << "mm"
-                             << "3 qq"
-                             << "\"qq\" is not a unit.";
-    QTest::newRow("other quantity") << "mm"
-                                    << "3 kg"
-                                    << "\"kg\" does not convert into \"mm\".";
-    QTest::newRow("unit where none belongs") << ""
-                                             << "3 mm"
-                                             << "This value has no unit";
-    QTest::newRow("too small") << "mm"
-                               << "-1"
-                               << "at least 0 mm";
-    QTest::newRow("too large") << "mm"
-                               << "2 m"
-                               << "at most 1000.00 mm";
+    const Table<QString, QString, QString> row("unit", "text", "problem");
+    row("empty", "mm", "", "A value is needed here.");
+    row("word", "mm", "abc", "is not a number");
+    row("group separator", "mm", "1,500", "is not a number");
+    row("unit alone", "mm", "mm", "is not a number");
+    row("no unit", "mm", "3 qq", "\"qq\" is not a unit.");
+    row("other quantity", "mm", "3 kg", "\"kg\" does not convert into \"mm\".");
+    row("unit where none belongs", "", "3 mm", "This value has no unit");
+    row("too small", "mm", "-1", "at least 0 mm");
+    row("too large", "mm", "2 m", "at most 1000.00 mm");
 }
 
 void tst_BVValueEdit::problems()
@@ -321,22 +274,19 @@ void tst_BVValueEdit::range()
     QCOMPARE(edit.maximum(), 8.0);
     QCOMPARE(minimum.count(), 1);
     QCOMPARE(maximum.count(), 2);
-    edit.setMaximum(std::numeric_limits<double>::quiet_NaN());
+    edit.setMaximum(s_nan);
     edit.setMaximum(8.0);
     QCOMPARE(maximum.count(), 2);
 }
 
 void tst_BVValueEdit::rangeInDisplayUnit()
 {
-    Form form;
-    form.m_edit->setUnitString(QStringLiteral("inch")); // shown in mm
+    Form form("inch"); // shown in mm
     form.m_edit->setRange(0.0, 10.0);
     QVERIFY(form.start());
-    form.type(QStringLiteral("254"));
-    QTest::keyClick(form.m_edit, Qt::Key_Return);
+    form.enter("254");
     QCOMPARE(form.m_edit->value(), 10.0);
-    form.type(QStringLiteral("255"));
-    QTest::keyClick(form.m_edit, Qt::Key_Return);
+    form.enter("255");
     QVERIFY(form.m_edit->isNeedInputStatus());
     QVERIFY(form.m_edit->toolTipText().contains(QLatin1String("at most 254.00 mm")));
 }
@@ -344,10 +294,10 @@ void tst_BVValueEdit::rangeInDisplayUnit()
 void tst_BVValueEdit::unitChoice()
 {
     BVValueEdit edit;
-    edit.setUnitString(QStringLiteral("mm"));
+    edit.setUnitString("mm");
     edit.setValue(25.4);
     BVValueEdit pinned;
-    pinned.setUnitString(QStringLiteral("mm"));
+    pinned.setUnitString("mm");
     pinned.setDisplayUnitTag(UnitConverter::Unit_m);
     pinned.setValue(25.4);
     BVValueEdit foreign; // in a unit of no quantity
@@ -355,15 +305,15 @@ void tst_BVValueEdit::unitChoice()
     foreign.setValue(1.0);
     QSignalSpy units(&edit, &BVValueEdit::displayUnitChanged);
     QSignalSpy values(&edit, &BVValueEdit::valueChanged);
-    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("inch"));
-    QCOMPARE(edit.text(), QStringLiteral("1.000 inch"));
-    QCOMPARE(pinned.text(), QStringLiteral("0.02540 m"));
-    QCOMPARE(foreign.text(), QStringLiteral("1.000 in"));
+    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, "inch");
+    QCOMPARE(edit.text(), "1.000 inch");
+    QCOMPARE(pinned.text(), "0.02540 m");
+    QCOMPARE(foreign.text(), "1.000 in");
     QCOMPARE(units.count(), 1);
-    QCOMPARE(units.first().first().toString(), QStringLiteral("inch"));
+    QCOMPARE(units.first().first().toString(), "inch");
     QCOMPARE(values.count(), 0);
     pinned.setDisplayUnitTag(UnitConverter::Unit_None);
-    QCOMPARE(pinned.text(), QStringLiteral("1.000 inch"));
+    QCOMPARE(pinned.text(), "1.000 inch");
 }
 
 void tst_BVValueEdit::units()
@@ -371,8 +321,8 @@ void tst_BVValueEdit::units()
     BVValueEdit edit;
     QSignalSpy changed(&edit, &BVValueEdit::valueUnitChanged);
     edit.setUnitTag(UnitConverter::Unit_kN);
-    QCOMPARE(edit.unitString(), QStringLiteral("kN"));
-    edit.setUnitString(QStringLiteral("furlong"));
+    QCOMPARE(edit.unitString(), "kN");
+    edit.setUnitString("furlong");
     QCOMPARE(edit.getValueUnitTag(), UnitConverter::Unit_kN);
     QCOMPARE(changed.count(), 1);
 
@@ -386,21 +336,21 @@ void tst_BVValueEdit::units()
     QVERIFY(ok);
     QVERIFY(edit.setValue(500.0, UnitConverter::Unit_N));
     QCOMPARE(edit.value(), 0.5);
-    QVERIFY(!edit.setValue(1.0, QStringLiteral("mm")));
+    QVERIFY(!edit.setValue(1.0, "mm"));
     QCOMPARE(edit.value(), 0.5);
 }
 
 void tst_BVValueEdit::values()
 {
     BVValueEdit edit;
-    edit.setUnitString(QStringLiteral("inch")); // shown in mm
+    edit.setUnitString("inch"); // shown in mm
     edit.setDisplayValue(25.4);
     QCOMPARE(edit.value(), 1.0);
     QCOMPARE(edit.getDisplayValue(), 25.4); // with the unit behind it
-    edit.setText(QStringLiteral("3"));
+    edit.setText("3");
     QCOMPARE(edit.getDisplayValue(), 3.0);
     QSignalSpy changed(&edit, &BVValueEdit::valueChanged);
-    edit.setValue(std::numeric_limits<double>::quiet_NaN());
+    edit.setValue(s_nan);
     QCOMPARE(edit.value(), 1.0);
     QCOMPARE(changed.count(), 0);
 }
@@ -424,22 +374,21 @@ void tst_BVValueEdit::preselect()
 
 void tst_BVValueEdit::toolTip()
 {
-    Form form;
-    form.m_edit->setToolTip(QStringLiteral("Length of the blank"));
-    form.m_edit->setUnitString(QStringLiteral("mm"));
+    Form form("mm");
+    form.m_edit->setToolTip("Length of the blank");
     form.m_edit->setValue(25.4);
     form.m_edit->setProperty("ReferenceValue", 12.5);
     QVERIFY(form.start());
     QHelpEvent help(QEvent::ToolTip, QPoint(1, 1), form.m_edit->mapToGlobal(QPoint(1, 1)));
     QApplication::sendEvent(form.m_edit, &help);
-    QCOMPARE(QToolTip::text(), QStringLiteral("Length of the blank\n25.40 mm\n= 0.0254 m\n= 1 inch\nReference value: 12.50 mm"));
+    QCOMPARE(QToolTip::text(), "Length of the blank\n25.40 mm\n= 0.0254 m\n= 1 inch\nReference value: 12.50 mm");
     QToolTip::hideText();
 }
 
 void tst_BVValueEdit::plainToolTip()
 {
     BVValueEdit edit;
-    edit.setText(QStringLiteral("<b>5"));
+    edit.setText("<b>5");
     QVERIFY(!edit.toolTipText().contains(QLatin1String("<b>"))); // typed text is no mark-up
     edit.setValue(5e-10);
     QVERIFY(edit.toolTipText().contains(QLatin1String("5e-10")));
@@ -447,37 +396,26 @@ void tst_BVValueEdit::plainToolTip()
 
 void tst_BVValueEdit::anyTextCanBeTyped_data()
 {
-    QTest::addColumn<QString>("unit");
-    QTest::addColumn<double>("minimum");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QLocale>("locale");
-    QTest::addColumn<double>("value"); // NaN for one that is not taken
-
-    const double none = std::numeric_limits<double>::quiet_NaN();
+    const Table<QString, QString, QLocale, double> row("unit", "typed", "locale", "value"); // NaN for one that is not taken
     const QLocale english(QLocale::English);
     const QLocale german(QLocale::German);
-    QTest::newRow("below the range") << "mm" << 0.0 << "-3" << english << none;
-    QTest::newRow("below the range, unit") << "degC" << 0.0 << "100K" << english << none;
-    QTest::newRow("sign in the display unit") << "K" << 0.0 << "-20" << english << 253.15;
-    QTest::newRow("unit on the way") << "degC" << 0.0 << "68degF" << english << 20.0;
-    QTest::newRow("group separator") << "mm" << 0.0 << "1,500" << english << none;
-    QTest::newRow("group separator, comma locale") << "mm" << 0.0 << "1.500,5" << german << none;
-    QTest::newRow("rubbish behind the unit") << "mm" << 0.0 << "5 mm abs" << english << none;
-    QTest::newRow("word") << "mm" << 0.0 << "abc" << english << none;
+    row("below the range", "mm", "-3", english, s_nan);
+    row("sign in the display unit", "K", "-20", english, 253.15);
+    row("unit on the way", "degC", "68degF", english, 20.0);
+    row("group separator, comma locale", "mm", "1.500,5", german, s_nan);
+    row("rubbish behind the unit", "mm", "5 mm abs", english, s_nan);
 }
 
 void tst_BVValueEdit::anyTextCanBeTyped()
 {
     QFETCH(QString, unit);
-    QFETCH(double, minimum);
     QFETCH(QString, typed);
     QFETCH(QLocale, locale);
     QFETCH(double, value);
 
     QLocale::setDefault(locale);
-    Form form;
-    form.m_edit->setUnitString(unit);
-    form.m_edit->setRange(minimum, 1e6);
+    Form form(unit);
+    form.m_edit->setRange(0.0, 1e6);
     form.m_edit->setValue(300.0);
     QVERIFY(form.start());
     form.type(typed);
@@ -490,42 +428,37 @@ void tst_BVValueEdit::anyTextCanBeTyped()
 
 void tst_BVValueEdit::suffix()
 {
-    Form form;
-    form.m_edit->setUnitString(QStringLiteral("inch")); // shown in mm
+    Form form("inch"); // shown in mm
     form.m_edit->setRange(0.0, 10.0);
-    form.m_edit->getFormatter()->setSuffix(QStringLiteral(" each"));
+    form.m_edit->getFormatter()->setSuffix(" each");
     form.m_edit->setValue(1.0);
-    QCOMPARE(form.m_edit->text(), QStringLiteral("25.40 mm each"));
+    QCOMPARE(form.m_edit->text(), "25.40 mm each");
     QVERIFY(form.start());
-    form.type(QStringLiteral("50.8 each"));
-    QTest::keyClick(form.m_edit, Qt::Key_Return);
+    form.enter("50.8 each");
     QCOMPARE(form.m_edit->value(), 2.0);
     QVERIFY(!form.m_edit->isNeedInputStatus());
 }
 
 void tst_BVValueEdit::noValue()
 {
-    Form form;
-    form.m_edit->setUnitString(QStringLiteral("mm"));
+    Form form("mm");
     form.m_edit->getFormatter()->setEmpty(true);
     QVERIFY(form.m_edit->isNeedInputStatus());
-    QCOMPARE(form.m_edit->toolTipText(), QStringLiteral("A value is needed here."));
+    QCOMPARE(form.m_edit->toolTipText(), "A value is needed here.");
     QVERIFY(form.start());
-    form.type(QStringLiteral("5"));
-    QTest::keyClick(form.m_edit, Qt::Key_Return);
-    QCOMPARE(form.m_edit->text(), QStringLiteral("5.00 mm"));
+    form.enter("5");
+    QCOMPARE(form.m_edit->text(), "5.00 mm");
     QVERIFY(!form.m_edit->isNeedInputStatus());
 }
 
 void tst_BVValueEdit::completer()
 {
-    Form form;
-    form.m_edit->setUnitString(QStringLiteral("mm"));
+    Form form("mm");
     QVERIFY(form.start());
     form.m_edit->setValue(1.0);
-    form.m_edit->setText(QStringLiteral("abc"));
+    form.m_edit->setText("abc");
     QVERIFY(form.m_edit->isNeedInputStatus());
-    form.m_edit->setText(QStringLiteral("30 mm")); // as a completer's choice
+    form.m_edit->setText("30 mm"); // as a completer's choice
     QVERIFY(!form.m_edit->isNeedInputStatus());
     form.m_other->setFocus();
     QCOMPARE(form.m_edit->value(), 30.0);
@@ -536,21 +469,21 @@ void tst_BVValueEdit::dialogStaysOpen()
     QDialog dialog;
     auto *layout = new QVBoxLayout(&dialog);
     auto *edit = new BVValueEdit;
-    auto *button = new QPushButton(QStringLiteral("OK"));
+    auto *button = new QPushButton("OK");
     layout->addWidget(edit);
     layout->addWidget(button);
     button->setDefault(true);
-    edit->setUnitString(QStringLiteral("mm"));
+    edit->setUnitString("mm");
     connect(button, &QPushButton::clicked, &dialog, &QDialog::accept);
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
     edit->setFocus();
     edit->selectAll();
-    QTest::keyClicks(edit, QStringLiteral("5 kg"));
+    QTest::keyClicks(edit, "5 kg");
     QTest::keyClick(edit, Qt::Key_Return);
     QVERIFY(dialog.isVisible());
     edit->selectAll();
-    QTest::keyClicks(edit, QStringLiteral("5"));
+    QTest::keyClicks(edit, "5");
     QTest::keyClick(edit, Qt::Key_Return);
     QVERIFY(!dialog.isVisible());
 }
@@ -563,7 +496,7 @@ void tst_BVValueEdit::deletedBySlot()
         edit->setPreselect(true);
         QVERIFY(form.start());
         connect(edit, &BVValueEdit::valueChanged, &form.m_window, [edit] { delete edit.data(); });
-        form.type(QStringLiteral("5"));
+        form.type("5");
         QTest::keyClick(edit.data(), static_cast<Qt::Key>(key));
         QVERIFY(!edit);
     }
@@ -572,13 +505,13 @@ void tst_BVValueEdit::deletedBySlot()
 void tst_BVValueEdit::announcedOrder()
 {
     BVValueEdit edit;
-    edit.setUnitString(QStringLiteral("mm"));
+    edit.setUnitString("mm");
     edit.setMaximum(10.0);
     QStringList log;
-    connect(&edit, &BVValueEdit::valueInvalid, this, [&] { log << QStringLiteral("invalid %1 %2").arg(edit.isNeedInputStatus()).arg(edit.text()); });
+    connect(&edit, &BVValueEdit::valueInvalid, this, [&] { log << QString("invalid %1 %2").arg(edit.isNeedInputStatus()).arg(edit.text()); });
     connect(&edit, &BVValueEdit::displayUnitChanged, this, [&](const QString &unit) { log << unit + edit.text(); });
     edit.setValue(50.0);
-    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("m"));
+    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, "m");
     QCOMPARE(log, (QStringList{"invalid 1 50.00 mm", "m0.05000 m"}));
 }
 
@@ -593,19 +526,19 @@ void tst_BVValueEdit::properties()
         if (!decimalsFirst)
             ordered.setProperty("decimals", 3);
         ordered.setProperty("value", 1.2345);
-        QCOMPARE(ordered.text(), QStringLiteral("1.235 mm"));
+        QCOMPARE(ordered.text(), "1.235 mm");
     }
     BVValueEdit edit;
     edit.setProperty("value", 1234.5678);
     edit.setProperty("decimals", 4);
     edit.setProperty("unit", QVariant::fromValue(UnitConverter::Unit_MPa));
     edit.setProperty("maximum", 2000.0);
-    QCOMPARE(edit.text(), QStringLiteral("1234.5678 MPa"));
+    QCOMPARE(edit.text(), "1234.5678 MPa");
     edit.setUnitTag(static_cast<UnitConverter::Unit>(999));
     QCOMPARE(edit.unitTag(), UnitConverter::Unit_MPa);
-    QCOMPARE(edit.property("unitString").toString(), QStringLiteral("MPa"));
+    QCOMPARE(edit.property("unitString").toString(), "MPa");
     edit.setProperty("scientificNotation", true);
-    QCOMPARE(edit.text(), QStringLiteral("1.2346E+03 MPa"));
+    QCOMPARE(edit.text(), "1.2346E+03 MPa");
     QVERIFY(!edit.isNeedInputStatus());
     QCOMPARE(edit.focusPolicy(), Qt::StrongFocus);
 }

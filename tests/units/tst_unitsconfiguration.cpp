@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "TestRows.h"
 #include "TestSupport.h"
 #include "platform/ConfigReader.h"
 #include "platform/ConfigWriter.h"
@@ -59,14 +60,12 @@ private Q_SLOTS:
     void unitsOfDimensions_data();
     void unitsOfDimensions();
     void announces();
-    void announcesToMainWindow_data();
     void announcesToMainWindow();
     void loads_data();
     void loads();
     void announcesLoadedChanges();
     void savesAndLoads();
     void copiesAreIndependent();
-    void currency();
     void unknownDimension();
 
 private:
@@ -107,45 +106,25 @@ void tst_UnitsConfiguration::registersItself()
 
 void tst_UnitsConfiguration::dimensions_data()
 {
-    QTest::addColumn<QString>("units");
-    QTest::addColumn<QString>("decimals");
-
-    QTest::newRow("Length") << "mm,m,inch"
-                            << "2,5,3";
-    QTest::newRow("Tiny-Length") << "um"
-                                 << "3";
-    QTest::newRow("Nano-Length") << "nm"
-                                 << "3";
-    QTest::newRow("Mass") << "kg,t,lb,lbt"
-                          << "3,6,3,3";
-    QTest::newRow("Temperature") << "degC,degF,K"
-                                 << "2,2,2";
-    QTest::newRow("Pressure") << "MPa,N/mm^2,psi,bar"
-                              << "1,1,2,1";
-    QTest::newRow("Force") << "kN,N,tf,tonf"
-                           << "1,0,1,1";
-    QTest::newRow("Angle") << "deg,rad"
-                           << "2,2";
-    QTest::newRow("Area") << "dm^2,mm^2,inch^2"
-                          << "2,2,2";
-    QTest::newRow("Volume") << "dm^3,mm^3,inch^3"
-                            << "2,2,2";
-    QTest::newRow("Percentage") << "%,perc"
-                                << "1,1";
-    QTest::newRow("Rate") << "1/min"
-                          << "1";
-    QTest::newRow("Stiffness") << "MPa/mm,N/mm^3,lbf/inch^3"
-                               << "2,2,2";
-    QTest::newRow("Torque") << "N*m,lbf*inch"
-                            << "2,2";
-    QTest::newRow("Angular Velocity") << "deg/s,rad/s"
-                                      << "2,2";
-    QTest::newRow("Moment") << "kNm,Nm"
-                            << "3,3";
-    QTest::newRow("Curvature") << "1/mm,1/m,1/inch"
-                               << "3,3,3";
-    QTest::newRow("GaussianCurvature") << "1/mm^2,1/m^2,1/inch^2"
-                                       << "3,3,3";
+    const Table<QString, QString> row("units", "decimals");
+    row("Length", "mm,m,inch", "2,5,3");
+    row("Tiny-Length", "um", "3");
+    row("Nano-Length", "nm", "3");
+    row("Mass", "kg,t,lb,lbt", "3,6,3,3");
+    row("Temperature", "degC,degF,K", "2,2,2");
+    row("Pressure", "MPa,N/mm^2,psi,bar", "1,1,2,1");
+    row("Force", "kN,N,tf,tonf", "1,0,1,1");
+    row("Angle", "deg,rad", "2,2");
+    row("Area", "dm^2,mm^2,inch^2", "2,2,2");
+    row("Volume", "dm^3,mm^3,inch^3", "2,2,2");
+    row("Percentage", "%,perc", "1,1");
+    row("Rate", "1/min", "1");
+    row("Stiffness", "MPa/mm,N/mm^3,lbf/inch^3", "2,2,2");
+    row("Torque", "N*m,lbf*inch", "2,2");
+    row("Angular Velocity", "deg/s,rad/s", "2,2");
+    row("Moment", "kNm,Nm", "3,3");
+    row("Curvature", "1/mm,1/m,1/inch", "3,3,3");
+    row("GaussianCurvature", "1/mm^2,1/m^2,1/inch^2", "3,3,3");
 }
 
 void tst_UnitsConfiguration::dimensions()
@@ -171,20 +150,14 @@ void tst_UnitsConfiguration::dimensions()
 
 void tst_UnitsConfiguration::unitsOfDimensions_data()
 {
-    QTest::addColumn<QString>("unit");
-    QTest::addColumn<int>("dimension");
-    QTest::addColumn<QString>("current");
-    QTest::addColumn<int>("decimals");
-
-    QTest::newRow("length") << "m" << int(Dimension::Length) << "inch" << 5;
-    QTest::newRow("one unit, own dimension") << "um" << 1 << "um" << 3;
-    QTest::newRow("torque is no moment") << "N*m" << int(Dimension::Torque) << "N*m" << 2;
-    QTest::newRow("moment is no torque") << "Nm" << int(Dimension::Moment) << "kNm" << 3;
-    QTest::newRow("equal unit, other text") << "in" << -1 << "in" << 3;
-    QTest::newRow("other case") << "MM" << -1 << "MM" << 3;
-    QTest::newRow("convertible, not allowed") << "ft" << -1 << "ft" << 3;
-    QTest::newRow("no value") << "-" << -1 << "-" << 3;
-    QTest::newRow("empty") << "" << -1 << "" << 3;
+    const Table<QString, int, QString, int> row("unit", "dimension", "current", "decimals");
+    row("length", "m", int(Dimension::Length), "inch", 5);
+    row("one unit, own dimension", "um", 1, "um", 3);
+    row("torque is no moment", "N*m", int(Dimension::Torque), "N*m", 2);
+    row("moment is no torque", "Nm", int(Dimension::Moment), "kNm", 3);
+    row("equal unit, other text", "in", -1, "in", 3);
+    row("convertible, not allowed", "ft", -1, "ft", 3);
+    row("empty", "", -1, "", 3);
 }
 
 void tst_UnitsConfiguration::unitsOfDimensions()
@@ -222,75 +195,38 @@ void tst_UnitsConfiguration::announces()
     QVERIFY(configuration.getExchangeRatePath().empty());
 }
 
-void tst_UnitsConfiguration::announcesToMainWindow_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("events");
-
-    QTest::newRow("widget pointer") << 0 << 1;
-    QTest::newRow("object pointer") << 1 << 1;
-    QTest::newRow("guarded pointer") << 2 << 1;
-    QTest::newRow("guarded pointer to a deleted widget") << 3 << 0;
-    QTest::newRow("object that is no widget") << 4 << 0;
-    QTest::newRow("text") << 5 << 0;
-}
-
 void tst_UnitsConfiguration::announcesToMainWindow()
 {
-    QFETCH(int, kind);
     QWidget window;
     QObject object;
     auto *const deleted = new QWidget;
-    const QVariant properties[] = {
-        QVariant::fromValue(&window),
-        QVariant::fromValue<QObject *>(&window),
-        QVariant::fromValue(QPointer<QWidget>(&window)),
-        QVariant::fromValue(QPointer<QWidget>(deleted)),
-        QVariant::fromValue(&object),
-        QVariant("window"),
-    };
+    const std::pair<QVariant, int> cases[] = {{QVariant::fromValue(&window), 1},
+                                              {QVariant::fromValue<QObject *>(&window), 1},
+                                              {QVariant::fromValue(QPointer<QWidget>(&window)), 1},
+                                              {QVariant::fromValue(QPointer<QWidget>(deleted)), 0},
+                                              {QVariant::fromValue(&object), 0},
+                                              {QVariant("window"), 0}};
     delete deleted;
-    const EventCounter counter(&window, UnitsChangedEvent::s_eventType);
-    qApp->setProperty("MainWindow", properties[kind]);
-    UnitsConfiguration().setCurrentUnit(Dimension::Mass, "t");
-    qApp->setProperty("MainWindow", QVariant());
-    QTEST(counter.count(), "events");
+    for (const auto &[property, events] : cases) {
+        const EventCounter counter(&window, UnitsChangedEvent::s_eventType);
+        qApp->setProperty("MainWindow", property);
+        UnitsConfiguration().setCurrentUnit(Dimension::Mass, "t");
+        qApp->setProperty("MainWindow", QVariant());
+        QVERIFY2(counter.count() == events, property.typeName());
+    }
 }
 
 void tst_UnitsConfiguration::loads_data()
 {
-    QTest::addColumn<bool>("enabled");
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("warning");
-    QTest::addColumn<QString>("mass");
-    QTest::addColumn<QString>("log");
-
+    const Table<bool, QString, QString, QString, QString> row("enabled", "stored", "warning", "mass", "log");
     const QString warning = "Could not load unit preference,unsupported unit ";
-    QTest::newRow("allowed unit") << true << "lb"
-                                  << ""
-                                  << "lb"
-                                  << "cU";
-    QTest::newRow("what was chosen before") << true << "stone" << warning + "stone"
-                                            << "stone"
-                                            << "";
-    QTest::newRow("other dimension") << true << "mm" << warning + "mm"
-                                     << "stone"
-                                     << "";
-    QTest::newRow("no unit") << true << "x y" << warning + "x y"
-                             << "stone"
-                             << "";
-    QTest::newRow("beyond ASCII") << true << QString::fromUtf8("°C") << warning + "°C"
-                                  << "stone"
-                                  << "";
-    QTest::newRow("beyond Latin-1") << true << QString::fromUtf8("μg") << warning + "?g"
-                                    << "stone"
-                                    << "";
-    QTest::newRow("empty") << true << "" << warning << "stone"
-                           << "";
-    QTest::newRow("disabled") << false << "lb"
-                              << ""
-                              << "stone"
-                              << "";
+    row("allowed unit", true, "lb", "", "lb", "cU");
+    row("what was chosen before", true, "stone", warning + "stone", "stone", "");
+    row("no unit", true, "x y", warning + "x y", "stone", "");
+    row("beyond ASCII", true, QString::fromUtf8("°C"), warning + "°C", "stone", "");
+    row("beyond Latin-1", true, QString::fromUtf8("μg"), warning + "?g", "stone", "");
+    row("empty", true, "", warning, "stone", "");
+    row("disabled", false, "lb", "", "stone", "");
 }
 
 void tst_UnitsConfiguration::loads()
@@ -355,7 +291,7 @@ void tst_UnitsConfiguration::copiesAreIndependent()
     auto original = std::make_unique<UnitsConfiguration>();
     original->setLoadingEnabled(true);
     original->setCurrentUnit(Dimension::Force, "tf");
-    original->setCurrencySettings("CHF", "rates");
+    original->setCurrencySettings("\xe2\x82\xac", "rates");
     const Signals::Connection connection = original->connectChanged([&] { log += 'o'; });
 
     const auto object = original->createConfigurationObject();
@@ -369,22 +305,12 @@ void tst_UnitsConfiguration::copiesAreIndependent()
 
     for (UnitsConfiguration *copy : {created, &assigned}) {
         QCOMPARE(copy->currentUnit(Dimension::Force), QString("tf"));
-        QCOMPARE(copy->getActiveCurrency(), std::string("CHF"));
+        QCOMPARE(copy->getActiveCurrency(), std::string("\xe2\x82\xac"));
         QVERIFY(!copy->isLoadingEnabled());
         copy->setCurrentUnit(Dimension::Force, "N");
         QCOMPARE(copy->configurationValue("Force")->value(), QString("N"));
     }
     QCOMPARE(log, QString()); // copies have slots of their own
-}
-
-void tst_UnitsConfiguration::currency()
-{
-    UnitsConfiguration configuration;
-    QCOMPARE(configuration.getActiveCurrency(), std::string("EUR"));
-    configuration.setCurrencySettings("\xe2\x82\xac", "C:/Kurse/\xc3\xbc.csv");
-    QCOMPARE(configuration.getActiveCurrency(), std::string("\xe2\x82\xac"));
-    QCOMPARE(configuration.getExchangeRatePath(), std::string("C:/Kurse/\xc3\xbc.csv"));
-    QCOMPARE(configuration.configurationValues().size(), std::size_t(20));
 }
 
 void tst_UnitsConfiguration::unknownDimension()
