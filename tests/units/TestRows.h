@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include <limits>
+#include <tuple>
 
 constexpr double s_inf = std::numeric_limits<double>::infinity();
 constexpr double s_nan = std::numeric_limits<double>::quiet_NaN();
@@ -31,5 +32,12 @@ public:
         (*this)(qUtf8Printable(name), values...);
     }
 };
+
+/// What the columns hold in the row of a test.
+template <typename... Types, typename... Names>
+std::tuple<Types...> fetched(Names... names)
+{
+    return {*static_cast<Types *>(QTest::qData(names, qMetaTypeId<Types>()))...};
+}
 
 #endif

@@ -73,9 +73,7 @@ void tst_BVDoubleValidator::validates_data()
 
 void tst_BVDoubleValidator::validates()
 {
-    QFETCH(QString, text);
-    QFETCH(double, bottom);
-    QFETCH(double, top);
+    auto [text, bottom, top] = fetched<QString, double, double>("text", "bottom", "top");
     const BVDoubleValidator validator(bottom, top, 2);
     QTEST(int(validator.validate(text)), "state");
 }
@@ -102,9 +100,7 @@ void tst_BVDoubleValidator::numberInLocale_data()
 
 void tst_BVDoubleValidator::numberInLocale()
 {
-    QFETCH(QLocale, locale);
-    QFETCH(QString, text);
-    QFETCH(int, state);
+    auto [locale, text, state] = fetched<QLocale, QString, int>("locale", "text", "state");
     QLocale::setDefault(locale);
     const QString before = text;
     QCOMPARE(int(BVDoubleValidator::isValidNumber(text)), state);
@@ -135,8 +131,7 @@ void tst_BVDoubleValidator::agreesWithTheToolkit_data()
 // Plain numbers are judged and read without the toolkit; both must come to the same.
 void tst_BVDoubleValidator::agreesWithTheToolkit()
 {
-    QFETCH(int, decimals);
-    QFETCH(int, notation);
+    auto [decimals, notation] = fetched<int, int>("decimals", "notation");
     BVDoubleValidator validator(-2.5, 1e6, decimals);
     validator.setNotation(QDoubleValidator::Notation(notation));
     QDoubleValidator toolkit(-2.5, 1e6, decimals);

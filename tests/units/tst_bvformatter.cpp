@@ -5,6 +5,7 @@
 #include "units/BVUnitValidator.h"
 #include "units/UnitsConfiguration.h"
 
+#include <QFontMetrics>
 #include <QLocale>
 #include <QSignalSpy>
 #include <QTest>
@@ -123,6 +124,7 @@ private Q_SLOTS:
     void decimalsFollowTheUnitUntilSet();
     void settingsAreClampedAndAnnounced();
     void copiesAllSettings();
+    void elides();
     void oneShots();
 };
 
@@ -159,17 +161,12 @@ void tst_BVFormatter::valueAsString_data()
     row("automatic, large negative stays plain", -12345.0, BVFormatter::Automatic, 3, false, "-12345.000");
     row("automatic, beyond the precision", -2e9, BVFormatter::Automatic, 3, false, "-2.00E+9");
     row("automatic, tiny", 0.0005, BVFormatter::Automatic, 3, false, "0.500E-3");
-    row("unknown notation is automatic", 12345.0, 17, 3, false, "12.3E+3");
     row("width pads engineering in front of the sign", -12345.0, BVFormatter::Engineering, 1, false, "00-12.3E+3", 10);
 }
 
 void tst_BVFormatter::valueAsString()
 {
-    QFETCH(double, value);
-    QFETCH(int, width);
-    QFETCH(int, decimals);
-    QFETCH(int, notation);
-    QFETCH(bool, cut);
+    auto [value, width, decimals, notation, cut] = fetched<double, int, int, int, bool>("value", "width", "decimals", "notation", "cut");
     QTEST(BVFormatter::valueAsString(value, width, decimals, static_cast<BVFormatter::OutputNotation>(notation), 9, cut, '0'), "text");
 }
 
@@ -209,8 +206,7 @@ void tst_BVFormatter::engineering_data()
 
 void tst_BVFormatter::engineering()
 {
-    QFETCH(double, value);
-    QFETCH(int, decimals);
+    auto [value, decimals] = fetched<double, int>("value", "decimals");
     QTEST(BVFormatter::convertToAdaptedEngineeringNotation(value, 0, decimals, '0'), "adapted");
     QTEST(BVFormatter::convertToEngineeringNotation(value, 0, decimals, false, '0'), "plain");
     QTEST(QString::fromStdString(BVFormatter::convertValueToEngineeringNotation(value, decimals, true)), "cut");
@@ -232,10 +228,7 @@ void tst_BVFormatter::truncTextToDecimals_data()
 
 void tst_BVFormatter::truncTextToDecimals()
 {
-    QFETCH(QString, text);
-    QFETCH(int, minDecimals);
-    QFETCH(int, notation);
-    QFETCH(QString, result);
+    auto [text, minDecimals, notation, result] = fetched<QString, int, int, QString>("text", "minDecimals", "notation", "result");
     const bool expected = text != result;
     QCOMPARE(BVFormatter::truncTextToDecimals(text, minDecimals, static_cast<BVFormatter::OutputNotation>(notation)), expected);
     QCOMPARE(text, result);
@@ -273,8 +266,7 @@ void tst_BVFormatter::symbols_data()
 
 void tst_BVFormatter::symbols()
 {
-    QFETCH(QString, unit);
-    QFETCH(QString, symbol);
+    auto [unit, symbol] = fetched<QString, QString>("unit", "symbol");
     QString text = unit;
     QCOMPARE(BVFormatter::replaceSymbols(text, false), unit != symbol);
     QCOMPARE(text, symbol);
@@ -324,8 +316,7 @@ void tst_BVFormatter::textWithUnit_data()
 
 void tst_BVFormatter::textWithUnit()
 {
-    QFETCH(QString, unit);
-    QFETCH(double, value);
+    auto [unit, value] = fetched<QString, double>("unit", "value");
     BVFormatter formatter;
     QVERIFY(formatter.setValueUnit(unit));
     QTEST(formatter.textFromValue(value), "text");
@@ -359,10 +350,7 @@ void tst_BVFormatter::notations_data()
 
 void tst_BVFormatter::notations()
 {
-    QFETCH(int, notation);
-    QFETCH(int, decimals);
-    QFETCH(bool, full);
-    QFETCH(double, value);
+    auto [notation, decimals, full, value] = fetched<int, int, bool, double>("notation", "decimals", "full", "value");
     BVFormatter formatter;
     formatter.setDecimals(decimals);
     formatter.setNotation(static_cast<BVFormatter::OutputNotation>(notation));
@@ -382,10 +370,7 @@ void tst_BVFormatter::noValue_data()
 
 void tst_BVFormatter::noValue()
 {
-    QFETCH(bool, empty);
-    QFETCH(bool, checked);
-    QFETCH(bool, labels);
-    QFETCH(QString, unit);
+    auto [empty, checked, labels, unit] = fetched<bool, bool, bool, QString>("empty", "checked", "labels", "unit");
     BVFormatter formatter;
     formatter.setValueUnit(unit);
     formatter.setSuffix(QStringLiteral(" !"));
@@ -428,9 +413,7 @@ void tst_BVFormatter::typedText_data()
 
 void tst_BVFormatter::typedText()
 {
-    QFETCH(bool, german);
-    QFETCH(QString, text);
-    QFETCH(double, inches);
+    auto [german, text, inches] = fetched<bool, QString, double>("german", "text", "inches");
     if (german)
         QLocale::setDefault(QLocale(QLocale::German));
     BVFormatter formatter;
@@ -477,9 +460,7 @@ void tst_BVFormatter::roundTrip_data()
 
 void tst_BVFormatter::roundTrip()
 {
-    QFETCH(int, notation);
-    QFETCH(QString, unit);
-    QFETCH(bool, german);
+    auto [notation, unit, german] = fetched<int, QString, bool>("notation", "unit", "german");
     QLocale::setDefault(QLocale(german ? QLocale::German : QLocale::English));
     BVFormatter formatter;
     QVERIFY(formatter.setValueUnit(unit));
@@ -705,6 +686,16 @@ void tst_BVFormatter::copiesAllSettings()
     bool ok = true;
     copy.valueFromText(QStringLiteral("11 mm"), ok);
     QVERIFY(!ok);
+}
+
+void tst_BVFormatter::elides()
+{
+    const QFontMetrics metrics(QGuiApplication::font());
+    const BVFormatter formatter;
+    QString text = QStringLiteral("123456.789 mm");
+    QVERIFY(!formatter.elideText(text, 10000, metrics));
+    QVERIFY(formatter.elideText(text, metrics.horizontalAdvance(QStringLiteral("123456")), metrics));
+    QVERIFY(text.endsWith(QChar(0x2026)));
 }
 
 void tst_BVFormatter::oneShots()

@@ -118,11 +118,7 @@ void tst_BVUnitValidator::validates_data()
 
 void tst_BVUnitValidator::validates()
 {
-    QFETCH(QString, base);
-    QFETCH(double, bottom);
-    QFETCH(double, top);
-    QFETCH(QString, text);
-    QFETCH(int, decimals);
+    auto [base, bottom, top, text, decimals] = fetched<QString, double, double, QString, int>("base", "bottom", "top", "text", "decimals");
     BVUnitValidator validator(bottom, top, decimals);
     validator.setBaseUnit(base);
     QTEST(int(validator.validate(text)), "state");
@@ -173,9 +169,7 @@ void tst_BVUnitValidator::everyStepOfTypingIsAllowed_data()
 
 void tst_BVUnitValidator::everyStepOfTypingIsAllowed()
 {
-    QFETCH(QString, base);
-    QFETCH(QString, text);
-    QFETCH(QString, behind);
+    auto [base, text, behind] = fetched<QString, QString, QString>("base", "text", "behind");
     BVUnitValidator validator;
     validator.setBaseUnit(base);
     for (int size = 0; size <= text.size(); ++size) {

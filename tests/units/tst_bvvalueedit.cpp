@@ -118,12 +118,7 @@ void tst_BVValueEdit::takeOver_data()
 
 void tst_BVValueEdit::takeOver()
 {
-    QFETCH(QString, typed);
-    QFETCH(bool, taken);
-    QFETCH(QLocale, locale);
-    QFETCH(QString, choice);
-    QFETCH(QString, unit);
-
+    auto [typed, taken, locale, choice, unit] = fetched<QString, bool, QLocale, QString, QString>("typed", "taken", "locale", "choice", "unit");
     QLocale::setDefault(locale);
     UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, choice);
     Form form(unit);
@@ -241,9 +236,7 @@ void tst_BVValueEdit::problems_data()
 
 void tst_BVValueEdit::problems()
 {
-    QFETCH(QString, unit);
-    QFETCH(QString, text);
-    QFETCH(QString, problem);
+    auto [unit, text, problem] = fetched<QString, QString, QString>("unit", "text", "problem");
     QLocale::setDefault(QLocale(QLocale::English));
     BVValueEdit edit;
     edit.setUnitString(unit);
@@ -408,11 +401,7 @@ void tst_BVValueEdit::anyTextCanBeTyped_data()
 
 void tst_BVValueEdit::anyTextCanBeTyped()
 {
-    QFETCH(QString, unit);
-    QFETCH(QString, typed);
-    QFETCH(QLocale, locale);
-    QFETCH(double, value);
-
+    auto [unit, typed, locale, value] = fetched<QString, QString, QLocale, double>("unit", "typed", "locale", "value");
     QLocale::setDefault(locale);
     Form form(unit);
     form.m_edit->setRange(0.0, 1e6);

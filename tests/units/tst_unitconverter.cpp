@@ -152,10 +152,7 @@ void tst_UnitConverter::converts_data()
 
 void tst_UnitConverter::converts()
 {
-    QFETCH(QString, from);
-    QFETCH(QString, to);
-    QFETCH(double, value);
-    QFETCH(double, expected);
+    auto [from, to, value, expected] = fetched<QString, QString, double, double>("from", "to", "value", "expected");
     double result = value;
     QVERIFY(UnitConverter::convert(result, from, to));
     QVERIFY2(qAbs(result - expected) <= 1e-11 * qMax(1.0, qAbs(expected)), qPrintable(QString::number(result, 'g', 17)));
@@ -177,8 +174,7 @@ void tst_UnitConverter::sizes_data()
 
 void tst_UnitConverter::sizes()
 {
-    QFETCH(double, size);
-    QFETCH(QString, measure);
+    auto [size, measure] = fetched<double, QString>("size", "measure");
     double value = 1.0;
     QVERIFY(UnitConverter::convert(value, QString::fromUtf8(QTest::currentDataTag()), measure));
     QVERIFY2(qAbs(value / size - 1.0) < 1e-10, qPrintable(QString::number(value, 'g', 17)));
@@ -219,8 +215,7 @@ void tst_UnitConverter::refuses_data()
 
 void tst_UnitConverter::refuses()
 {
-    QFETCH(QString, from);
-    QFETCH(QString, to);
+    auto [from, to] = fetched<QString, QString>("from", "to");
     double value = 4.5;
     QVERIFY(!UnitConverter::convert(value, from, to));
     QVERIFY(!UnitConverter::convert(value, to, from));
@@ -283,8 +278,7 @@ void tst_UnitConverter::readsText_data()
 
 void tst_UnitConverter::readsText()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, unit);
+    auto [text, unit] = fetched<QString, QString>("text", "unit");
     QTEST(UnitConverter::spanUnitStr(text), "span");
     QTEST(int(UnitConverter::isUnit(text)), "check");
     QCOMPARE(UnitConverter::getUnit(text), unit);
@@ -378,8 +372,7 @@ void tst_UnitConverter::tags_data()
 
 void tst_UnitConverter::tags()
 {
-    QFETCH(QString, text);
-    QFETCH(int, tag);
+    auto [text, tag] = fetched<QString, int>("text", "tag");
     QCOMPARE(int(UnitConverter::TagFromUnit(text)), tag);
     QTEST(UnitConverter::UnitFromTag(UnitConverter::Unit(tag)), "textOfTag");
 }

@@ -231,9 +231,7 @@ void tst_UnitsConfiguration::loads_data()
 
 void tst_UnitsConfiguration::loads()
 {
-    QFETCH(bool, enabled);
-    QFETCH(QString, stored);
-    QFETCH(QString, warning);
+    auto [enabled, stored, warning] = fetched<bool, QString, QString>("enabled", "stored", "warning");
     Brimvale::ConfigReader reader(settingsFile("Mass", stored));
 
     UnitsConfiguration configuration;
