@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#ifndef BVWIDGETS_TESTS_UNITS_TESTROWS_H
-#define BVWIDGETS_TESTS_UNITS_TESTROWS_H
+#pragma once
 
 #include <QDebug>
 #include <QTest>
@@ -39,5 +38,3 @@ std::tuple<Types...> fetched(Names... names)
 {
     return {*static_cast<Types *>(QTest::qData(names, qMetaTypeId<Types>()))...};
 }
-
-#endif
