@@ -96,6 +96,7 @@ void tst_BVDoubleValidator::numberInLocale_data()
     row(german, "1,5/2.5", Acceptable, 0.6);
     row(QLocale(QLocale::Swedish), "-1,5E-3", Acceptable, -0.0015);
     row(QLocale(QLocale::Arabic, QLocale::Egypt), "-1.5", Acceptable, -1.5);
+    row(QLocale::c(), "1,5", Invalid, 0); // the shared validator follows back
 }
 
 void tst_BVDoubleValidator::numberInLocale()
