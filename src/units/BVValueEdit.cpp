@@ -490,7 +490,7 @@ bool BVValueEdit::isNoValue() const
 
 QString BVValueEdit::fullValueText() const
 {
-    const QString text = textFromValue(m_value, true);
+    QString text = textFromValue(m_value, true);
     if (std::abs(valueFromText(text) - m_value) <= s_fullPrecision * std::abs(m_value))
         return text;
     QString precise = QString::number(m_formatter->valueToDisplayValue(m_value), 'g',
