@@ -14,6 +14,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <tuple>
+
 using S = BVWidgetStatus;
 
 namespace {

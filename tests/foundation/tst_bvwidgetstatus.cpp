@@ -10,6 +10,8 @@
 #include <QTreeWidget>
 #include <QWidget>
 
+#include <tuple>
+
 using S = BVWidgetStatus;
 
 class tst_BVWidgetStatus : public QObject

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <array>
+
 using Brimvale::StyleSheetDiagnostic;
 using Brimvale::StyleSheetHandler;
 

@@ -6,6 +6,9 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include <array>
+#include <tuple>
+
 using namespace Brimvale;
 using Kind = StyleSheetDiagnostic::Kind;
 using Parts = QHash<QString, QString>;

@@ -24,7 +24,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include <array>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
