@@ -402,10 +402,10 @@ void tst_Sheets::everySheetIsUsedAndIconsRender()
 
 void tst_Sheets::textIsLegible()
 {
-    StyleSheetHandler handler(true);
     QStringList poor;
     for (int i = 0; i < 2 * s_frontEnds; ++i) {
         const QString &path = s_sheets.at(i / 2);
+        StyleSheetHandler handler(true); // a new one: the colours of a version stay set when another sheet is loaded
         handler.load(path);
         handler.setUseLightVersion(i % 2);
         const SheetReader reader(handler.getStyleSheet());

@@ -328,6 +328,7 @@ void tst_StyleSheetHandler::replacesDefines()
         {"commented out", "/*\n#define a(b) 1\n*/\n//\n#define a(b) 1", "2", "/*\n#define a(b) 1\n*/\n//\n#define a(b) 2"},
         {"value and comment stay apart", "#define a(b) 1//x", "2/", "#define a(b) 2/ //x"},
         {"value with a comment mark", "#define a(b) 1", "2//3", "#define a(b) 1"},
+        {"two words", "#define a(b) 1", "2 3", "#define a(b) 1"},
         {"no word", "#define a(b) 1", "", "#define a(b) 1"},
     };
     for (const auto &[name, text, value, replaced] : rows)

@@ -163,6 +163,7 @@ void tst_StyleSheetPreprocessor::language()
          "font-size: bvFontSizeBigpt bvFontSizept",
          "font-size: 12pt 11pt\n"},
         {"value is one word", "#define textColorError #ff4d4d // light red\ntextColorError", "#ff4d4d\n"},
+        {"word ends the value", "\t#define  a \t one two\na", "one\n"},
         {"define without value is a line", "#define a", "#define a\n"},
         {"name must stand apart", "#definea b\n", "#definea b\n"},
         {"case matters", "#define aB c\nAB ab aB", "AB ab c\n"},

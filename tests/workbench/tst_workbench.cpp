@@ -223,6 +223,8 @@ void tst_Workbench::refusesFile()
         {"no unit text", "<gap unit=\"mm\"", "<gap unit=\"mmm\"", "<gap", "\"mmm\" of <gap>"},
         {"no number", ">0.144<", ">slippery<", "slippery", "\"slippery\" in <friction>"},
         {"comma", ">0.144<", ">0,144<", "0,144", "not a number"},
+        {"group separator", ">7800<", ">7,800<", "7,800", "not a number"},
+        {"infinite", ">0.144<", ">inf<", "inf<", "not a number"},
         {"nan", ">0.144<", ">nan<", "nan", "not a number"},
         {"overflow", ">0.144<", ">1e999<", "1e999", "not a number"},
         {"too large", ">0.3<", ">0.51<", "0.51", "out of range: from 0 to 0.5."},
