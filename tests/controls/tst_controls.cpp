@@ -38,6 +38,13 @@ struct Control
 };
 using Factory = std::function<Control(QWidget *)>;
 
+/// What the events of the mouse reach.
+QWidget *target(const Control &control)
+{
+    auto *area = qobject_cast<QAbstractScrollArea *>(control.m_widget);
+    return area ? area->viewport() : control.m_widget;
+}
+
 template <typename Widget>
 Factory factory()
 {
@@ -61,10 +68,8 @@ private Q_SLOTS:
     void declaredProperties();
     void statusChange_data() { controls(false); }
     void statusChange();
-    void standardMenu_data() { controls(false); }
-    void standardMenu();
-    void referenceToolTip_data() { controls(false); }
-    void referenceToolTip();
+    void menuAndToolTip_data() { controls(false); }
+    void menuAndToolTip();
     void wheel();
     void tabStatus();
     void tabDots();
@@ -129,7 +134,7 @@ void tst_Controls::statusChange()
     QCOMPARE(events.count(), 3);
 }
 
-void tst_Controls::standardMenu()
+void tst_Controls::menuAndToolTip()
 {
     QFETCH(Factory, create);
     QWidget window;
@@ -139,10 +144,9 @@ void tst_Controls::standardMenu()
     QSignalSpy actions(control.m_widget, SIGNAL(standardActionTriggered(int)));
     control.m_interface->setBvStatus(S::StandardChanged | S::ResetAvailable);
 
-    auto *area = qobject_cast<QAbstractScrollArea *>(control.m_widget);
-    QWidget *target = area ? area->viewport() : control.m_widget;
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2), target->mapToGlobal(QPoint(2, 2)));
-    QApplication::sendEvent(target, &event);
+    const QPoint position = target(control)->mapToGlobal(QPoint(2, 2));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2), position);
+    QApplication::sendEvent(target(control), &event);
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     QVERIFY(menu);
     QCOMPARE(menu->actions().constFirst()->text(), QStringLiteral("Reset Value to Standard"));
@@ -151,20 +155,10 @@ void tst_Controls::standardMenu()
     QCOMPARE(actions.count(), 1);
     QCOMPARE(actions.first().first().toInt(), int(BVWidgetInterface::ResetValue));
     QTRY_VERIFY(!control.m_widget->findChild<QMenu *>());
-}
 
-void tst_Controls::referenceToolTip()
-{
-    QFETCH(Factory, create);
-    QWidget window;
-    const Control control = create(&window);
     control.m_widget->setProperty("ReferenceValue", QStringLiteral("7"));
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    auto *area = qobject_cast<QAbstractScrollArea *>(control.m_widget);
-    QWidget *target = area ? area->viewport() : control.m_widget;
-    QHelpEvent help(QEvent::ToolTip, QPoint(1, 1), target->mapToGlobal(QPoint(1, 1)));
-    QApplication::sendEvent(target, &help);
+    QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), position);
+    QApplication::sendEvent(target(control), &help);
     QVERIFY2(QToolTip::text().startsWith(QLatin1String("Reference value: ")), qPrintable(QToolTip::text()));
     QToolTip::hideText();
 }

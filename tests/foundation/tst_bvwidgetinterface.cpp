@@ -14,6 +14,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <tuple>
+
 using S = BVWidgetStatus;
 
 namespace {
@@ -69,15 +71,6 @@ QStringList texts(const QMenu &menu)
 
 } // namespace
 
-using Setter = void (BVWidgetInterface::*)(bool);
-using Getter = bool (BVWidgetInterface::*)() const;
-using ItemSetter = void (BVContainerWidgetInterface::*)(int, bool);
-using ItemGetter = bool (BVContainerWidgetInterface::*)(int) const;
-Q_DECLARE_METATYPE(Setter)
-Q_DECLARE_METATYPE(Getter)
-Q_DECLARE_METATYPE(ItemSetter)
-Q_DECLARE_METATYPE(ItemGetter)
-
 class tst_BVWidgetInterface : public QObject
 {
     Q_OBJECT
@@ -85,13 +78,9 @@ class tst_BVWidgetInterface : public QObject
 private Q_SLOTS:
     void initTestCase() { muteOffscreenWarnings(); }
     void setters();
-    void flagOfEachSetter_data();
     void flagOfEachSetter();
-    void reset();
-    void standardMenu_data();
     void standardMenu();
     void standardMenuIds();
-    void standardMenuMember_data();
     void standardMenuMember();
     void containerItems();
     void checkableContainerStatus();
@@ -112,9 +101,13 @@ void tst_BVWidgetInterface::setters()
     QCOMPARE(events.count(), 3);
     QCOMPARE(carrier.m_changes, 3);
     QCOMPARE(carrier.getBvStatus(), S::NeedInput | S::StandardLocked | S::DeleteVariableDisabled);
-    QVERIFY(carrier.isNeedInputStatus() && carrier.isStandardLocked() && carrier.isDeleteVariableDisabled());
-    QVERIFY(!carrier.isStandardDefault() && !carrier.isResetToStandardDisabled());
+    QVERIFY(carrier.isDeleteVariableDisabled() && !carrier.isResetToStandardDisabled());
     QVERIFY(!carrier.getBvStatus(S::Normal));
+
+    carrier.resetBvStatus(); // silent
+    QCOMPARE(carrier.getBvStatus(), S::Stati());
+    QCOMPARE(events.count(), 3);
+    QCOMPARE(carrier.m_changes, 4);
 
     // The status may live on another widget, or on none.
     QWidget other;
@@ -126,98 +119,60 @@ void tst_BVWidgetInterface::setters()
     QCOMPARE(carrier.getBvStatus(), S::Stati());
 }
 
-void tst_BVWidgetInterface::flagOfEachSetter_data()
-{
-    using W = BVWidgetInterface;
-    using C = BVContainerWidgetInterface;
-    QTest::addColumn<Setter>("set");
-    QTest::addColumn<Getter>("is");
-    QTest::addColumn<ItemSetter>("setItem");
-    QTest::addColumn<ItemGetter>("isItem");
-    QTest::addColumn<S::Stati>("flag");
-
-#define ROW(Name, Flag) \
-    QTest::newRow(#Name) << Setter(&W::set##Name) << Getter(&W::is##Name) << ItemSetter(&C::set##Name) << ItemGetter(&C::is##Name) \
-                         << S::Stati(S::Flag)
-    ROW(NeedInputStatus, NeedInput);
-    ROW(UserEditStatus, UserEdit);
-    ROW(DifferentStatus, Different);
-    ROW(CompareDifferent, CompareDifferent);
-    ROW(RuvixEnabled, RuvixEnabled);
-    ROW(RuvixStandardChanged, RuvixStandardChanged);
-    ROW(RuvixActive, RuvixActive);
-    ROW(RuvixInvalid, RuvixInvalid);
-    ROW(StandardEnabled, StandardEnabled);
-    ROW(StandardDefined, StandardDefined);
-    ROW(StandardDefault, StandardDefault);
-    ROW(DefaultChanged, DefaultChanged);
-    ROW(StandardChanged, StandardChanged);
-    ROW(StandardLocked, StandardLocked);
-#undef ROW
-}
-
 void tst_BVWidgetInterface::flagOfEachSetter()
 {
-    QFETCH(Setter, set);
-    QFETCH(Getter, is);
-    QFETCH(ItemSetter, setItem);
-    QFETCH(ItemGetter, isItem);
-    QFETCH(S::Stati, flag);
-
-    Carrier carrier;
-    (carrier.*set)(true);
-    QCOMPARE(carrier.getBvStatus(), flag);
-    QVERIFY((carrier.*is)());
-    Container container;
-    (container.*setItem)(0, true);
-    QCOMPARE(container.getBvStatus(0), flag);
-    QVERIFY((container.*isItem)(0) && !(container.*isItem)(1));
-}
-
-void tst_BVWidgetInterface::reset()
-{
-    Carrier carrier;
-    carrier.setUserEditStatus(true);
-    EventCounter events(&carrier, BVWidgetStatusChangedEvent::s_eventType);
-    carrier.resetBvStatus();
-    QCOMPARE(carrier.getBvStatus(), S::Stati());
-    QCOMPARE(events.count(), 0); // silent
-    QCOMPARE(carrier.m_changes, 2);
-}
-
-void tst_BVWidgetInterface::standardMenu_data()
-{
-    QTest::addColumn<S::Stati>("stati");
-    QTest::addColumn<bool>("filled");
-    QTest::addColumn<QStringList>("expected");
-
-    const QStringList own = {"Own"};
-    QTest::newRow("nothing without a trigger flag") << S::Stati(S::StandardDefined) << true << own;
-    QTest::newRow("reset needs a trigger flag too") << (S::ResetAvailable | S::StandardDefault) << true << own;
-    QTest::newRow("disabled as a whole") << (S::StandardChanged | S::ResetAvailable | S::ResetToStandardDisabled) << true << own;
-    QTest::newRow("variable") << S::Stati(S::RuvixActive) << true << QStringList{"Delete Variable", "-", "Own", "-"};
-    QTest::newRow("variable kept") << (S::RuvixActive | S::DeleteVariableDisabled) << true << QStringList{"-", "Own", "-"};
-    QTest::newRow("empty menu") << S::Stati(S::RuvixActive) << false << QStringList{"Delete Variable", "-"};
-    QTest::newRow("default wins over standard") << (S::DefaultChanged | S::StandardDefault | S::ResetAvailable) << false
-                                                << QStringList{"Reset Value to Default", "-"};
-    QTest::newRow("all") << (S::StandardChanged | S::ResetAvailable | S::RuvixEnabled | S::RuvixStandardChanged | S::RuvixActive) << true
-                         << QStringList{
-                                "Delete Variable", "Reset Value to Standard", "Reset Variable to Standard", "Reset all to Standard", "-", "Own", "-"};
+#define CHECK(Name, Flag) \
+    do { \
+        Carrier carrier; \
+        carrier.set##Name(true); \
+        QCOMPARE(carrier.getBvStatus(), S::Stati(S::Flag)); \
+        QVERIFY(carrier.is##Name()); \
+        Container container; \
+        container.set##Name(0, true); \
+        QCOMPARE(container.getBvStatus(0), S::Stati(S::Flag)); \
+        QVERIFY(container.is##Name(0) && !container.is##Name(1)); \
+    } while (false)
+    CHECK(NeedInputStatus, NeedInput);
+    CHECK(UserEditStatus, UserEdit);
+    CHECK(DifferentStatus, Different);
+    CHECK(CompareDifferent, CompareDifferent);
+    CHECK(RuvixEnabled, RuvixEnabled);
+    CHECK(RuvixStandardChanged, RuvixStandardChanged);
+    CHECK(RuvixActive, RuvixActive);
+    CHECK(RuvixInvalid, RuvixInvalid);
+    CHECK(StandardEnabled, StandardEnabled);
+    CHECK(StandardDefined, StandardDefined);
+    CHECK(StandardDefault, StandardDefault);
+    CHECK(DefaultChanged, DefaultChanged);
+    CHECK(StandardChanged, StandardChanged);
+    CHECK(StandardLocked, StandardLocked);
+#undef CHECK
 }
 
 void tst_BVWidgetInterface::standardMenu()
 {
-    QFETCH(S::Stati, stati);
-    QFETCH(bool, filled);
-    QFETCH(QStringList, expected);
-
-    Carrier carrier;
-    carrier.setBvStatus(stati);
-    QMenu menu;
-    if (filled)
-        menu.addAction(QStringLiteral("Own"));
-    carrier.setupStandardMenu(&menu, &carrier, SIGNAL(standardActionTriggered(int)));
-    QCOMPARE(texts(menu), expected);
+    const QStringList own = {"Own"};
+    const std::tuple<const char *, S::Stati, bool, QStringList> rows[] = {
+        {"nothing without a trigger flag", S::Stati(S::StandardDefined), true, own},
+        {"reset needs a trigger flag too", (S::ResetAvailable | S::StandardDefault), true, own},
+        {"disabled as a whole", (S::StandardChanged | S::ResetAvailable | S::ResetToStandardDisabled), true, own},
+        {"variable", S::Stati(S::RuvixActive), true, QStringList{"Delete Variable", "-", "Own", "-"}},
+        {"variable kept", (S::RuvixActive | S::DeleteVariableDisabled), true, QStringList{"-", "Own", "-"}},
+        {"empty menu", S::Stati(S::RuvixActive), false, QStringList{"Delete Variable", "-"}},
+        {"default wins over standard", (S::DefaultChanged | S::StandardDefault | S::ResetAvailable), false,
+         QStringList{"Reset Value to Default", "-"}},
+        {"all", (S::StandardChanged | S::ResetAvailable | S::RuvixEnabled | S::RuvixStandardChanged | S::RuvixActive), true,
+         QStringList{"Delete Variable", "Reset Value to Standard", "Reset Variable to Standard", "Reset all to Standard", "-", "Own", "-"}},
+    };
+    for (const auto &[name, stati, filled, expected] : rows) {
+        Carrier carrier;
+        carrier.setBvStatus(stati);
+        QMenu menu;
+        if (filled)
+            menu.addAction(QStringLiteral("Own"));
+        carrier.setupStandardMenu(&menu, &carrier, SIGNAL(standardActionTriggered(int)));
+        QVERIFY2(texts(menu) == expected, name);
+    }
 }
 
 void tst_BVWidgetInterface::standardMenuIds()
@@ -251,23 +206,16 @@ void tst_BVWidgetInterface::standardMenuIds()
     QCOMPARE(hidden.mid(0, 2), (QStringList{"Use as Standard/Make this parameter default4", "Use as Default/Make this parameter standard3"}));
 }
 
-void tst_BVWidgetInterface::standardMenuMember_data()
-{
-    QTest::addColumn<QByteArray>("member");
-    QTest::newRow("SIGNAL()") << QByteArray(SIGNAL(standardActionTriggered(int)));
-    QTest::newRow("bare signature") << QByteArray("standardActionTriggered(int)");
-    QTest::newRow("bare, not normalized") << QByteArray("standardActionTriggered( int )");
-}
-
 void tst_BVWidgetInterface::standardMenuMember()
 {
-    QFETCH(QByteArray, member);
-    QMenu menu;
-    Carrier carrier;
-    QSignalSpy spy(&carrier, &Carrier::standardActionTriggered);
-    BVWidgetInterface::setupStandardMenu(S::RuvixActive, &menu, &carrier, member.constData());
-    menu.actions().constFirst()->trigger();
-    QCOMPARE(spy.count(), 1);
+    for (const char *member : {SIGNAL(standardActionTriggered(int)), "standardActionTriggered(int)", "standardActionTriggered( int )"}) {
+        QMenu menu;
+        Carrier carrier;
+        QSignalSpy spy(&carrier, &Carrier::standardActionTriggered);
+        BVWidgetInterface::setupStandardMenu(S::RuvixActive, &menu, &carrier, member);
+        menu.actions().constFirst()->trigger();
+        QVERIFY2(spy.count() == 1, member);
+    }
 }
 
 void tst_BVWidgetInterface::containerItems()

@@ -10,6 +10,8 @@
 #include <QTreeWidget>
 #include <QWidget>
 
+#include <tuple>
+
 using S = BVWidgetStatus;
 
 class tst_BVWidgetStatus : public QObject
@@ -17,11 +19,8 @@ class tst_BVWidgetStatus : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void setStatus_data();
     void setStatus();
-    void setStatusProperty_data();
     void setStatusProperty();
-    void propertyNames_data();
     void propertyNames();
     void dominantStatus();
     void debugTexts();
@@ -30,122 +29,86 @@ private Q_SLOTS:
     void items();
     void oddProperty();
     void nullWidget();
-    void colors_data();
     void colors();
     void replacedColors();
 };
 
-Q_DECLARE_METATYPE(S::Status)
-
-void tst_BVWidgetStatus::setStatus_data()
-{
-    QTest::addColumn<S::Stati>("before");
-    QTest::addColumn<S::Status>("flag");
-    QTest::addColumn<bool>("on");
-    QTest::addColumn<S::Stati>("after");
-
-    const S::Stati two = S::UserEdit | S::Different;
-    QTest::newRow("set") << two << S::NeedInput << true << (two | S::NeedInput);
-    QTest::newRow("set again") << two << S::UserEdit << true << two;
-    QTest::newRow("clear") << two << S::UserEdit << false << S::Stati(S::Different);
-    QTest::newRow("clear a missing one") << two << S::NeedInput << false << two;
-    QTest::newRow("Normal on clears all") << two << S::Normal << true << S::Stati();
-    QTest::newRow("Normal off changes nothing") << two << S::Normal << false << two;
-    QTest::newRow("flag without a property") << two << S::ResetAvailable << true << (two | S::ResetAvailable);
-}
-
 void tst_BVWidgetStatus::setStatus()
 {
-    QFETCH(S::Stati, before);
-    QFETCH(S::Status, flag);
-    QFETCH(bool, on);
-    QFETCH(S::Stati, after);
-
-    QWidget widget;
-    S::setStatus(&widget, before);
-    EventCounter events(&widget, BVWidgetStatusChangedEvent::s_eventType);
-    S::setStatus(&widget, flag, on);
-    QCOMPARE(S::status(&widget), after);
-    QCOMPARE(widget.property("WidgetStatus").type(), QVariant::UInt);
-    QCOMPARE(events.count(), before == after ? 0 : 1);
-    QVERIFY(!widget.property("userEditStatus").isValid()); // the plain form writes no style property
-    QVERIFY(!S::testStatus(&widget, S::Normal));
-}
-
-void tst_BVWidgetStatus::setStatusProperty_data()
-{
-    QTest::addColumn<S::Stati>("flags");      // before
-    QTest::addColumn<S::Stati>("properties"); // before
-    QTest::addColumn<S::Status>("flag");
-    QTest::addColumn<bool>("on");
-    QTest::addColumn<bool>("changed");
-    QTest::addColumn<S::Stati>("flagsAfter");
-    QTest::addColumn<S::Stati>("propertiesAfter");
-
-    const S::Stati none;
-    const S::Stati need = S::NeedInput;
-    QTest::newRow("both follow") << none << none << S::NeedInput << true << true << need << need;
-    QTest::newRow("unchanged property leaves the flags") << none << need << S::NeedInput << true << false << none << need;
-    QTest::newRow("Normal clears all, whatever on says") << need << need << S::Normal << false << true << none << none;
-    QTest::newRow("clear") << (need | S::UserEdit) << (need | S::UserEdit) << S::UserEdit << false << true << need << need;
-    QTest::newRow("no property, no effect") << need << need << S::ResetAvailable << true << false << need << need;
+    const S::Stati two = S::UserEdit | S::Different;
+    const std::tuple<const char *, S::Stati, S::Status, bool, S::Stati> rows[] = {
+        {"set", two, S::NeedInput, true, (two | S::NeedInput)},
+        {"set again", two, S::UserEdit, true, two},
+        {"clear", two, S::UserEdit, false, S::Stati(S::Different)},
+        {"clear a missing one", two, S::NeedInput, false, two},
+        {"Normal on clears all", two, S::Normal, true, S::Stati()},
+        {"Normal off changes nothing", two, S::Normal, false, two},
+        {"flag without a property", two, S::ResetAvailable, true, (two | S::ResetAvailable)},
+    };
+    for (const auto &[name, before, flag, on, after] : rows) {
+        QWidget widget;
+        S::setStatus(&widget, before);
+        EventCounter events(&widget, BVWidgetStatusChangedEvent::s_eventType);
+        S::setStatus(&widget, flag, on);
+        QVERIFY2(S::status(&widget) == after, name);
+        QVERIFY2(widget.property("WidgetStatus").type() == QVariant::UInt, name);
+        QVERIFY2(events.count() == (before == after ? 0 : 1), name);
+        QVERIFY2(!widget.property("userEditStatus").isValid(), name); // the plain form writes no style property
+        QVERIFY2(!S::testStatus(&widget, S::Normal), name);
+    }
 }
 
 void tst_BVWidgetStatus::setStatusProperty()
 {
-    QFETCH(S::Stati, flags);
-    QFETCH(S::Stati, properties);
-    QFETCH(S::Status, flag);
-    QFETCH(bool, on);
-    QFETCH(bool, changed);
-    QFETCH(S::Stati, flagsAfter);
-    QFETCH(S::Stati, propertiesAfter);
-
-    QWidget widget;
-    S::setStatusProperty(&widget, properties);
-    S::setStatus(&widget, flags);
-    EventCounter events(&widget, BVWidgetStatusChangedEvent::s_eventType);
-    QCOMPARE(S::setStatusProperty(&widget, flag, on), changed);
-    QCOMPARE(S::status(&widget), flagsAfter);
-    QCOMPARE(S::getStatusProperty(&widget), propertiesAfter);
-    QCOMPARE(events.count(), flags == flagsAfter ? 0 : 1);
-    if (flag != S::Normal && flag != S::ResetAvailable)
-        QCOMPARE(S::testStatusProperty(&widget, flag), on);
-}
-
-void tst_BVWidgetStatus::propertyNames_data()
-{
-    QTest::addColumn<quint32>("value");
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("Normal") << 0x0u << "";
-    QTest::newRow("UserEdit") << 0x2u << "userEditStatus";
-    QTest::newRow("NeedInput") << 0x20u << "needInputStatus";
-    QTest::newRow("RuvixEnabled") << 0x40u << "ruvixEnabledStatus";
-    QTest::newRow("RuvixStandardChanged") << 0x80u << "ruvixStandardChanged";
-    QTest::newRow("RuvixActive") << 0x100u << "ruvixActiveStatus";
-    QTest::newRow("RuvixInvalid") << 0x200u << "ruvixInvalidStatus";
-    QTest::newRow("Different") << 0x400u << "differentStatus";
-    QTest::newRow("CompareDifferent") << 0x800u << "compareDifferentStatus";
-    QTest::newRow("StandardEnabled") << 0x1000u << "standardEnabledStatus";
-    QTest::newRow("StandardDefined") << 0x2000u << "standardDefinedStatus";
-    QTest::newRow("StandardDefault") << 0x4000u << "standardDefaultStatus";
-    QTest::newRow("DefaultChanged") << 0x8000u << "defaultChangedStatus";
-    QTest::newRow("StandardChanged") << 0x10000u << "standardChangedStatus";
-    QTest::newRow("StandardLocked") << 0x20000u << "standardLockedStatus";
-    QTest::newRow("ResetAvailable") << 0x40000u << "";
-    QTest::newRow("unassigned bit") << 0x4u << "";
-    QTest::newRow("two flags") << 0x22u << "";
+    const S::Stati none;
+    const S::Stati need = S::NeedInput;
+    const std::tuple<const char *, S::Stati, S::Stati, S::Status, bool, bool, S::Stati, S::Stati> rows[] = {
+        {"both follow", none, none, S::NeedInput, true, true, need, need},
+        {"unchanged property leaves the flags", none, need, S::NeedInput, true, false, none, need},
+        {"Normal clears all, whatever on says", need, need, S::Normal, false, true, none, none},
+        {"clear", (need | S::UserEdit), (need | S::UserEdit), S::UserEdit, false, true, need, need},
+        {"no property, no effect", need, need, S::ResetAvailable, true, false, need, need},
+    };
+    for (const auto &[name, flags, properties, flag, on, changed, flagsAfter, propertiesAfter] : rows) {
+        QWidget widget;
+        S::setStatusProperty(&widget, properties);
+        S::setStatus(&widget, flags);
+        EventCounter events(&widget, BVWidgetStatusChangedEvent::s_eventType);
+        QVERIFY2(S::setStatusProperty(&widget, flag, on) == changed, name);
+        QVERIFY2(S::status(&widget) == flagsAfter, name);
+        QVERIFY2(S::getStatusProperty(&widget) == propertiesAfter, name);
+        QVERIFY2(events.count() == (flags == flagsAfter ? 0 : 1), name);
+        if (flag != S::Normal && flag != S::ResetAvailable)
+            QVERIFY2(S::testStatusProperty(&widget, flag) == on, name);
+    }
 }
 
 void tst_BVWidgetStatus::propertyNames()
 {
-    QFETCH(quint32, value);
-    QFETCH(QString, name);
-
-    const auto status = static_cast<S::Status>(value);
-    QCOMPARE(S::statusPropertyName(status), name);
-    QCOMPARE(S::debugStatusFlag(S::Stati(QFlag(value))), value == 0x22u ? "needInputStatus|userEditStatus" : name);
+    const std::pair<quint32, QString> rows[] = {
+        {0x0u, ""},
+        {0x2u, "userEditStatus"},
+        {0x20u, "needInputStatus"},
+        {0x40u, "ruvixEnabledStatus"},
+        {0x80u, "ruvixStandardChanged"},
+        {0x100u, "ruvixActiveStatus"},
+        {0x200u, "ruvixInvalidStatus"},
+        {0x400u, "differentStatus"},
+        {0x800u, "compareDifferentStatus"},
+        {0x1000u, "standardEnabledStatus"},
+        {0x2000u, "standardDefinedStatus"},
+        {0x4000u, "standardDefaultStatus"},
+        {0x8000u, "defaultChangedStatus"},
+        {0x10000u, "standardChangedStatus"},
+        {0x20000u, "standardLockedStatus"},
+        {0x40000u, ""},
+        {0x4u, ""},
+        {0x22u, ""},
+    };
+    for (const auto &[value, name] : rows) {
+        QCOMPARE(S::statusPropertyName(static_cast<S::Status>(value)), name);
+        QCOMPARE(S::debugStatusFlag(S::Stati(QFlag(value))), value == 0x22u ? "needInputStatus|userEditStatus" : name);
+    }
 }
 
 void tst_BVWidgetStatus::dominantStatus()
@@ -259,12 +222,9 @@ void tst_BVWidgetStatus::nullWidget()
     QCOMPARE(S::debugStatusToString(none), QString());
 }
 
-void tst_BVWidgetStatus::colors_data()
+void tst_BVWidgetStatus::colors()
 {
-    QTest::addColumn<S::Status>("status");
-    QTest::addColumn<QString>("main"); // dark, light background, buttons, alternate
-    QTest::addColumn<QString>("light");
-
+    BVStatusColor &table = BVStatusColor::colors();
     const QString normal = "e5e5e5 333333 545454 cccccc";
     const QString red = "ff4d4d 990000 cc3d3d cc3d3d";
     const QString lightRed = "ffaaaa 990000 dc7a7a dc7a7a";
@@ -273,31 +233,21 @@ void tst_BVWidgetStatus::colors_data()
     const QString yellow = "ffdf7f 734c00 cc9e14 cc9e14";
     const QString green = "99ffbb 00802a 99ffbb 00802a";
     const QString purple = "ee99ff 9500b2 ee99ff 9500b2";
-    QTest::newRow("Normal") << S::Normal << normal << normal;
-    QTest::newRow("NeedInput") << S::NeedInput << red << lightRed;
-    QTest::newRow("RuvixInvalid") << S::RuvixInvalid << red << lightRed;
-    QTest::newRow("RuvixActive") << S::RuvixActive << blue << lightBlue;
-    QTest::newRow("UserEdit") << S::UserEdit << blue << lightBlue;
-    QTest::newRow("StandardChanged") << S::StandardChanged << yellow << yellow;
-    QTest::newRow("Different") << S::Different << green << green;
-    QTest::newRow("CompareDifferent") << S::CompareDifferent << purple << purple;
-    QTest::newRow("without colours") << S::StandardLocked << normal << normal;
-}
-
-void tst_BVWidgetStatus::colors()
-{
-    QFETCH(S::Status, status);
-    BVStatusColor &table = BVStatusColor::colors();
-    const auto shown = [&table, status] {
-        QStringList names;
-        for (const QColor &color :
-             {table.forDarkBackground(status), table.forLightBackground(status), table.forButtons(status, false), table.forButtons(status, true)})
-            names << color.name().mid(1);
-        return names.join(QLatin1Char(' '));
+    const std::tuple<S::Status, QString, QString> rows[] = {
+        {S::Normal, normal, normal},       {S::NeedInput, red, lightRed},         {S::RuvixInvalid, red, lightRed},
+        {S::RuvixActive, blue, lightBlue}, {S::UserEdit, blue, lightBlue},        {S::StandardChanged, yellow, yellow},
+        {S::Different, green, green},      {S::CompareDifferent, purple, purple}, {S::StandardLocked, normal, normal},
     };
-    QTEST(shown(), "main");
-    table.setUseLightColor(true);
-    QTEST(shown(), "light");
+    for (const auto &[status, main, light] : rows) {
+        for (const bool useLight : {false, true}) {
+            table.setUseLightColor(useLight);
+            QStringList names;
+            for (const QColor &color :
+                 {table.forDarkBackground(status), table.forLightBackground(status), table.forButtons(status, false), table.forButtons(status, true)})
+                names << color.name().mid(1);
+            QCOMPARE(names.join(QLatin1Char(' ')), useLight ? light : main);
+        }
+    }
     table.setUseLightColor(false);
 }
 

@@ -17,7 +17,28 @@
 #include <QTest>
 #include <QToolTip>
 
+#include <tuple>
+
 using S = BVWidgetStatus;
+
+namespace {
+
+/// A group that shows the status of two edits.
+struct Form
+{
+    Form()
+    {
+        handler->attach(first);
+        handler->attach(second);
+    }
+
+    QGroupBox group;
+    QLineEdit *first = new QLineEdit(&group);
+    QLineEdit *second = new QLineEdit(&group);
+    BVWidgetStatusHandler *handler = new BVWidgetStatusHandler(&group);
+};
+
+} // namespace
 
 class tst_StatusRouting : public QObject
 {
@@ -35,8 +56,6 @@ private Q_SLOTS:
     void oddEvents();
     void lockSymbol();
     void lockFollows();
-    void containersShowNoLock();
-    void referenceToolTip_data();
     void referenceToolTip();
     void router();
     void dispatcher();
@@ -69,67 +88,51 @@ void tst_StatusRouting::combine()
 
 void tst_StatusRouting::disabledChildren()
 {
-    QGroupBox group;
-    auto *first = new QLineEdit(&group);
-    auto *second = new QLineEdit(&group);
-    auto *handler = new BVWidgetStatusHandler(&group);
-    handler->attach(first);
-    handler->attach(second);
-    S::setStatus(first, S::NeedInput);
-    S::setStatus(second, S::UserEdit);
-    first->setEnabled(false);
-    QVERIFY(S::isStatus(&group, S::UserEdit)); // at once
-    handler->setObserveDisabledChildren(true);
-    handler->updateParentStatus();
-    QVERIFY(S::isStatus(&group, S::NeedInput | S::UserEdit));
+    Form form;
+    S::setStatus(form.first, S::NeedInput);
+    S::setStatus(form.second, S::UserEdit);
+    form.first->setEnabled(false);
+    QVERIFY(S::isStatus(&form.group, S::UserEdit)); // at once
+    form.handler->setObserveDisabledChildren(true);
+    form.handler->updateParentStatus();
+    QVERIFY(S::isStatus(&form.group, S::NeedInput | S::UserEdit));
 }
 
 void tst_StatusRouting::settingsWaitForTheNextUpdate()
 {
-    QGroupBox group;
-    auto *edit = new QLineEdit(&group);
-    auto *handler = new BVWidgetStatusHandler(&group);
-    handler->attach(edit);
-    handler->set(S::StandardDefined);
-    QVERIFY(S::isStatus(&group, S::Normal));
-    S::setStatus(edit, S::UserEdit);
-    QVERIFY(S::isStatus(&group, S::StandardDefined | S::UserEdit));
-    handler->setEnabled(false);
-    QVERIFY(!S::isStatus(&group, S::Normal));
-    handler->updateParentStatus();
-    QVERIFY(S::isStatus(&group, S::Normal));
+    Form form;
+    form.handler->set(S::StandardDefined);
+    QVERIFY(S::isStatus(&form.group, S::Normal));
+    S::setStatus(form.first, S::UserEdit);
+    QVERIFY(S::isStatus(&form.group, S::StandardDefined | S::UserEdit));
+    form.handler->setEnabled(false);
+    QVERIFY(!S::isStatus(&form.group, S::Normal));
+    form.handler->updateParentStatus();
+    QVERIFY(S::isStatus(&form.group, S::Normal));
 }
 
 void tst_StatusRouting::blocking()
 {
-    QGroupBox group;
-    auto *edit = new QLineEdit(&group);
-    auto *handler = new BVWidgetStatusHandler(&group);
-    handler->attach(edit);
-    S::setStatus(edit, S::UserEdit);
-    QVERIFY(!handler->setBlocking(true, true));
-    S::setStatus(edit, S::NeedInput);
-    QVERIFY(handler->setBlocking(false, true));
-    QVERIFY(S::isStatus(&group, S::UserEdit)); // what was recorded before blocking began
+    Form form;
+    S::setStatus(form.first, S::UserEdit);
+    QVERIFY(!form.handler->setBlocking(true, true));
+    S::setStatus(form.first, S::NeedInput);
+    QVERIFY(form.handler->setBlocking(false, true));
+    QVERIFY(S::isStatus(&form.group, S::UserEdit)); // what was recorded before blocking began
 }
 
 void tst_StatusRouting::detachAndDelete()
 {
-    QGroupBox group;
-    auto *first = new QLineEdit(&group);
-    auto *second = new QLineEdit(&group);
-    auto *handler = new BVWidgetStatusHandler(&group);
-    handler->attach(first);
-    handler->attach(second);
-    S::setStatus(first, S::NeedInput);
-    S::setStatus(second, S::UserEdit);
-    handler->detach(second);
-    QVERIFY(S::isStatus(&group, S::NeedInput));
-    S::setStatus(second, S::Different);
-    QVERIFY(S::isStatus(&group, S::NeedInput));
-    delete first;
-    QVERIFY(S::isStatus(&group, S::Normal));
-    handler->updateParentStatus(); // touches no widget that is gone
+    Form form;
+    S::setStatus(form.first, S::NeedInput);
+    S::setStatus(form.second, S::UserEdit);
+    form.handler->detach(form.second);
+    QVERIFY(S::isStatus(&form.group, S::NeedInput));
+    S::setStatus(form.second, S::Different);
+    QVERIFY(S::isStatus(&form.group, S::NeedInput));
+    delete form.first;
+    QVERIFY(S::isStatus(&form.group, S::Normal));
+    form.handler->updateParentStatus(); // touches no widget that is gone
 }
 
 void tst_StatusRouting::nesting()
@@ -143,6 +146,9 @@ void tst_StatusRouting::nesting()
     QVERIFY(S::testStatusProperty(&page, S::NeedInput));
     S::setStatus(edit, S::NeedInput, false);
     QVERIFY(!S::testStatusProperty(&page, S::NeedInput));
+    S::setStatus(edit, S::StandardLocked, true);
+    QVERIFY(S::testStatus(group, S::StandardLocked)); // but shows no lock of its own
+    QCOMPARE(page.findChildren<QWidget *>(QStringLiteral("bv_standardlocked")).size(), 1);
 }
 
 void tst_StatusRouting::parentGoesFirst()
@@ -163,20 +169,17 @@ void tst_StatusRouting::parentGoesFirst()
 
 void tst_StatusRouting::oddEvents()
 {
-    QGroupBox group;
-    auto *edit = new QLineEdit(&group);
-    auto *handler = new BVWidgetStatusHandler(&group);
-    handler->attach(edit);
+    Form form;
     BVWidgetStatusChangedEvent nobody(S::Normal, S::NeedInput, nullptr);
-    QCoreApplication::sendEvent(edit, &nobody);
-    QVERIFY(S::isStatus(&group, S::Normal));
+    QCoreApplication::sendEvent(form.first, &nobody);
+    QVERIFY(S::isStatus(&form.group, S::Normal));
 
     auto *stranger = new QLineEdit; // not attached, but spoken for
     BVWidgetStatusChangedEvent other(S::Normal, S::NeedInput, stranger);
-    QCoreApplication::sendEvent(edit, &other);
-    QVERIFY(S::isStatus(&group, S::NeedInput));
+    QCoreApplication::sendEvent(form.first, &other);
+    QVERIFY(S::isStatus(&form.group, S::NeedInput));
     delete stranger;
-    QVERIFY(S::isStatus(&group, S::Normal));
+    QVERIFY(S::isStatus(&form.group, S::Normal));
 }
 
 void tst_StatusRouting::lockFollows()
@@ -202,18 +205,6 @@ void tst_StatusRouting::lockFollows()
     QVERIFY(plain.findChild<QWidget *>(QStringLiteral("bv_standardlocked"))->isHidden());
 }
 
-void tst_StatusRouting::containersShowNoLock()
-{
-    QWidget page;
-    auto *group = new QGroupBox(&page);
-    auto *edit = new QLineEdit(group);
-    (new BVWidgetStatusHandler(&page))->attach(group);
-    (new BVWidgetStatusHandler(group))->attach(edit);
-    S::setStatus(edit, S::StandardLocked, true);
-    QVERIFY(S::testStatus(group, S::StandardLocked));
-    QCOMPARE(page.findChildren<QWidget *>(QStringLiteral("bv_standardlocked")).size(), 1);
-}
-
 void tst_StatusRouting::lockSymbol()
 {
     QGroupBox group;
@@ -231,44 +222,35 @@ void tst_StatusRouting::lockSymbol()
     QVERIFY(symbol()->isHidden());
 }
 
-void tst_StatusRouting::referenceToolTip_data()
-{
-    QTest::addColumn<bool>("checkBox");
-    QTest::addColumn<QString>("own");
-    QTest::addColumn<QVariant>("reference");
-    QTest::addColumn<QString>("toolTip");
-
-    QTest::newRow("text") << false << "" << QVariant("DC04") << "Reference value: DC04";
-    QTest::newRow("below the own text") << false << "Material" << QVariant(2.5) << "Material\nReference value: 2.5";
-    QTest::newRow("list") << false << "" << QVariant(QStringList{"a", "b"}) << "Reference value: a, b";
-    QTest::newRow("check box") << true << "" << QVariant(true) << "Reference value: On";
-    QTest::newRow("check state") << true << "" << QVariant(int(Qt::PartiallyChecked)) << "Reference value: On"; // a box of two states
-    QTest::newRow("no check state") << true << "" << QVariant("abc") << "Reference value: Undefined";
-    QTest::newRow("rich text") << false << "<b>Grade</b>" << QVariant("a<b") << "<b>Grade</b><br>Reference value: a&lt;b";
-    QTest::newRow("digits") << false << "" << QVariant(0.1 + 0.2) << "Reference value: 0.3";
-    QTest::newRow("no text") << false << "" << QVariant(QSize(1, 2)) << "Reference value: Undefined";
-    QTest::newRow("none") << false << "Material" << QVariant() << "Material";
-}
-
 void tst_StatusRouting::referenceToolTip()
 {
-    QFETCH(bool, checkBox);
-    QFETCH(QString, own);
-    QFETCH(QVariant, reference);
+    const std::tuple<bool, QString, QVariant, QString> rows[] = {
+        {false, "", QVariant("DC04"), "Reference value: DC04"},
+        {false, "Material", QVariant(2.5), "Material\nReference value: 2.5"},
+        {false, "", QVariant(QStringList{"a", "b"}), "Reference value: a, b"},
+        {true, "", QVariant(true), "Reference value: On"},
+        {true, "", QVariant(int(Qt::PartiallyChecked)), "Reference value: On"},
+        {true, "", QVariant("abc"), "Reference value: Undefined"},
+        {false, "<b>Grade</b>", QVariant("a<b"), "<b>Grade</b><br>Reference value: a&lt;b"},
+        {false, "", QVariant(0.1 + 0.2), "Reference value: 0.3"},
+        {false, "", QVariant(QSize(1, 2)), "Reference value: Undefined"},
+        {false, "Material", QVariant(), "Material"},
+    };
+    for (const auto &[checkBox, own, reference, toolTip] : rows) {
+        QWidget window;
+        QWidget *child = checkBox ? static_cast<QWidget *>(new QCheckBox(&window)) : new QLineEdit(&window);
+        (new BVWidgetStatusHandler(&window))->attach(child);
+        child->setToolTip(own);
+        child->setProperty("ReferenceValue", reference);
+        QCOMPARE(BVReferenceValueInterface::composedToolTip(child), toolTip);
 
-    QWidget window;
-    QWidget *child = checkBox ? static_cast<QWidget *>(new QCheckBox(&window)) : new QLineEdit(&window);
-    (new BVWidgetStatusHandler(&window))->attach(child);
-    child->setToolTip(own);
-    child->setProperty("ReferenceValue", reference);
-    QTEST(BVReferenceValueInterface::composedToolTip(child), "toolTip");
-
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QHelpEvent help(QEvent::ToolTip, QPoint(1, 1), child->mapToGlobal(QPoint(1, 1)));
-    QApplication::sendEvent(child, &help);
-    QTEST(QToolTip::text(), "toolTip");
-    QToolTip::hideText();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QHelpEvent help(QEvent::ToolTip, QPoint(1, 1), child->mapToGlobal(QPoint(1, 1)));
+        QApplication::sendEvent(child, &help);
+        QCOMPARE(QToolTip::text(), toolTip);
+        QToolTip::hideText();
+    }
 }
 
 void tst_StatusRouting::router()

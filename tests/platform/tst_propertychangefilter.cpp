@@ -16,12 +16,8 @@ namespace {
 class CountingStyle : public QProxyStyle
 {
 public:
-    CountingStyle()
-        : QProxyStyle("fusion")
-    {
-    }
-
     using QProxyStyle::polish;
+    using QProxyStyle::QProxyStyle;
     void polish(QWidget *widget) override
     {
         ++counts[widget];
@@ -72,10 +68,9 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void attributeSelectorTakesEffect();
-    void withoutStyleSheet();
     void rulesReachInside();
     void sizeFollows();
-    void nothingToDo();
+    void withoutWidgetOrSheet();
     void requestsBecomeOne();
     void directOneServesPostedOne();
     void deletedWidgetsAreDropped();
@@ -93,7 +88,7 @@ private:
 void tst_PropertyChangeFilter::initTestCase()
 {
     muteOffscreenWarnings();
-    m_style = new CountingStyle;
+    m_style = new CountingStyle("fusion");
     QApplication::setStyle(m_style);
 }
 
@@ -128,15 +123,6 @@ void tst_PropertyChangeFilter::attributeSelectorTakesEffect()
     edit->setProperty("alarm", false);
     PropertyChangeFilter::repolish(edit);
     QCOMPARE(edit->palette().color(QPalette::Text), plain);
-}
-
-void tst_PropertyChangeFilter::withoutStyleSheet()
-{
-    qApp->setStyleSheet(QString());
-    m_style->counts.clear();
-    PropertyChangeFilter::repolish(m_form->box, true);
-    QCOMPARE(polished(m_form->box), 1); // the style may go by properties of its own accord
-    QCOMPARE(polished(m_form->edit), 1);
 }
 
 void tst_PropertyChangeFilter::rulesReachInside()
@@ -174,13 +160,20 @@ void tst_PropertyChangeFilter::sizeFollows()
     QVERIFY(m_form->box->sizeHint().width() >= 400);
 }
 
-void tst_PropertyChangeFilter::nothingToDo()
+void tst_PropertyChangeFilter::withoutWidgetOrSheet()
 {
     PropertyChangeFilter::repolish(nullptr, true);
     PropertyChangeFilter::repolishPost(nullptr, true);
     QCOMPARE(PropertyChangeFilter::installFilter(nullptr, {"alarm"}), nullptr);
     QCoreApplication::sendPostedEvents();
     QVERIFY(m_style->counts.isEmpty());
+
+    // The style may go by properties of its own accord, without a sheet.
+    qApp->setStyleSheet(QString());
+    m_style->counts.clear();
+    PropertyChangeFilter::repolish(m_form->box, true);
+    QCOMPARE(polished(m_form->box), 1);
+    QCOMPARE(polished(m_form->edit), 1);
 }
 
 void tst_PropertyChangeFilter::requestsBecomeOne()

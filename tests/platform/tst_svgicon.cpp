@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <tuple>
+
 namespace {
 
 // The application runs on a screen of density 2; read by its constructor.
@@ -55,10 +57,8 @@ class tst_SvgIcon : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void sharpAtEverySize_data();
     void sharpAtEverySize();
     void pixmapOfDenseScreen();
-    void unreadable_data();
     void unreadable();
     void copyOutlivesOriginal();
     void menuShowsToolTips();
@@ -88,37 +88,23 @@ void tst_SvgIcon::initTestCase()
     write("empty.svg", "");
 }
 
-void tst_SvgIcon::sharpAtEverySize_data()
-{
-    QTest::addColumn<int>("size");
-    QTest::addColumn<qreal>("ratio");
-    QTest::addColumn<QColor>("twoSizeColor");
-
-    const QColor small("#ff0000");
-    const QColor large("#0000ff");
-    QTest::newRow("8 at 1") << 8 << 1.0 << small;
-    QTest::newRow("16 at 1") << 16 << 1.0 << small;
-    QTest::newRow("16 at 2") << 16 << 2.0 << small;
-    QTest::newRow("18 at 1") << 18 << 1.0 << large;
-    QTest::newRow("24 at 1.5") << 24 << 1.5 << large;
-    QTest::newRow("32 at 2") << 32 << 2.0 << large;
-    QTest::newRow("300 at 1") << 300 << 1.0 << large;
-}
-
 void tst_SvgIcon::sharpAtEverySize()
 {
-    QFETCH(int, size);
-    QFETCH(qreal, ratio);
-    QFETCH(QColor, twoSizeColor);
+    const QColor small("#ff0000");
+    const QColor large("#0000ff");
     const QIcon plain = createSvgIcon(path("small.svg"));
-    QCOMPARE(sharpHalf(painted(plain, size, ratio)), QColor("#ff0000"));
-
     const QIcon icon = createTwoSizeSvgIcon(path("small.svg"), path("large.svg"));
     QVERIFY(!icon.isNull());
-    QCOMPARE(sharpHalf(painted(icon, size, ratio)), twoSizeColor);
-    if (ratio == 1.0) {
-        QCOMPARE(icon.actualSize(QSize(size, size)), QSize(size, size));
-        QCOMPARE(sharpHalf(icon.pixmap(size).toImage()), twoSizeColor);
+    const std::tuple<int, qreal, QColor> rows[] = {
+        {8, 1.0, small}, {16, 1.0, small}, {16, 2.0, small}, {18, 1.0, large}, {24, 1.5, large}, {32, 2.0, large}, {300, 1.0, large},
+    };
+    for (const auto &[size, ratio, twoSizeColor] : rows) {
+        QCOMPARE(sharpHalf(painted(plain, size, ratio)), small);
+        QCOMPARE(sharpHalf(painted(icon, size, ratio)), twoSizeColor);
+        if (ratio == 1.0) {
+            QCOMPARE(icon.actualSize(QSize(size, size)), QSize(size, size));
+            QCOMPARE(sharpHalf(icon.pixmap(size).toImage()), twoSizeColor);
+        }
     }
 }
 
@@ -135,28 +121,17 @@ void tst_SvgIcon::pixmapOfDenseScreen()
     QCOMPARE(sharpHalf(large.toImage()), QColor("#0000ff"));
 }
 
-void tst_SvgIcon::unreadable_data()
-{
-    QTest::addColumn<QString>("file");
-
-    QTest::newRow("missing") << "missing.svg";
-    QTest::newRow("folder") << ".";
-    QTest::newRow("cut off") << "cut.svg";
-    QTest::newRow("no picture") << "other.svg";
-    QTest::newRow("empty") << "empty.svg";
-}
-
 void tst_SvgIcon::unreadable()
 {
-    QFETCH(QString, file);
-    const QString bad = m_folder.filePath(file);
-    const QRegularExpression warning("^Cannot read icon \"" + QRegularExpression::escape(bad) + "\": .+");
-    QTest::ignoreMessage(QtWarningMsg, warning);
-    QVERIFY(createSvgIcon(bad).isNull());
-    QTest::ignoreMessage(QtWarningMsg, warning);
-    QVERIFY(createTwoSizeSvgIcon(path("small.svg"), bad).isNull());
-    QTest::ignoreMessage(QtWarningMsg, warning);
-    QVERIFY(createTwoSizeSvgIcon(bad, bad).isNull());
+    for (const char *name : {"missing.svg", ".", "cut.svg", "other.svg", "empty.svg"}) {
+        const QString bad = path(name);
+        const QRegularExpression warning("^Cannot read icon \"" + QRegularExpression::escape(bad) + "\": .+");
+        for (int i = 0; i < 3; ++i)
+            QTest::ignoreMessage(QtWarningMsg, warning);
+        QVERIFY2(createSvgIcon(bad).isNull(), name);
+        QVERIFY2(createTwoSizeSvgIcon(path("small.svg"), bad).isNull(), name);
+        QVERIFY2(createTwoSizeSvgIcon(bad, bad).isNull(), name);
+    }
 }
 
 void tst_SvgIcon::copyOutlivesOriginal()

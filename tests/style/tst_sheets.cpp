@@ -27,20 +27,15 @@ const QStringList s_sheets = {
 constexpr int s_frontEnds = 5; // the sheets that colour by status, first in the list
 
 // What the toolkit's style sheets know; a misspelt property would be dropped without a word.
-const QStringList s_properties = QStringLiteral("alternate-background-color background-color border border-bottom border-bottom-color "
-                                                "border-bottom-left-radius border-bottom-right-radius border-color border-left "
-                                                "border-left-color border-left-width border-radius border-right border-right-color "
-                                                "border-top "
-                                                "border-top-color border-top-left-radius border-top-right-radius bottom color "
-                                                "dialogbuttonbox-buttons-have-icons font-family font-size font-weight gridline-color "
-                                                "height "
-                                                "image left margin max-height max-width messagebox-critical-icon "
-                                                "messagebox-information-icon "
-                                                "messagebox-warning-icon min-height min-width outline padding padding-bottom padding-left "
-                                                "padding-right padding-top qproperty-icon right selection-background-color selection-color "
-                                                "show-decoration-selected spacing subcontrol-origin subcontrol-position text-align "
-                                                "titlebar-close-icon top width")
-                                     .split(QLatin1Char(' '));
+const QStringList s_properties =
+    QStringLiteral("alternate-background-color background-color border border-bottom border-bottom-color border-bottom-left-radius "
+                   "border-bottom-right-radius border-color border-left border-left-color border-left-width border-radius border-right "
+                   "border-right-color border-top border-top-color border-top-left-radius border-top-right-radius bottom color "
+                   "dialogbuttonbox-buttons-have-icons font-family font-size font-weight gridline-color height image left margin max-height "
+                   "max-width messagebox-critical-icon messagebox-information-icon messagebox-warning-icon min-height min-width outline padding "
+                   "padding-bottom padding-left padding-right padding-top qproperty-icon right selection-background-color selection-color "
+                   "show-decoration-selected spacing subcontrol-origin subcontrol-position text-align titlebar-close-icon top width")
+        .split(QLatin1Char(' '));
 
 struct StatusColor
 {
@@ -59,31 +54,32 @@ constexpr StatusColor s_statusColors[] = {
     {BVWidgetStatus::NeedInput, "textColorError2"},
 };
 
-const QHash<QString, QString> s_bases = {
-    {QStringLiteral("BVButton"), QStringLiteral("QToolButton")},
-    {QStringLiteral("BVCheckBox"), QStringLiteral("QCheckBox")},
-    {QStringLiteral("BVComboBox"), QStringLiteral("QComboBox")},
-    {QStringLiteral("BVLabel"), QStringLiteral("QLabel")},
-    {QStringLiteral("BVLineEdit"), QStringLiteral("QLineEdit")},
-    {QStringLiteral("BVProgressiveDisclosure"), QStringLiteral("QWidget")},
-    {QStringLiteral("BVPushButton"), QStringLiteral("QPushButton")},
-    {QStringLiteral("BVTabBar"), QStringLiteral("QTabBar")},
-    {QStringLiteral("BVTabWidget"), QStringLiteral("QTabWidget")},
-    {QStringLiteral("BVTextEdit"), QStringLiteral("QTextEdit")},
-    {QStringLiteral("BVValueEdit"), QStringLiteral("BVLineEdit")},
-    {QStringLiteral("QAbstractScrollArea"), QStringLiteral("QFrame")},
-    {QStringLiteral("QAbstractItemView"), QStringLiteral("QAbstractScrollArea")},
-    {QStringLiteral("QCommandLinkButton"), QStringLiteral("QPushButton")},
-    {QStringLiteral("QDoubleSpinBox"), QStringLiteral("QAbstractSpinBox")},
-    {QStringLiteral("QHeaderView"), QStringLiteral("QAbstractItemView")},
-    {QStringLiteral("QLabel"), QStringLiteral("QFrame")},
-    {QStringLiteral("QListView"), QStringLiteral("QAbstractItemView")},
-    {QStringLiteral("QMessageBox"), QStringLiteral("QDialog")},
-    {QStringLiteral("QPlainTextEdit"), QStringLiteral("QAbstractScrollArea")},
-    {QStringLiteral("QTableView"), QStringLiteral("QAbstractItemView")},
-    {QStringLiteral("QTextEdit"), QStringLiteral("QAbstractScrollArea")},
-    {QStringLiteral("QTreeView"), QStringLiteral("QAbstractItemView")},
+// Each base with the classes that derive from it.
+constexpr std::pair<const char *, const char *> s_bases[] = {
+    {"QToolButton", "BVButton"},
+    {"QCheckBox", "BVCheckBox"},
+    {"QComboBox", "BVComboBox"},
+    {"QLabel", "BVLabel"},
+    {"QLineEdit", "BVLineEdit"},
+    {"QWidget", "BVProgressiveDisclosure"},
+    {"QPushButton", "BVPushButton QCommandLinkButton"},
+    {"QTabBar", "BVTabBar"},
+    {"QTabWidget", "BVTabWidget"},
+    {"QTextEdit", "BVTextEdit"},
+    {"BVLineEdit", "BVValueEdit"},
+    {"QFrame", "QAbstractScrollArea QLabel"},
+    {"QAbstractScrollArea", "QAbstractItemView QPlainTextEdit QTextEdit"},
+    {"QAbstractSpinBox", "QDoubleSpinBox"},
+    {"QAbstractItemView", "QHeaderView QListView QTableView QTreeView"},
+    {"QDialog", "QMessageBox"},
 };
+
+QString baseOf(const QString &name)
+{
+    const auto *found = std::find_if(std::begin(s_bases), std::end(s_bases),
+                                     [&name](const auto &base) { return QString::fromLatin1(base.second).split(QLatin1Char(' ')).contains(name); });
+    return found == std::end(s_bases) ? QString() : QString::fromLatin1(found->first);
+}
 
 /// A text in the front end: where it stands (classes from the window inwards, "#" before an object
 /// name, "::" before a sub-control) and the states that it is looked at in, beside none, hover and
@@ -146,9 +142,9 @@ SheetElement element(const QString &word)
     SheetElement result;
     result.id = word.section(QLatin1Char('#'), 1);
     QString name = word.section(QLatin1Char('#'), 0, 0);
-    for (; !name.isEmpty(); name = s_bases.value(name)) {
+    for (; !name.isEmpty(); name = baseOf(name)) {
         result.classes.append(name);
-        if (name != QLatin1String("QWidget") && !s_bases.contains(name))
+        if (name != QLatin1String("QWidget") && baseOf(name).isEmpty())
             result.classes.append(QStringLiteral("QWidget"));
     }
     result.states.insert(QStringLiteral("enabled"));
@@ -317,13 +313,10 @@ private Q_SLOTS:
 
     void expandsToPlainSheet_data();
     void expandsToPlainSheet();
-    void isUnderstoodByToolkit_data();
+    void isUnderstoodByToolkit_data() { expandsToPlainSheet_data(); }
     void isUnderstoodByToolkit();
-    void everySheetIsUsed();
-    void iconsRender();
-    void textIsLegible_data();
+    void everySheetIsUsedAndIconsRender();
     void textIsLegible();
-    void strongestStatusShows_data();
     void strongestStatusShows();
     void statusMovesNothing();
 };
@@ -333,20 +326,11 @@ void tst_Sheets::cleanup()
     qApp->setStyleSheet(QString());
 }
 
-namespace {
-
-void addSheetRows(int count)
-{
-    QTest::addColumn<QString>("path");
-    for (const QString &path : s_sheets.mid(0, count))
-        QTest::newRow(qPrintable(path.section(QLatin1Char('/'), -1))) << path;
-}
-
-} // namespace
-
 void tst_Sheets::expandsToPlainSheet_data()
 {
-    addSheetRows(-1);
+    QTest::addColumn<QString>("path");
+    for (const QString &path : s_sheets)
+        QTest::newRow(qPrintable(path.section(QLatin1Char('/'), -1))) << path;
 }
 
 void tst_Sheets::expandsToPlainSheet()
@@ -376,11 +360,6 @@ void tst_Sheets::expandsToPlainSheet()
         QVERIFY2(s_properties.contains(property), qPrintable(property));
 }
 
-void tst_Sheets::isUnderstoodByToolkit_data()
-{
-    addSheetRows(-1);
-}
-
 void tst_Sheets::isUnderstoodByToolkit()
 {
     QFETCH(QString, path);
@@ -395,30 +374,21 @@ void tst_Sheets::isUnderstoodByToolkit()
     QCOMPARE(s_messages, QStringList());
 }
 
-void tst_Sheets::everySheetIsUsed()
-{
-    QSet<QString> used;
-    StyleSheetHandler handler(true);
-    for (const QString &path : s_sheets) {
-        handler.load(path);
-        const QStringList names = handler.getPartNames();
-        used.unite(QSet<QString>(names.begin(), names.end()));
-    }
-    for (QDirIterator it(QStringLiteral(":/Style"), QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
-        const QString path = it.next();
-        QVERIFY2(used.contains(path), qPrintable(path));
-    }
-}
-
-void tst_Sheets::iconsRender()
+void tst_Sheets::everySheetIsUsedAndIconsRender()
 {
     StyleSheetHandler handler(true);
+    QStringList used;
     QSet<QString> icons;
     const QRegularExpression url(QStringLiteral("url\\(([^)]*)\\)"));
     for (const QString &path : s_sheets) {
         handler.load(path);
+        used += handler.getPartNames();
         for (auto it = url.globalMatch(handler.getStyleSheet()); it.hasNext();)
             icons.insert(it.next().captured(1));
+    }
+    for (QDirIterator it(QStringLiteral(":/Style"), QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+        const QString path = it.next();
+        QVERIFY2(used.contains(path), qPrintable(path));
     }
     for (QDirIterator it(QStringLiteral(":/Icons"), QDir::Files); it.hasNext();)
         icons.insert(it.next());
@@ -430,73 +400,56 @@ void tst_Sheets::iconsRender()
     }
 }
 
-void tst_Sheets::textIsLegible_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<bool>("light");
-    for (const QString &path : s_sheets.mid(0, s_frontEnds)) {
-        const QString name = path.section(QLatin1Char('/'), -1);
-        QTest::newRow(qPrintable(name)) << path << false;
-        QTest::newRow(qPrintable(name + QLatin1String(", light"))) << path << true;
-    }
-}
-
 void tst_Sheets::textIsLegible()
 {
-    QFETCH(QString, path);
-    QFETCH(bool, light);
-    StyleSheetHandler handler(true);
-    handler.load(path);
-    handler.setUseLightVersion(light);
-    const SheetReader reader(handler.getStyleSheet());
     QStringList poor;
-    for (const Place &place : s_places) {
-        const QHash<ColorPair, QString> pairs = colorPairs(reader, place);
-        for (auto it = pairs.cbegin(); it != pairs.cend(); ++it) {
-            const QColor text = QColor::fromRgba(it.key().first);
-            const QColor background = QColor::fromRgba(it.key().second);
-            if (contrast(text, background) < 4.5)
-                poor.append(
-                    QStringLiteral("%1: %2 on %3 has %4").arg(it.value(), text.name(), background.name()).arg(contrast(text, background), 0, 'f', 2));
+    for (int i = 0; i < 2 * s_frontEnds; ++i) {
+        const QString &path = s_sheets.at(i / 2);
+        StyleSheetHandler handler(true); // a new one: the colours of a version stay set when another sheet is loaded
+        handler.load(path);
+        handler.setUseLightVersion(i % 2);
+        const SheetReader reader(handler.getStyleSheet());
+        for (const Place &place : s_places) {
+            const QHash<ColorPair, QString> pairs = colorPairs(reader, place);
+            for (auto it = pairs.cbegin(); it != pairs.cend(); ++it) {
+                const QColor text = QColor::fromRgba(it.key().first);
+                const QColor background = QColor::fromRgba(it.key().second);
+                const double seen = contrast(text, background);
+                if (seen < 4.5)
+                    poor.append(QStringLiteral("%1, %2: %3 on %4 has %5").arg(path, it.value(), text.name(), background.name()).arg(seen, 0, 'f', 2));
+            }
         }
     }
     QVERIFY2(poor.isEmpty(), qPrintable(poor.join(QLatin1Char('\n'))));
-}
-
-void tst_Sheets::strongestStatusShows_data()
-{
-    QTest::addColumn<QSharedPointer<QWidget>>("widget");
-    QTest::newRow("line edit") << QSharedPointer<QWidget>(new QLineEdit);
-    QTest::newRow("spin box") << QSharedPointer<QWidget>(new QDoubleSpinBox);
-    QTest::newRow("combo box") << QSharedPointer<QWidget>(new QComboBox);
-    QTest::newRow("text edit") << QSharedPointer<QWidget>(new QTextEdit);
-    QTest::newRow("label") << QSharedPointer<QWidget>(new QLabel);
-    QTest::newRow("check box") << QSharedPointer<QWidget>(new QCheckBox);
-    QTest::newRow("push button") << QSharedPointer<QWidget>(new QPushButton);
 }
 
 // All sets of the flags that can dominate, with and without the weaker marks, against the status
 // that code would paint.
 void tst_Sheets::strongestStatusShows()
 {
-    QFETCH(QSharedPointer<QWidget>, widget);
     StyleSheetHandler handler(true);
     handler.load(StyleSheetHandler::s_defaultCSS);
     qApp->setStyleSheet(handler.getStyleSheet());
-    for (int set = 0; set < 256; ++set) {
-        BVWidgetStatus::Stati stati = set & 128 ? BVWidgetStatus::StandardLocked | BVWidgetStatus::DefaultChanged : BVWidgetStatus::Stati();
-        for (int bit = 0; bit < 7; ++bit)
-            stati.setFlag(s_statusColors[bit + 1].status, set & (1 << bit));
-        BVWidgetStatus::setStatusProperty(widget.data(), stati);
-        widget->ensurePolished();
-        const auto *shown = std::find_if(std::begin(s_statusColors), std::end(s_statusColors),
-                                         [&](const auto &entry) { return entry.status == BVWidgetStatus::getDominantStatusFromFlag(stati); });
-        const QColor color = widget->palette().color(widget->foregroundRole());
-        const QColor expected(handler.getDefined(QString::fromLatin1(shown->define)));
-        QVERIFY2(color == expected, qPrintable(BVWidgetStatus::debugStatusFlag(stati) + QLatin1Char(' ') + color.name()));
+    QWidget window;
+    for (QWidget *widget :
+         std::initializer_list<QWidget *>{new QLineEdit(&window), new QDoubleSpinBox(&window), new QComboBox(&window), new QTextEdit(&window),
+                                          new QLabel(&window), new QCheckBox(&window), new QPushButton(&window)}) {
+        for (int set = 0; set < 256; ++set) {
+            BVWidgetStatus::Stati stati = set & 128 ? BVWidgetStatus::StandardLocked | BVWidgetStatus::DefaultChanged : BVWidgetStatus::Stati();
+            for (int bit = 0; bit < 7; ++bit)
+                stati.setFlag(s_statusColors[bit + 1].status, set & (1 << bit));
+            BVWidgetStatus::setStatusProperty(widget, stati);
+            widget->ensurePolished();
+            const auto *shown = std::find_if(std::begin(s_statusColors), std::end(s_statusColors),
+                                             [&](const auto &entry) { return entry.status == BVWidgetStatus::getDominantStatusFromFlag(stati); });
+            const QColor color = widget->palette().color(widget->foregroundRole());
+            const QColor expected(handler.getDefined(QString::fromLatin1(shown->define)));
+            QVERIFY2(color == expected,
+                     qPrintable(QString::fromLatin1(widget->metaObject()->className()) + BVWidgetStatus::debugStatusFlag(stati) + color.name()));
+        }
+        widget->setEnabled(false);
+        QVERIFY(widget->palette().color(widget->foregroundRole()) != QColor(handler.getDefined(QStringLiteral("textColorError2"))));
     }
-    widget->setEnabled(false);
-    QVERIFY(widget->palette().color(widget->foregroundRole()) != QColor(handler.getDefined(QStringLiteral("textColorError2"))));
 }
 
 // The broad mark at the left takes its room from the padding.

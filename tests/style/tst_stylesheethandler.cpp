@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <array>
+
 using Brimvale::StyleSheetDiagnostic;
 using Brimvale::StyleSheetHandler;
 
@@ -76,14 +78,11 @@ private Q_SLOTS:
     void missingParts();
     void paletteIsTheBaseStyles();
     void userDefinesWin();
-    void fontSizes_data();
     void fontSizes();
     void lightVersion();
     void copiesAreIndependent();
     void savesFiles();
-    void replacesPaths_data();
     void replacesPaths();
-    void replacesDefines_data();
     void replacesDefines();
     void baseStyleSurvivesTheApplicationsChoice();
 
@@ -233,27 +232,23 @@ void tst_StyleSheetHandler::userDefinesWin()
     QCOMPARE(used(handler), "big 12; normal 11; color red;");
 }
 
-void tst_StyleSheetHandler::fontSizes_data()
-{
-    QTest::addColumn<int>("size");
-    QTest::addColumn<QString>("defined"); // very small, smaller, small, normal, big
-
-    QTest::newRow("usual") << 14 << "11 12 13 14 15";
-    QTest::newRow("small") << 3 << "1 1 2 3 4";
-    QTest::newRow("smallest") << 1 << "1 1 1 1 2";
-    QTest::newRow("too small") << 0 << "   11 12";
-    QTest::newRow("greatest") << 2147483647 << "2147483644 2147483645 2147483646 2147483647 2147483648";
-}
-
 void tst_StyleSheetHandler::fontSizes()
 {
-    QFETCH(int, size);
-    MemoryHandler handler = fontHandler();
-    handler.setDefinedFontSize(size);
-    QStringList sizes;
-    for (const char *name : {"VerySmall", "Smaller", "Small", "", "Big"})
-        sizes << handler.getDefined(QString("bvFontSize") + name);
-    QTEST(sizes.join(' '), "defined");
+    const std::pair<int, QString> rows[] = {
+        {14, "11 12 13 14 15"},
+        {3, "1 1 2 3 4"},
+        {1, "1 1 1 1 2"},
+        {0, "   11 12"},
+        {2147483647, "2147483644 2147483645 2147483646 2147483647 2147483648"},
+    };
+    for (const auto &[size, defined] : rows) {
+        MemoryHandler handler = fontHandler();
+        handler.setDefinedFontSize(size);
+        QStringList sizes;
+        for (const char *name : {"VerySmall", "Smaller", "Small", "", "Big"})
+            sizes << handler.getDefined(QString("bvFontSize") + name);
+        QCOMPARE(sizes.join(' '), defined);
+    }
 }
 
 void tst_StyleSheetHandler::lightVersion()
@@ -299,109 +294,45 @@ void tst_StyleSheetHandler::savesFiles()
     QVERIFY(!handler.save(m_dir.filePath("saved/all.css/below a file")));
 }
 
-void tst_StyleSheetHandler::replacesPaths_data()
-{
-    QTest::addColumn<QString>("base");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("resource");
-    QTest::addColumn<QString>("absolute");
-
-    QTest::newRow("resource") << "/base"
-                              << ":/a/b"
-                              << ":/a/b"
-                              << "/base/a/b";
-    QTest::newRow("resource without slash") << "/base"
-                                            << ":a"
-                                            << ":a"
-                                            << "/base/a";
-    QTest::newRow("absolute") << "/base"
-                              << "/base/a/b"
-                              << ":/a/b"
-                              << "/base/a/b";
-    QTest::newRow("base not clean") << "/x/../base/"
-                                    << "/base/a"
-                                    << ":/a"
-                                    << "/base/a";
-    QTest::newRow("beside the base") << "/base"
-                                     << "/base2/a"
-                                     << "/base2/a"
-                                     << "/base2/a";
-    QTest::newRow("out of the base") << "/base"
-                                     << "/base/../a"
-                                     << "/base/../a"
-                                     << "/base/../a";
-    QTest::newRow("relative") << "/base"
-                              << "a"
-                              << "a"
-                              << "a";
-    QTest::newRow("root") << "/"
-                          << "/a"
-                          << ":/a"
-                          << "/a";
-}
-
 void tst_StyleSheetHandler::replacesPaths()
 {
-    QFETCH(QString, base);
-    QFETCH(QString, path);
-    StyleSheetHandler handler(false);
-    handler.setPath(base);
-    QTEST(handler.replacePath(path, StyleSheetHandler::ResourcePath), "resource");
-    QTEST(handler.replacePath(path, StyleSheetHandler::AbsolutePath), "absolute");
-}
-
-void tst_StyleSheetHandler::replacesDefines_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QString>("replaced");
-
-    QTest::newRow("keeps the rest") << "x\n #define  a(b)  1 // one\ny"
-                                    << "2"
-                                    << "x\n #define  a(b)  2 // one\ny";
-    QTest::newRow("every one") << "#define a(b) 1\n#define a(b) 1"
-                               << "\\1"
-                               << "#define a(b) \\1\n#define a(b) \\1";
-    QTest::newRow("other names") << "#define a(bc 1\n#define a(b)c 1"
-                                 << "2"
-                                 << "#define a(bc 1\n#define a(b)c 1";
-    QTest::newRow("value on the next line") << "#define a(b)\n1"
-                                            << "2"
-                                            << "#define a(b)\n1";
-    QTest::newRow("comment before the value") << "/* x */ #define a(b) /* y */ 1"
-                                              << "2"
-                                              << "/* x */ #define a(b) /* y */ 2";
-    QTest::newRow("comment right after the value") << "#define a(b) 1//x\n#define a(b) 1/*\n*/ 3"
-                                                   << "2"
-                                                   << "#define a(b) 2//x\n#define a(b) 2/*\n*/ 3";
-    QTest::newRow("comment within") << "#define a/*x*/(b) 1/*y*/1/*z*/"
-                                    << "2"
-                                    << "#define a/*x*/(b) 2/*y*//*z*/";
-    QTest::newRow("comment for the value") << "#define a(b) // none\n3"
-                                           << "2"
-                                           << "#define a(b) // none\n3";
-    QTest::newRow("commented out") << "/*\n#define a(b) 1\n*/\n//\n#define a(b) 1"
-                                   << "2"
-                                   << "/*\n#define a(b) 1\n*/\n//\n#define a(b) 2";
-    QTest::newRow("value and comment stay apart") << "#define a(b) 1//x"
-                                                  << "2/"
-                                                  << "#define a(b) 2/ //x";
-    QTest::newRow("value with a comment mark") << "#define a(b) 1"
-                                               << "2//3"
-                                               << "#define a(b) 1";
-    QTest::newRow("two words") << "#define a(b) 1"
-                               << "2 3"
-                               << "#define a(b) 1";
-    QTest::newRow("no word") << "#define a(b) 1"
-                             << ""
-                             << "#define a(b) 1";
+    const std::array<QString, 4> rows[] = {
+        {"/base", ":/a/b", ":/a/b", "/base/a/b"},
+        {"/base", ":a", ":a", "/base/a"},
+        {"/base", "/base/a/b", ":/a/b", "/base/a/b"},
+        {"/x/../base/", "/base/a", ":/a", "/base/a"},
+        {"/base", "/base2/a", "/base2/a", "/base2/a"},
+        {"/base", "/base/../a", "/base/../a", "/base/../a"},
+        {"/base", "a", "a", "a"},
+        {"/", "/a", ":/a", "/a"},
+    };
+    for (const auto &[base, path, resource, absolute] : rows) {
+        StyleSheetHandler handler(false);
+        handler.setPath(base);
+        QCOMPARE(handler.replacePath(path, StyleSheetHandler::ResourcePath), resource);
+        QCOMPARE(handler.replacePath(path, StyleSheetHandler::AbsolutePath), absolute);
+    }
 }
 
 void tst_StyleSheetHandler::replacesDefines()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, value);
-    QTEST(StyleSheetHandler::replaceDefine(text, "a(b)", value), "replaced");
+    const std::array<QString, 4> rows[] = {
+        {"keeps the rest", "x\n #define  a(b)  1 // one\ny", "2", "x\n #define  a(b)  2 // one\ny"},
+        {"every one", "#define a(b) 1\n#define a(b) 1", "\\1", "#define a(b) \\1\n#define a(b) \\1"},
+        {"other names", "#define a(bc 1\n#define a(b)c 1", "2", "#define a(bc 1\n#define a(b)c 1"},
+        {"value on the next line", "#define a(b)\n1", "2", "#define a(b)\n1"},
+        {"comment before the value", "/* x */ #define a(b) /* y */ 1", "2", "/* x */ #define a(b) /* y */ 2"},
+        {"comment right after the value", "#define a(b) 1//x\n#define a(b) 1/*\n*/ 3", "2", "#define a(b) 2//x\n#define a(b) 2/*\n*/ 3"},
+        {"comment within", "#define a/*x*/(b) 1/*y*/1/*z*/", "2", "#define a/*x*/(b) 2/*y*//*z*/"},
+        {"comment for the value", "#define a(b) // none\n3", "2", "#define a(b) // none\n3"},
+        {"commented out", "/*\n#define a(b) 1\n*/\n//\n#define a(b) 1", "2", "/*\n#define a(b) 1\n*/\n//\n#define a(b) 2"},
+        {"value and comment stay apart", "#define a(b) 1//x", "2/", "#define a(b) 2/ //x"},
+        {"value with a comment mark", "#define a(b) 1", "2//3", "#define a(b) 1"},
+        {"two words", "#define a(b) 1", "2 3", "#define a(b) 1"},
+        {"no word", "#define a(b) 1", "", "#define a(b) 1"},
+    };
+    for (const auto &[name, text, value, replaced] : rows)
+        QCOMPARE(name + StyleSheetHandler::replaceDefine(text, "a(b)", value), name + replaced);
 }
 
 void tst_StyleSheetHandler::baseStyleSurvivesTheApplicationsChoice()

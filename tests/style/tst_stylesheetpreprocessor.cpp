@@ -6,13 +6,14 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include <array>
+#include <tuple>
+
 using namespace Brimvale;
 using Kind = StyleSheetDiagnostic::Kind;
 using Parts = QHash<QString, QString>;
 
 namespace {
-
-const char *const s_strayMessage = "StyleSheet comment-block closed without open";
 
 ExpandedStyleSheet expand(const Parts &parts, const Parts &userDefines = {})
 {
@@ -142,146 +143,68 @@ class tst_StyleSheetPreprocessor : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void language_data();
     void language();
-    void suffix_data();
     void suffix();
-    void definesThatBreakLines();
     void includes();
     void definesReachAcrossIncludes();
-    void palette_data();
     void palette();
-    void findings_data();
     void findings();
-    void multiplyingSheetEnds_data();
     void multiplyingSheetEnds();
     void removesCommentsByTheRules();
     void substitutesByTheRules();
     void expandsByTheRules();
 };
 
-void tst_StyleSheetPreprocessor::language_data()
-{
-    QTest::addColumn<QString>("sheet");
-    QTest::addColumn<QString>("expanded");
-
-    QTest::newRow("longer name first") << "#define bvFontSize 11\n#define bvFontSizeBig 12\n"
-                                          "font-size: bvFontSizeBigpt bvFontSizept"
-                                       << "font-size: 12pt 11pt\n";
-    QTest::newRow("value is one word") << "#define textColorError #ff4d4d // light red\ntextColorError"
-                                       << "#ff4d4d\n";
-    QTest::newRow("word ends the value") << "\t#define  a \t one two\na"
-                                         << "one\n";
-    QTest::newRow("define without value is a line") << "#define a"
-                                                    << "#define a\n";
-    QTest::newRow("name must stand apart") << "#definea b\n"
-                                           << "#definea b\n";
-    QTest::newRow("case matters") << "#define aB c\nAB ab aB"
-                                  << "AB ab c\n";
-    QTest::newRow("name within a word") << "#define a b\nbanana"
-                                        << "bbnbnb\n";
-    QTest::newRow("value meets a lesser name") << "#define b a\n#define a c\nb"
-                                               << "c\n";
-    QTest::newRow("value meets a greater name") << "#define a b\n#define b c\na"
-                                                << "b\n";
-    QTest::newRow("value holds its own name") << "#define a aa\na"
-                                              << "aa\n";
-    QTest::newRow("later value counts") << "#define a 1\na\n#define a 2\na"
-                                        << "1\n2\n";
-    QTest::newRow("line before the define") << "a\n#define a b\na"
-                                            << "a\nb\n";
-    QTest::newRow("empty lines go, blank ones stay") << "a\n\n \n\nb\n"
-                                                     << "a\n \nb\n";
-    QTest::newRow("carriage returns stay") << "#define a b\r\na\r\n"
-                                           << "b\r\n";
-    QTest::newRow("address is commented out") << "url(http://x);\nb"
-                                              << "url(http:\nb\n";
-    QTest::newRow("line comment ends at a return") << "a//b\rc"
-                                                   << "a\rc\n";
-    QTest::newRow("marks inside comments") << "a/*//<!--*/b<!--/*-->c//*/"
-                                           << "abc\n";
-    QTest::newRow("comment marks overlap") << "a/*/b*/c<!-->-->d"
-                                           << "acd\n";
-    QTest::newRow("open comment reaches to the end") << "a /* b\nc"
-                                                     << "a \n";
-    QTest::newRow("open mark-up comment, too") << "a<!--b\nc--"
-                                               << "a\n";
-    QTest::newRow("closing mark-up alone stays") << "a --> b"
-                                                 << "a --> b\n";
-    QTest::newRow("comment joins lines") << "a/*\n*/b"
-                                         << "ab\n";
-    QTest::newRow("commented define") << "/*#define a b*/\n//#define a c\na"
-                                      << "a\n";
-    QTest::newRow("indented include is a line") << " #include \"x\""
-                                                << " #include \"x\"\n";
-    QTest::newRow("unclosed include is a line") << "#include \"x"
-                                                << "#include \"x\n";
-    QTest::newRow("long line") << "#define a bc\n" + QString(2'000'000, ' ') + "a" << QString(2'000'000, ' ') + "bc\n";
-    QTest::newRow("percent signs survive") << "#define a %1\na %2"
-                                           << "%1 %2\n";
-}
-
 void tst_StyleSheetPreprocessor::language()
 {
-    QFETCH(QString, sheet);
-    QTEST(expand({{"top", sheet}}).text, "expanded");
-}
-
-void tst_StyleSheetPreprocessor::suffix_data()
-{
-    QTest::addColumn<QString>("block");
-    QTest::addColumn<QString>("expanded");
-
-    QTest::newRow("two selectors") << "QWidget[a=\"true\"], QLabel {"
-                                   << "QWidget[a=\"true\"]:on,QLabel:on{\n";
-    QTest::newRow("over lines") << "QWidget,\nQLabel\n{\n}"
-                                << "QWidget:on,\nQLabel:on\n{\n}\n";
-    QTest::newRow("declarations") << "A { b: c, d; e: rgb(1, 2, 3) }"
-                                  << "A:on{ b: c, d; e: rgb(1, 2, 3) }\n";
-    QTest::newRow("declarations over lines") << "A {\n b: c,\n d;\n}\nB{}"
-                                             << "A:on{\n b: c,\n d;\n}\nB:on{}\n";
-    QTest::newRow("two rules on a line") << "A{b:c} D{e:f}"
-                                         << "A:on{b:c}D:on{e:f}\n";
-    QTest::newRow("sub-control") << "QComboBox::drop-down{"
-                                 << "QComboBox::drop-down:on{\n";
-    QTest::newRow("brackets and quotes") << "A[b=\"c,{\"] { d: \"}\"; e: ','; }"
-                                         << "A[b=\"c,{\"]:on{ d: \"}\"; e: ','; }\n";
-    QTest::newRow("lone braces") << "A\n  {\n  }\n}\nB{"
-                                 << "A:on\n  {\n  }\n}\nB:on{\n";
-    QTest::newRow("carriage return") << "A\r\n{ }\r"
-                                     << "A:on\r\n{ }\r\n";
-    QTest::newRow("define in a selector") << "#define Any QWidget,QLabel\nAny {"
-                                          << "QWidget:on,QLabel:on{\n";
-    QTest::newRow("changed suffix") << "A{\n<@:off\nb:c}\nD{"
-                                    << "A:on{\nb:c}\nD:off{\n";
-    QTest::newRow("closed in a rule") << "A{\n@>\nb, c}\n<@:off\nD,\n"
-                                      << "A:on{\nb, c}\nD:off,\n";
-    QTest::newRow("begun in a rule") << "@>\nA {\n<@:off\n  b: c;\n}\nD{"
-                                     << "A {\n  b: c;\n}\nD:off{\n";
-    QTest::newRow("begun again in a rule") << "A{\n@>\nb: c;\n<@:off\nd: e, f\n}\nG{"
-                                           << "A:on{\nb: c;\nd: e, f\n}\nG:off{\n";
-    QTest::newRow("apostrophe") << "A { x: it's } B[c='d'], E {}"
-                                << "A:on{ x: it's }B[c='d']:on,E:on{}\n";
-    QTest::newRow("bracket in quotes in brackets") << "A[b=\"],{\"], C {"
-                                                   << "A[b=\"],{\"]:on,C:on{\n";
-    QTest::newRow("quotes cross in brackets") << "A[b=\"']\"], C[d=']\"'], E {"
-                                              << "A[b=\"']\"]:on,C[d=']\"']:on,E:on{\n";
-    QTest::newRow("nothing closes") << "A[b, C's, \"D {"
-                                    << "A[b:on,C's:on,\"D:on{\n";
-    QTest::newRow("empty suffix closes") << "A,\n<@\nB,"
-                                         << "A:on,\nB,\n";
+    const std::array<QString, 3> rows[] = {
+        {"longer name first",
+         "#define bvFontSize 11\n#define bvFontSizeBig 12\n"
+         "font-size: bvFontSizeBigpt bvFontSizept",
+         "font-size: 12pt 11pt\n"},
+        {"value is one word", "#define textColorError #ff4d4d // light red\ntextColorError", "#ff4d4d\n"},
+        {"word ends the value", "\t#define  a \t one two\na", "one\n"},
+        {"define without value is a line", "#define a", "#define a\n"},
+        {"name must stand apart", "#definea b\n", "#definea b\n"},
+        {"case matters", "#define aB c\nAB ab aB", "AB ab c\n"},
+        {"value meets a lesser name", "#define b a\n#define a c\nb", "c\n"},
+        {"value meets a greater name", "#define a b\n#define b c\na", "b\n"},
+        {"later value counts", "#define a 1\na\n#define a 2\na", "1\n2\n"},
+        {"empty lines go, blank ones stay", "a\n\n \n\nb\n", "a\n \nb\n"},
+        {"address is commented out", "url(http://x);\nb", "url(http:\nb\n"},
+        {"line comment ends at a return", "a//b\rc", "a\rc\n"},
+        {"comment marks overlap", "a/*/b*/c<!-->-->d", "acd\n"},
+        {"open comment reaches to the end", "a /* b\nc", "a \n"},
+        {"closing mark-up alone stays", "a --> b", "a --> b\n"},
+        {"indented include is a line", " #include \"x\"", " #include \"x\"\n"},
+        {"unclosed include is a line", "#include \"x", "#include \"x\n"},
+        {"long line", "#define a bc\n" + QString(2'000'000, ' ') + "a", QString(2'000'000, ' ') + "bc\n"},
+        {"percent signs survive", "#define a %1\na %2", "%1 %2\n"},
+    };
+    for (const auto &[name, sheet, expanded] : rows)
+        QCOMPARE(name + expand({{"top", sheet}}).text, name + expanded);
 }
 
 void tst_StyleSheetPreprocessor::suffix()
 {
-    QFETCH(QString, block);
-    QFETCH(QString, expanded);
-    const QString sheet = "A, B { }\n<@ :on \n" + block + "\n@>\nC, D {";
-    QCOMPARE(expand({{"top", sheet}}).text, "A, B { }\n" + expanded + "C, D {\n");
-}
-
-void tst_StyleSheetPreprocessor::definesThatBreakLines()
-{
+    const std::array<QString, 3> rows[] = {
+        {"two selectors", "QWidget[a=\"true\"], QLabel {", "QWidget[a=\"true\"]:on,QLabel:on{\n"},
+        {"declarations", "A { b: c, d; e: rgb(1, 2, 3) }", "A:on{ b: c, d; e: rgb(1, 2, 3) }\n"},
+        {"brackets and quotes", "A[b=\"c,{\"] { d: \"}\"; e: ','; }", "A[b=\"c,{\"]:on{ d: \"}\"; e: ','; }\n"},
+        {"lone braces", "A\n  {\n  }\n}\nB{", "A:on\n  {\n  }\n}\nB:on{\n"},
+        {"define in a selector", "#define Any QWidget,QLabel\nAny {", "QWidget:on,QLabel:on{\n"},
+        {"changed suffix", "A{\n<@:off\nb:c}\nD{", "A:on{\nb:c}\nD:off{\n"},
+        {"closed in a rule", "A{\n@>\nb, c}\n<@:off\nD,\n", "A:on{\nb, c}\nD:off,\n"},
+        {"begun in a rule", "@>\nA {\n<@:off\n  b: c;\n}\nD{", "A {\n  b: c;\n}\nD:off{\n"},
+        {"begun again in a rule", "A{\n@>\nb: c;\n<@:off\nd: e, f\n}\nG{", "A:on{\nb: c;\nd: e, f\n}\nG:off{\n"},
+        {"apostrophe", "A { x: it's } B[c='d'], E {}", "A:on{ x: it's }B[c='d']:on,E:on{}\n"},
+        {"bracket in quotes in brackets", "A[b=\"],{\"], C {", "A[b=\"],{\"]:on,C:on{\n"},
+        {"quotes cross in brackets", "A[b=\"']\"], C[d=']\"'], E {", "A[b=\"']\"]:on,C[d=']\"']:on,E:on{\n"},
+        {"nothing closes", "A[b, C's, \"D {", "A[b:on,C's:on,\"D:on{\n"},
+        {"empty suffix closes", "A,\n<@\nB,", "A:on,\nB,\n"},
+    };
+    for (const auto &[name, block, expanded] : rows)
+        QCOMPARE(name + expand({{"top", "A, B { }\n<@ :on \n" + block + "\n@>\nC, D {"}}).text, name + "A, B { }\n" + expanded + "C, D {\n");
     const Parts parts{{"top", "#define Any A\n<@:on\nAny, B {"}};
     QCOMPARE(expand(parts, {{"Any", "C,\nD\nE"}}).text, "C:on,\nD:on\nE:on,B:on{\n");
 }
@@ -307,69 +230,48 @@ void tst_StyleSheetPreprocessor::definesReachAcrossIncludes()
     QCOMPARE(expand(parts, {{"b", "3"}, {"c", "4"}, {"o", "5"}}).text, before + "1\n" + after + "1 3\n");
 }
 
-void tst_StyleSheetPreprocessor::palette_data()
-{
-    QTest::addColumn<QString>("define");
-    QTest::addColumn<int>("role"); // NoRole: the palette stays as it is
-
-    QTest::newRow("link") << "palette(link) #123456" << int(QPalette::Link);
-    QTest::newRow("case") << "PALETTE(Window-Text) #123456 // ink" << int(QPalette::WindowText);
-    QTest::newRow("tool tip") << "palette(tooltip-base) #123456" << int(QPalette::ToolTipBase);
-    QTest::newRow("no colour") << "palette(link) colourful" << int(QPalette::NoRole);
-    QTest::newRow("no role") << "palette(ink) #123456" << int(QPalette::NoRole);
-    QTest::newRow("not closed") << "palette(link #123456" << int(QPalette::NoRole);
-    QTest::newRow("no bracket") << "palettelink) #123456" << int(QPalette::NoRole);
-}
-
 void tst_StyleSheetPreprocessor::palette()
 {
-    QFETCH(QString, define);
-    QFETCH(int, role);
-    QPalette expected;
-    if (role != QPalette::NoRole)
-        expected.setColor(QPalette::ColorRole(role), QColor("#123456"));
-    const ExpandedStyleSheet sheet = expand({{"top", "#define " + define + "\npalette(link)"}});
-    QCOMPARE(sheet.palette, expected);
-    QCOMPARE(sheet.text, "palette(link)\n"); // left to the toolkit
-    QVERIFY(sheet.defines.isEmpty());
-}
-
-void tst_StyleSheetPreprocessor::findings_data()
-{
-    QTest::addColumn<QString>("top");
-    QTest::addColumn<QString>("sub");
-    QTest::addColumn<int>("strays");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("missing") << "a\n\n#include \"gone\"\n#include \"gone\""
-                             << "" << 0 << "top:3 missing gone\ntop:4 missing gone";
-    QTest::newRow("missing top") << QString() << "" << 0 << "top:0 missing top";
-    QTest::newRow("after comments over lines") << "/*\n*/a/*\n\n*/\n/*\n*/#include \"gone\""
-                                               << "" << 0 << "top:6 missing gone";
-    QTest::newRow("includes itself") << "#include \"top\""
-                                     << "" << 0 << "top:1 circular top";
-    QTest::newRow("circle of two") << "#include \"sub\""
-                                   << "\n#include \"top\"" << 0 << "sub:2 circular top";
-    QTest::newRow("finding listed once") << "#include \"sub\"\n#include \"sub\""
-                                         << "#include \"gone\"\n*/" << 1 << "sub:2 stray */\nsub:1 missing gone";
-    QTest::newRow("stray ends") << "*/\n/*\n*/*/\n\n**/"
-                                << "" << 3 << "top:1 stray */\ntop:3 stray */\ntop:5 stray */";
+    const std::tuple<const char *, QString, QPalette::ColorRole> rows[] = {
+        {"link", "palette(link) #123456", QPalette::Link},
+        {"case", "PALETTE(Window-Text) #123456 // ink", QPalette::WindowText},
+        {"tool tip", "palette(tooltip-base) #123456", QPalette::ToolTipBase},
+        {"no colour", "palette(link) colourful", QPalette::NoRole},
+        {"no role", "palette(ink) #123456", QPalette::NoRole},
+        {"not closed", "palette(link #123456", QPalette::NoRole},
+        {"no bracket", "palettelink) #123456", QPalette::NoRole},
+    };
+    for (const auto &[name, define, role] : rows) {
+        QPalette expected;
+        if (role != QPalette::NoRole)
+            expected.setColor(role, QColor("#123456"));
+        const ExpandedStyleSheet sheet = expand({{"top", "#define " + define + "\npalette(link)"}});
+        QVERIFY2(sheet.palette == expected, name);
+        QCOMPARE(sheet.text, "palette(link)\n"); // left to the toolkit
+        QVERIFY2(sheet.defines.isEmpty(), name);
+    }
 }
 
 void tst_StyleSheetPreprocessor::findings()
 {
-    QFETCH(QString, top);
-    QFETCH(QString, sub);
-    QFETCH(int, strays);
-    for (int i = 0; i < strays; ++i)
-        QTest::ignoreMessage(QtDebugMsg, s_strayMessage);
-    QTEST(::findings(expand({{"top", top}, {"sub", sub}})), "expected");
+    const std::tuple<QString, QString, QString, int, QString> rows[] = {
+        {"missing", "a\n\n#include \"gone\"\n#include \"gone\"", "", 0, "top:3 missing gone\ntop:4 missing gone"},
+        {"missing top", QString(), "", 0, "top:0 missing top"},
+        {"after comments over lines", "/*\n*/a/*\n\n*/\n/*\n*/#include \"gone\"", "", 0, "top:6 missing gone"},
+        {"includes itself", "#include \"top\"", "", 0, "top:1 circular top"},
+        {"circle of two", "#include \"sub\"", "\n#include \"top\"", 0, "sub:2 circular top"},
+        {"finding listed once", "#include \"sub\"\n#include \"sub\"", "#include \"gone\"\n*/", 1, "sub:2 stray */\nsub:1 missing gone"},
+        {"stray ends", "*/\n/*\n*/*/\n\n**/", "", 3, "top:1 stray */\ntop:3 stray */\ntop:5 stray */"},
+    };
+    for (const auto &[name, top, sub, strays, expected] : rows) {
+        for (int i = 0; i < strays; ++i)
+            QTest::ignoreMessage(QtDebugMsg, "StyleSheet comment-block closed without open");
+        QCOMPARE(name + ::findings(expand({{"top", top}, {"sub", sub}})), name + expected);
+    }
 }
 
-void tst_StyleSheetPreprocessor::multiplyingSheetEnds_data()
+void tst_StyleSheetPreprocessor::multiplyingSheetEnds()
 {
-    QTest::addColumn<Parts>("parts");
-
     Parts twice{{"top", "first\n#include \"0\"\n#include \"0\"\nlast"}};
     Parts deep = twice;
     for (int i = 0; i < 1000; ++i) {
@@ -381,20 +283,18 @@ void tst_StyleSheetPreprocessor::multiplyingSheetEnds_data()
     QString defines = "#define a00 x\n";
     for (int i = 1; i < 60; ++i)
         defines += QString("#define a%1 a%2a%2\n").arg(i, 2, 10, QChar('0')).arg(i - 1, 2, 10, QChar('0'));
-    QTest::newRow("suffix on many selectors") << Parts{
-        {"top", "first\n<@:" + QString(60000, 'x') + '\n' + QString("a,").repeated(60000) + "\n@>\nlast"}};
-    QTest::newRow("twice at each level") << twice;
-    QTest::newRow("deep") << deep;
-    QTest::newRow("defines that double") << Parts{{"top", defines + "first\na59\nlast"}};
-}
-
-void tst_StyleSheetPreprocessor::multiplyingSheetEnds()
-{
-    QFETCH(Parts, parts);
-    const ExpandedStyleSheet sheet = expand(parts);
-    QVERIFY(sheet.text.startsWith("first\n") && sheet.text.endsWith("last\n"));
-    const auto isLimit = [](const auto &finding) { return finding.kind == Kind::LimitReached; };
-    QCOMPARE(std::count_if(sheet.diagnostics.begin(), sheet.diagnostics.end(), isLimit), 1);
+    const std::pair<const char *, Parts> rows[] = {
+        {"suffix on many selectors", Parts{{"top", "first\n<@:" + QString(60000, 'x') + '\n' + QString("a,").repeated(60000) + "\n@>\nlast"}}},
+        {"twice at each level", twice},
+        {"deep", deep},
+        {"defines that double", Parts{{"top", defines + "first\na59\nlast"}}},
+    };
+    for (const auto &[name, parts] : rows) {
+        const ExpandedStyleSheet sheet = expand(parts);
+        QVERIFY2(sheet.text.startsWith("first\n") && sheet.text.endsWith("last\n"), name);
+        const auto isLimit = [](const auto &finding) { return finding.kind == Kind::LimitReached; };
+        QVERIFY2(std::count_if(sheet.diagnostics.begin(), sheet.diagnostics.end(), isLimit) == 1, name);
+    }
 }
 
 void tst_StyleSheetPreprocessor::removesCommentsByTheRules()

@@ -24,7 +24,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include <array>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -43,18 +45,19 @@ QString fileText(const QString &path)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-void writeText(const QString &path, const QString &text)
+void writeText(const QString &path, const QByteArray &text)
 {
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(text.toUtf8());
+    file.write(text);
 }
 
-ProcessSetup steel()
+ProcessSetup readSetup(const QString &path)
 {
     ProcessSetup setup;
     QString error;
-    SetupFile::read(s_steel, setup, error);
+    if (!SetupFile::read(path, setup, error))
+        QTest::qFail(qPrintable(error), __FILE__, __LINE__);
     return setup;
 }
 
@@ -70,15 +73,19 @@ public:
     }
 
     WorkbenchWindow *operator->() { return &m_window; }
-    WorkbenchWindow *window() { return &m_window; }
     BVLineEdit *edit(const char *path) { return m_window.form()->editor(fieldIndex(path))->edit(); }
     double value(const char *path) { return m_window.form()->setup().number(fieldIndex(path)); }
 
-    void type(const char *path, const QString &text)
+    void begin(const char *path, const QString &text)
     {
         edit(path)->setFocus();
         edit(path)->selectAll();
         QTest::keyClicks(edit(path), text);
+    }
+
+    void type(const char *path, const QString &text)
+    {
+        begin(path, text);
         QTest::keyClick(edit(path), Qt::Key_Return);
         QCoreApplication::processEvents();
     }
@@ -118,28 +125,22 @@ private Q_SLOTS:
     void initTestCase();
     void init();
 
-    void readsExamples_data();
     void readsExamples();
     void roundTripsToTheLastBit();
-    void refusesFile_data();
     void refusesFile();
-    void refusesWholeFile_data();
     void refusesWholeFile();
     void convertsUnitsOnReading();
 
     void refusalLeavesDocumentAlone();
-    void reshowsAllValuesInChosenUnits_data();
     void reshowsAllValuesInChosenUnits();
     void acceptsLimitsInAllUnits();
     void typedValueIsConvertedAndMarked();
     void unacceptableTextReachesFormAndGoes();
     void newSetupNeedsInput();
-    void contextMenuBringsReferenceBack_data();
     void contextMenuBringsReferenceBack();
     void savingTakesOverAndMakesReference();
     void savingIsRefusedWhileInputIsNeeded();
-    void failedSavingIsTold();
-    void asksBeforeClosing();
+    void failedSavingIsToldAndClosingAsks();
     void preferencesPersist();
     void foreignFontSizeIsDefault();
 
@@ -160,30 +161,23 @@ void tst_Workbench::init()
     Brimvale::ConfigurationManager::instance().setDefaultValues();
 }
 
-void tst_Workbench::readsExamples_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<double>("thickness");
-    QTest::addColumn<double>("youngsModulus");
-    QTest::addColumn<double>("stroke");
-    QTest::newRow("steel") << s_steel << 0.78 << 206000.0 << 40.0;
-    QTest::newRow("aluminium") << s_aluminium << 0.81 << 71000.0 << 20.0;
-}
-
 void tst_Workbench::readsExamples()
 {
-    QFETCH(QString, file);
-    ProcessSetup setup;
-    QString error;
-    QVERIFY2(SetupFile::read(file, setup, error), qPrintable(error));
-    const auto number = [&](const char *path) { return setup.number(fieldIndex(path)); };
-    QTEST(number("blank/thickness"), "thickness");
-    QTEST(number("material/youngsModulus"), "youngsModulus");
-    QTEST(number("press/stroke"), "stroke");
-    QCOMPARE(number("tools/gap"), (number("tools/dieOpening") - number("tools/punchWidth")) / 2.0);
-    QCOMPARE(number("material/yieldStress"),
-             number("material/hardeningCoefficient") * std::pow(number("material/prestrain"), number("material/hardeningExponent")));
-    QVERIFY(setup.source().contains(QStringLiteral("NUMISHEET '93")));
+    const std::tuple<QString, double, double, double> rows[] = {
+        {s_steel, 0.78, 206000.0, 40.0},
+        {s_aluminium, 0.81, 71000.0, 20.0},
+    };
+    for (const auto &[file, thickness, youngsModulus, stroke] : rows) {
+        const ProcessSetup setup = readSetup(file);
+        const auto number = [&setup](const char *path) { return setup.number(fieldIndex(path)); };
+        QCOMPARE(number("blank/thickness"), thickness);
+        QCOMPARE(number("material/youngsModulus"), youngsModulus);
+        QCOMPARE(number("press/stroke"), stroke);
+        QCOMPARE(number("tools/gap"), (number("tools/dieOpening") - number("tools/punchWidth")) / 2.0);
+        QCOMPARE(number("material/yieldStress"),
+                 number("material/hardeningCoefficient") * std::pow(number("material/prestrain"), number("material/hardeningExponent")));
+        QVERIFY(setup.source().contains(QStringLiteral("NUMISHEET '93")));
+    }
 }
 
 void tst_Workbench::roundTripsToTheLastBit()
@@ -202,113 +196,90 @@ void tst_Workbench::roundTripsToTheLastBit()
     const QString path = m_directory.filePath(QStringLiteral("round.xml"));
     QString error;
     QVERIFY2(SetupFile::write(path, setup, error), qPrintable(error));
-    ProcessSetup read;
-    QVERIFY2(SetupFile::read(path, read, error), qPrintable(error));
+    const ProcessSetup read = readSetup(path);
     QVERIFY(read == setup);
     QCOMPARE(read.title(), QStringLiteral("a < b & \"c\" \u00e9\U0001f527"));
 }
 
-void tst_Workbench::refusesFile_data()
-{
-    QTest::addColumn<QString>("good");
-    QTest::addColumn<QString>("bad");
-    QTest::addColumn<QString>("line"); // a text that stands in the line of the fault
-    QTest::addColumn<QString>("reason");
-
-    const auto row = [](const char *name, const char *good, const char *bad, const char *line, const char *reason) {
-        QTest::newRow(name) << QString::fromUtf8(good) << QString::fromUtf8(bad) << QString::fromUtf8(line) << QString::fromUtf8(reason);
-    };
-    row("end tag of another name", "</blank>", "</blanks>", "</blanks>", "not well-formed");
-    row("end tag missing", "</width>", "", "<width", "<width> holds an element");
-    row("bare ampersand", "Mild steel<", "A & B<", "A & B", "not well-formed");
-    row("text behind the root", "</processSetup>", "</processSetup>\nmore", "more", "not well-formed");
-    row("another root", "processSetup", "plan", "<plan", "begins with <plan>");
-    row("another version", "version=\"1\"", "version=\"2\"", "<processSetup", "version \"2\"");
-    row("no version", " version=\"1\"", "", "<processSetup", "version \"\"");
-    row("unknown group", "tools>", "dies>", "<dies>", "<dies> is not known");
-    row("unknown field", "gap", "slit", "<slit", "<slit> is not known in <tools>");
-    row("field of another group", "stroke", "gap", "<gap unit=\"mm\">40", "<gap> is not known in <press>");
-    row("unknown attribute", "<friction", "<friction kind=\"dry\"", "<friction", "attribute \"kind\"");
-    row("unit where none belongs", "<friction", "<friction unit=\"mm\"", "<friction", "\"unit\"");
-    row("unit missing", "<gap unit=\"mm\"", "<gap", "<gap", "no unit");
-    row("unit of another quantity", "<gap unit=\"mm\"", "<gap unit=\"kg\"", "<gap", "\"kg\" of <gap>");
-    row("no unit text", "<gap unit=\"mm\"", "<gap unit=\"mmm\"", "<gap", "\"mmm\" of <gap>");
-    row("no number", ">0.144<", ">slippery<", "slippery", "\"slippery\" in <friction>");
-    row("comma", ">0.144<", ">0,144<", "0,144", "not a number");
-    row("group separator", ">7800<", ">7,800<", "7,800", "not a number");
-    row("nan", ">0.144<", ">nan<", "nan", "not a number");
-    row("infinite", ">0.144<", ">inf<", "inf<", "not a number");
-    row("overflow", ">0.144<", ">1e999<", "1e999", "not a number");
-    row("too large", ">0.3<", ">0.51<", "0.51", "out of range: from 0 to 0.5.");
-    row("too small", ">0.78<", ">0<", "thickness", "out of range: from 0.01 mm to 50 mm.");
-    row("too large in its unit", "\"mm\">150</length", "\"m\">150</length", "length", "150 m in");
-    row("empty value", ">0.144<", "> <", "<friction", "<friction> has no value");
-    row("empty name", "Mild steel<", "<", "<name", "<name> has no value");
-    row("value missing", "<friction>0.144</friction>", "", "</processSetup>", "<friction> is missing");
-    row("value twice", "<friction>", "<friction>0.1</friction>\n<friction>", "<friction>0.144", "twice");
-    row("group twice", "</tools>", "</tools>\n<tools/>", "<tools/>", "twice");
-    row("element in a value", ">0.144<", "><b>1</b><", "<friction", "holds an element");
-    row("text between elements", "</gap>", "</gap> mm", "<friction", "between the elements");
-}
-
 void tst_Workbench::refusesFile()
 {
-    QFETCH(QString, good);
-    QFETCH(QString, bad);
-    QFETCH(QString, line);
-    QFETCH(QString, reason);
-    QString text = fileText(s_steel);
-    QVERIFY(text.contains(good));
-    text.replace(good, bad);
-    const int position = text.indexOf(line);
-    QVERIFY(position >= 0);
     const QString path = m_directory.filePath(QStringLiteral("bad.xml"));
-    writeText(path, text);
-
-    ProcessSetup setup;
-    const ProcessSetup before = setup;
-    QString error;
-    QVERIFY(!SetupFile::read(path, setup, error));
-    QVERIFY(setup == before);
-    const int lineNumber = text.left(position).count(QLatin1Char('\n')) + 1;
-    QVERIFY2(error.startsWith(QStringLiteral("bad.xml:%1: ").arg(lineNumber)), qPrintable(error));
-    QVERIFY2(error.contains(reason), qPrintable(error));
-}
-
-void tst_Workbench::refusesWholeFile_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("missing") << "none.xml" << QByteArray() << "none.xml: The file cannot be read";
-    QTest::newRow("directory") << "." << QByteArray() << "cannot be read";
-    QTest::newRow("empty") << "f.xml" << QByteArray("") << "f.xml:1: The file is not well-formed";
-    QTest::newRow("binary") << "f.xml" << QByteArray("\0\xff\x01", 3) << "not well-formed";
-    QTest::newRow("huge") << "f.xml" << QByteArray(SetupFile::s_maximumSize + 1, ' ') << "too large";
-    QTest::newRow("entities that multiply") << "f.xml"
-                                            << QByteArray("<!DOCTYPE x [<!ENTITY a \"aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa\">"
-                                                          "<!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;\">"
-                                                          "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\">"
-                                                          "<!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;\">]>"
-                                                          "<processSetup version=\"1\"><title>&d;</title></processSetup>")
-                                            << "not well-formed";
+    // What is replaced by what, a text that stands in the line of the fault, and the reason.
+    const std::array<QString, 5> rows[] = {
+        {"end tag of another name", "</blank>", "</blanks>", "</blanks>", "not well-formed"},
+        {"end tag missing", "</width>", "", "<width", "<width> holds an element"},
+        {"bare ampersand", "Mild steel<", "A & B<", "A & B", "not well-formed"},
+        {"text behind the root", "</processSetup>", "</processSetup>\nmore", "more", "not well-formed"},
+        {"another root", "processSetup", "plan", "<plan", "begins with <plan>"},
+        {"another version", "version=\"1\"", "version=\"2\"", "<processSetup", "version \"2\""},
+        {"no version", " version=\"1\"", "", "<processSetup", "version \"\""},
+        {"unknown group", "tools>", "dies>", "<dies>", "<dies> is not known"},
+        {"unknown field", "gap", "slit", "<slit", "<slit> is not known in <tools>"},
+        {"field of another group", "stroke", "gap", "<gap unit=\"mm\">40", "<gap> is not known in <press>"},
+        {"unknown attribute", "<friction", "<friction kind=\"dry\"", "<friction", "attribute \"kind\""},
+        {"unit where none belongs", "<friction", "<friction unit=\"mm\"", "<friction", "\"unit\""},
+        {"unit missing", "<gap unit=\"mm\"", "<gap", "<gap", "no unit"},
+        {"unit of another quantity", "<gap unit=\"mm\"", "<gap unit=\"kg\"", "<gap", "\"kg\" of <gap>"},
+        {"no unit text", "<gap unit=\"mm\"", "<gap unit=\"mmm\"", "<gap", "\"mmm\" of <gap>"},
+        {"no number", ">0.144<", ">slippery<", "slippery", "\"slippery\" in <friction>"},
+        {"comma", ">0.144<", ">0,144<", "0,144", "not a number"},
+        {"group separator", ">7800<", ">7,800<", "7,800", "not a number"},
+        {"infinite", ">0.144<", ">inf<", "inf<", "not a number"},
+        {"nan", ">0.144<", ">nan<", "nan", "not a number"},
+        {"overflow", ">0.144<", ">1e999<", "1e999", "not a number"},
+        {"too large", ">0.3<", ">0.51<", "0.51", "out of range: from 0 to 0.5."},
+        {"too small", ">0.78<", ">0<", "thickness", "out of range: from 0.01 mm to 50 mm."},
+        {"too large in its unit", "\"mm\">150</length", "\"m\">150</length", "length", "150 m in"},
+        {"empty value", ">0.144<", "> <", "<friction", "<friction> has no value"},
+        {"empty name", "Mild steel<", "<", "<name", "<name> has no value"},
+        {"value missing", "<friction>0.144</friction>", "", "</processSetup>", "<friction> is missing"},
+        {"value twice", "<friction>", "<friction>0.1</friction>\n<friction>", "<friction>0.144", "twice"},
+        {"group twice", "</tools>", "</tools>\n<tools/>", "<tools/>", "twice"},
+        {"element in a value", ">0.144<", "><b>1</b><", "<friction", "holds an element"},
+        {"text between elements", "</gap>", "</gap> mm", "<friction", "between the elements"},
+    };
+    for (const auto &[name, good, bad, line, reason] : rows) {
+        QString text = fileText(s_steel);
+        QVERIFY2(text.contains(good), qPrintable(name));
+        text.replace(good, bad);
+        const int position = text.indexOf(line);
+        QVERIFY2(position >= 0, qPrintable(name));
+        writeText(path, text.toUtf8());
+        ProcessSetup setup;
+        QString error;
+        QVERIFY2(!SetupFile::read(path, setup, error), qPrintable(name));
+        QVERIFY2(setup == ProcessSetup(), qPrintable(name));
+        const int lineNumber = text.left(position).count(QLatin1Char('\n')) + 1;
+        QVERIFY2(error.startsWith(QStringLiteral("bad.xml:%1: ").arg(lineNumber)), qPrintable(name + error));
+        QVERIFY2(error.contains(reason), qPrintable(name + error));
+    }
 }
 
 void tst_Workbench::refusesWholeFile()
 {
-    QFETCH(QString, name);
-    QFETCH(QByteArray, content);
-    QFETCH(QString, reason);
-    const QString path = m_directory.filePath(name);
-    if (name == QLatin1String("f.xml")) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
+    const std::tuple<const char *, QByteArray, QString> rows[] = {
+        {"none.xml", QByteArray(), "none.xml: The file cannot be read"},
+        {".", QByteArray(), "cannot be read"},
+        {"f.xml", QByteArray(""), "f.xml:1: The file is not well-formed"},
+        {"f.xml", QByteArray("\0\xff\x01", 3), "not well-formed"},
+        {"f.xml", QByteArray(SetupFile::s_maximumSize + 1, ' '), "too large"},
+        {"f.xml",
+         QByteArray("<!DOCTYPE x [<!ENTITY a \"aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa\">"
+                    "<!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;\">"
+                    "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\">"
+                    "<!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;\">]>"
+                    "<processSetup version=\"1\"><title>&d;</title></processSetup>"),
+         "not well-formed"},
+    };
+    for (const auto &[name, content, reason] : rows) {
+        const QString path = m_directory.filePath(QString::fromLatin1(name));
+        if (!content.isNull())
+            writeText(path, content);
+        ProcessSetup setup;
+        QString error;
+        QVERIFY2(!SetupFile::read(path, setup, error), qPrintable(reason));
+        QVERIFY2(error.contains(reason), qPrintable(error));
     }
-    ProcessSetup setup;
-    QString error;
-    QVERIFY(!SetupFile::read(path, setup, error));
-    QVERIFY2(error.contains(reason), qPrintable(error));
 }
 
 void tst_Workbench::convertsUnitsOnReading()
@@ -317,10 +288,9 @@ void tst_Workbench::convertsUnitsOnReading()
     writeText(path, fileText(s_steel)
                         .replace(QStringLiteral("\"mm\">0.78"), QStringLiteral("\"inch\">0.5"))
                         .replace(QStringLiteral("\"degC\">20"), QStringLiteral("\"degF\">212"))
-                        .replace(QStringLiteral("\"kg/m^3\">7800"), QStringLiteral("\"t/m^3\">7.8")));
-    ProcessSetup setup;
-    QString error;
-    QVERIFY2(SetupFile::read(path, setup, error), qPrintable(error));
+                        .replace(QStringLiteral("\"kg/m^3\">7800"), QStringLiteral("\"t/m^3\">7.8"))
+                        .toUtf8());
+    const ProcessSetup setup = readSetup(path);
     QCOMPARE(setup.number(fieldIndex("blank/thickness")), 12.7);
     QCOMPARE(setup.number(fieldIndex("press/temperature")), 100.0);
     QCOMPARE(setup.number(fieldIndex("material/density")), 7800.0);
@@ -333,7 +303,7 @@ void tst_Workbench::refusalLeavesDocumentAlone()
     const ProcessSetup before = bench->form()->setup();
     const QString title = bench->windowTitle();
     const QString path = m_directory.filePath(QStringLiteral("half.xml"));
-    writeText(path, fileText(s_aluminium).replace(QStringLiteral(">20<"), QStringLiteral(">x<")));
+    writeText(path, fileText(s_aluminium).replace(QStringLiteral(">20<"), QStringLiteral(">x<")).toUtf8());
 
     QVERIFY(!bench->openFile(path));
     QVERIFY(bench.takeMessage().startsWith(QStringLiteral("half.xml:")));
@@ -343,38 +313,31 @@ void tst_Workbench::refusalLeavesDocumentAlone()
     QVERIFY(bench.edit("tools/gap")->isDifferentStatus());
 }
 
-void tst_Workbench::reshowsAllValuesInChosenUnits_data()
-{
-    QTest::addColumn<int>("dimension");
-    QTest::addColumn<QString>("unit");
-    QTest::addColumn<QStringList>("texts"); // field, text, field, text ...
-    QTest::newRow("inch") << int(UnitsConfiguration::Length) << "inch"
-                          << QStringList{"blank/length", "5.9055 inch", "tools/gap", "0.0787 inch", "press/stroke", "1.5748 inch"};
-    QTest::newRow("psi") << int(UnitsConfiguration::Pressure) << "psi" << QStringList{"material/hardeningCoefficient", "81992.734 psi"};
-    QTest::newRow("newton") << int(UnitsConfiguration::Force) << "N" << QStringList{"press/blankHolderForce", "19600 N"};
-    QTest::newRow("fahrenheit") << int(UnitsConfiguration::Temperature) << "degF" << QStringList{"press/temperature", "68\u00b0F"};
-}
-
 void tst_Workbench::reshowsAllValuesInChosenUnits()
 {
-    QFETCH(int, dimension);
-    QFETCH(QString, unit);
-    QFETCH(QStringList, texts);
     Bench bench;
     const ProcessSetup before = bench->form()->setup();
-    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Dimension(dimension), unit);
-    for (int i = 0; i < texts.size(); i += 2)
-        QCOMPARE(bench.edit(texts[i].toLatin1())->text(), texts[i + 1]);
-    bench->form()->takeOver();
-    QVERIFY(bench->form()->setup() == before);
-    QVERIFY(!bench->isWindowModified());
+    const std::tuple<UnitsConfiguration::Dimension, QString, QStringList> rows[] = {
+        {UnitsConfiguration::Length, "inch", QStringList{"blank/length", "5.9055 inch", "tools/gap", "0.0787 inch", "press/stroke", "1.5748 inch"}},
+        {UnitsConfiguration::Pressure, "psi", QStringList{"material/hardeningCoefficient", "81992.734 psi"}},
+        {UnitsConfiguration::Force, "N", QStringList{"press/blankHolderForce", "19600 N"}},
+        {UnitsConfiguration::Temperature, "degF", QStringList{"press/temperature", "68\u00b0F"}},
+    };
+    for (const auto &[dimension, unit, texts] : rows) {
+        UnitsConfiguration::instance().setCurrentUnit(dimension, unit);
+        for (int i = 0; i < texts.size(); i += 2)
+            QCOMPARE(bench.edit(texts[i].toLatin1())->text(), texts[i + 1]);
+        bench->form()->takeOver();
+        QVERIFY2(bench->form()->setup() == before, qPrintable(unit));
+        QVERIFY2(!bench->isWindowModified(), qPrintable(unit));
+    }
 }
 
 void tst_Workbench::acceptsLimitsInAllUnits()
 {
     Bench bench;
     for (const bool upper : {false, true}) {
-        ProcessSetup setup = steel();
+        ProcessSetup setup = readSetup(s_steel);
         for (int i = 0; i < SetupFields::count(); ++i) {
             const SetupField &field = SetupFields::field(i);
             setup.setNumber(i, upper ? field.maximum : field.minimum);
@@ -444,44 +407,38 @@ void tst_Workbench::newSetupNeedsInput()
     QVERIFY(bench->isWindowModified());
 }
 
-void tst_Workbench::contextMenuBringsReferenceBack_data()
-{
-    QTest::addColumn<QByteArray>("field");
-    QTest::addColumn<QString>("typed");
-    QTest::newRow("number") << QByteArray("tools/gap") << "3.5";
-    QTest::newRow("text") << QByteArray("material/name") << "DC04";
-    QTest::newRow("unacceptable text") << QByteArray("tools/gap") << "5 kg";
-    QTest::newRow("emptied text") << QByteArray("material/name") << " ";
-}
-
 void tst_Workbench::contextMenuBringsReferenceBack()
 {
-    QFETCH(QByteArray, field);
-    QFETCH(QString, typed);
-    Bench bench;
-    BVLineEdit *edit = bench.edit(field);
-    const QString before = edit->text();
-    bench.type(field, typed);
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2));
-    QCoreApplication::sendEvent(edit, &event);
-    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    QVERIFY(menu);
-    QCOMPARE(menu->actions().constFirst()->text(), QStringLiteral("Reset Value to Standard"));
-    menu->actions().constFirst()->trigger();
-    menu->close();
-    QCoreApplication::processEvents();
-    QCOMPARE(edit->text(), before);
-    QCOMPARE(edit->getBvStatus(), BVWidgetStatus::Stati());
-    QVERIFY(!bench->isWindowModified());
+    const std::pair<QByteArray, QString> rows[] = {
+        {QByteArray("tools/gap"), "3.5"},
+        {QByteArray("material/name"), "DC04"},
+        {QByteArray("tools/gap"), "5 kg"},
+        {QByteArray("material/name"), " "},
+    };
+    for (const auto &[field, typed] : rows) {
+        Bench bench;
+        BVLineEdit *edit = bench.edit(field);
+        const QString before = edit->text();
+        bench.type(field, typed);
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2));
+        QCoreApplication::sendEvent(edit, &event);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY2(menu, qPrintable(typed));
+        QCOMPARE(menu->actions().constFirst()->text(), QStringLiteral("Reset Value to Standard"));
+        menu->actions().constFirst()->trigger();
+        menu->close();
+        QCoreApplication::processEvents();
+        QCOMPARE(edit->text(), before);
+        QCOMPARE(edit->getBvStatus(), BVWidgetStatus::Stati());
+        QVERIFY2(!bench->isWindowModified(), qPrintable(typed));
+    }
 }
 
 void tst_Workbench::savingTakesOverAndMakesReference()
 {
     Bench bench;
     const QString path = m_directory.filePath(QStringLiteral("saved.xml"));
-    bench.edit("tools/gap")->setFocus();
-    bench.edit("tools/gap")->selectAll();
-    QTest::keyClicks(bench.edit("tools/gap"), QStringLiteral("3")); // and no Return
+    bench.begin("tools/gap", QStringLiteral("3")); // and no Return
     QVERIFY(bench->isWindowModified());
     QVERIFY(bench->saveFile(path));
     QVERIFY(!bench->isWindowModified());
@@ -489,40 +446,31 @@ void tst_Workbench::savingTakesOverAndMakesReference()
     QVERIFY(bench.edit("tools/gap")->isUserEditStatus());
     QCOMPARE(WorkbenchSettings::instance().recentFile(), path);
 
-    ProcessSetup read;
-    QString error;
-    QVERIFY2(SetupFile::read(path, read, error), qPrintable(error));
+    const ProcessSetup read = readSetup(path);
     QVERIFY(read == bench->form()->setup());
     QCOMPARE(read.number(fieldIndex("tools/gap")), 3.0);
-    QCOMPARE(read.source(), steel().source());
+    QCOMPARE(read.source(), readSetup(s_steel).source());
 }
 
 void tst_Workbench::savingIsRefusedWhileInputIsNeeded()
 {
     Bench bench;
     const QString path = m_directory.filePath(QStringLiteral("unsaved.xml"));
-    bench.edit("tools/gap")->setFocus();
-    bench.edit("tools/gap")->selectAll();
-    QTest::keyClicks(bench.edit("tools/gap"), QStringLiteral("5 kg"));
+    bench.begin("tools/gap", QStringLiteral("5 kg"));
     QVERIFY(!bench->saveFile(path));
     QVERIFY(bench.takeMessage().contains(QStringLiteral("Gap")));
     QVERIFY(!QFile::exists(path));
     QCOMPARE(bench.edit("tools/gap")->text(), QStringLiteral("5 kg"));
 }
 
-void tst_Workbench::failedSavingIsTold()
+void tst_Workbench::failedSavingIsToldAndClosingAsks()
 {
     Bench bench;
     bench.type("tools/gap", QStringLiteral("3"));
     QVERIFY(!bench->saveFile(m_directory.filePath(QStringLiteral("none/cup.xml"))));
     QVERIFY(bench.takeMessage().startsWith(QStringLiteral("cup.xml: ")));
     QVERIFY(bench->isWindowModified());
-}
 
-void tst_Workbench::asksBeforeClosing()
-{
-    Bench bench;
-    bench.type("tools/gap", QStringLiteral("3"));
     answerNextQuestion(QMessageBox::Cancel);
     QVERIFY(!bench->close());
     answerNextQuestion(QMessageBox::Discard);
@@ -560,7 +508,7 @@ void tst_Workbench::foreignFontSizeIsDefault()
 {
     const QString file = m_directory.filePath(QStringLiteral("workbench.ini"));
     QVERIFY(Preferences::save());
-    writeText(file, fileText(file).replace(QStringLiteral("FontSize=10"), QStringLiteral("FontSize=4000")));
+    writeText(file, fileText(file).replace(QStringLiteral("FontSize=10"), QStringLiteral("FontSize=4000")).toUtf8());
     Preferences::load(file);
     QCOMPARE(WorkbenchSettings::instance().fontSize(), WorkbenchSettings::s_defaultFontSize);
 }
