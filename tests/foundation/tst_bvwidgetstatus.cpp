@@ -245,7 +245,8 @@ void tst_BVWidgetStatus::colors()
             for (const QColor &color :
                  {table.forDarkBackground(status), table.forLightBackground(status), table.forButtons(status, false), table.forButtons(status, true)})
                 names << color.name().mid(1);
-            QCOMPARE(names.join(QLatin1Char(' ')), useLight ? light : main);
+            const QString shown = names.join(QLatin1Char(' '));
+            QVERIFY2(shown == (useLight ? light : main), qPrintable(QStringLiteral("%1: %2").arg(int(status)).arg(shown)));
         }
     }
     table.setUseLightColor(false);

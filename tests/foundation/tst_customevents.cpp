@@ -44,9 +44,15 @@ void tst_CustomEvents::types()
 void tst_CustomEvents::fields()
 {
     QWidget widget;
-    QVERIFY(RegisterResizeableWidgetInterfaceEvent(nullptr, &widget, true).deregister());
-    QVERIFY(!RegisterDragAndDropWidgetEvent(&widget, nullptr, false).deregister());
+    const RegisterResizeableWidgetInterfaceEvent panel(nullptr, &widget, true);
+    QVERIFY(panel.getResizableWidget() == &widget && panel.deregister());
+    const RegisterDragAndDropWidgetEvent drag(&widget, nullptr, false);
+    QVERIFY(drag.getWidget() == &widget && !drag.deregister());
     QVERIFY(!OverlayEvent().open() && OverlayEvent(true).open());
+    QCOMPARE(ResizeWidgetCloseEvent(&widget).getParentWidget(), &widget);
+    const VirtualSliderEvent slider(5, Qt::ShiftModifier); // the key comes first
+    QCOMPARE(slider.getKeys(), 5);
+    QCOMPARE(slider.getModifiers(), Qt::KeyboardModifiers(Qt::ShiftModifier));
     const OpenSimulationEvent original(QStringLiteral("cup.sim"), QStringLiteral("done"));
     const OpenSimulationEvent copy = original;
     QCOMPARE(copy.getFileName() + copy.getMessage(), QStringLiteral("cup.simdone"));
