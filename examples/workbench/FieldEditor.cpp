@@ -2,12 +2,11 @@
 #include "FieldEditor.h"
 
 #include <BVLineEdit.h>
+#include <BVReferenceValueInterface.h>
 
 #include <QVariant>
 
 namespace {
-
-const char s_referenceProperty[] = "ReferenceValue";
 
 const BVWidgetStatus::Stati s_differenceFlags =
     BVWidgetStatus::Different | BVWidgetStatus::StandardChanged | BVWidgetStatus::ResetAvailable;
@@ -69,7 +68,7 @@ void FieldEditor::updateStatus()
     stati.setFlag(BVWidgetStatus::UserEdit, m_edited);
     if (differs && reference().isValid())
         stati |= s_differenceFlags;
-    m_edit->setProperty(s_referenceProperty, differs ? reference() : QVariant());
+    m_edit->setProperty(BVReferenceValueInterface::s_property, differs ? reference() : QVariant());
     m_edit->setBvStatus(stati);
 }
 

@@ -2,6 +2,7 @@
 //
 // Random texts are judged and read, random values shown with random settings and read back, in an
 // English and in a comma locale.
+#include "LastDigit.h"
 #include "units/BVFormatter.h"
 #include "units/BVUnitSymbols.h"
 #include "units/BVUnitValidator.h"
@@ -94,18 +95,6 @@ void readTyped(BVFormatter &formatter, QString text)
     BVFormatter::replaceSymbols(symbols, false);
     BVFormatter::replaceSymbols(symbols, true);
     BVFormatter::truncTextToDecimals(text, pos % 8, formatter.notation());
-}
-
-double lastDigit(const QString &text)
-{
-    QString number;
-    QString unit;
-    BVUnitValidator::split(text, number, unit);
-    const int e = number.indexOf(QLatin1Char('E'));
-    const QString mantissa = number.left(e);
-    const int point = mantissa.indexOf(QLatin1Char('.'));
-    const int decimals = point < 0 ? 0 : mantissa.size() - point - 1;
-    return std::pow(10.0, (e < 0 ? 0 : number.mid(e + 1).toInt()) - decimals);
 }
 
 void roundTrip(const BVFormatter &formatter, double value, bool full)

@@ -53,15 +53,8 @@ protected:
         QMenu *menu = createContextMenu();
         if (!menu)
             menu = new BVMenu(this);
-        setupStandardMenu(menu, this, SIGNAL(standardActionTriggered(int)));
-        if (menu->isEmpty()) {
-            delete menu;
+        if (!popupStandardMenu(menu, this, event->globalPos()))
             Base::contextMenuEvent(event);
-            return;
-        }
-        menu->setToolTipsVisible(true);
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        menu->popup(event->globalPos());
     }
 
     // The dispatcher has re-applied the style already unless the flags were cleared silently; then

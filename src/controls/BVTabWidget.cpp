@@ -90,13 +90,6 @@ void BVTabWidget::contextMenuEvent(QContextMenuEvent *event)
     const int index = m_tabBar->tabAt(m_tabBar->mapFrom(this, event->pos()));
     if (index >= 0)
         setCurrentIndex(index);
-    auto *menu = new BVMenu(this);
-    setupStandardMenu(menu, this, SIGNAL(standardActionTriggered(int)));
-    if (menu->isEmpty()) {
-        delete menu;
+    if (!popupStandardMenu(new BVMenu(this), this, event->globalPos()))
         QTabWidget::contextMenuEvent(event);
-        return;
-    }
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(event->globalPos());
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/BVCheckableContainerInterface.h"
 
+#include "foundation/BVReferenceValueInterface.h"
 #include "foundation/BVWidgetStatusHandler.h"
 #include "foundation/BVWidgetStatusPropertyDispatcher.h"
 #include "platform/BVMenu.h"
@@ -13,7 +14,6 @@
 
 namespace {
 
-constexpr char s_referenceProperty[] = "ReferenceValue";
 constexpr char s_containerProperty[] = "container"; // of a button group
 
 // The flags that a container shares with its buttons.
@@ -68,8 +68,9 @@ void BVCheckableContainerInterface::attach(QAbstractButton *button, int id)
     m_group.addButton(button, id);
     m_statusHandler->attach(button);
     followContextMenu(button);
-    if (property(s_referenceProperty).isValid())
-        button->setProperty(s_referenceProperty, property(s_referenceProperty));
+    if (property(BVReferenceValueInterface::s_property).isValid())
+        button->setProperty(BVReferenceValueInterface::s_property,
+                            property(BVReferenceValueInterface::s_property));
 }
 
 void BVCheckableContainerInterface::detach(QAbstractButton *button)
@@ -194,10 +195,11 @@ bool BVCheckableContainerInterface::event(QEvent *event)
         break;
     case QEvent::DynamicPropertyChange:
         if (static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() ==
-            s_referenceProperty) {
+            BVReferenceValueInterface::s_property) {
             const QList<QAbstractButton *> buttons = m_group.buttons();
             for (QAbstractButton *button : buttons)
-                button->setProperty(s_referenceProperty, property(s_referenceProperty));
+                button->setProperty(BVReferenceValueInterface::s_property,
+                                    property(BVReferenceValueInterface::s_property));
         }
         break;
     default:

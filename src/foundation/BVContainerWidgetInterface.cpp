@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/BVContainerWidgetInterface.h"
 
+#include "foundation/BVNamedFlags_p.h"
 #include "foundation/BVStatusBatch.h"
 
 void BVContainerWidgetInterface::setBvStatus(BVWidgetStatus::Status status, bool on)
@@ -87,19 +88,6 @@ BVWidgetStatus::Stati BVContainerWidgetInterface::getBvStatus(int index) const
         return getBvStatus(index, BVWidgetStatus::Flag); \
     }
 
-BV_DEFINE_FLAG(NeedInputStatus, NeedInput)
-BV_DEFINE_FLAG(UserEditStatus, UserEdit)
-BV_DEFINE_FLAG(DifferentStatus, Different)
-BV_DEFINE_FLAG(CompareDifferent, CompareDifferent)
-BV_DEFINE_FLAG(RuvixEnabled, RuvixEnabled)
-BV_DEFINE_FLAG(RuvixStandardChanged, RuvixStandardChanged)
-BV_DEFINE_FLAG(RuvixActive, RuvixActive)
-BV_DEFINE_FLAG(RuvixInvalid, RuvixInvalid)
-BV_DEFINE_FLAG(StandardEnabled, StandardEnabled)
-BV_DEFINE_FLAG(StandardDefined, StandardDefined)
-BV_DEFINE_FLAG(StandardDefault, StandardDefault)
-BV_DEFINE_FLAG(DefaultChanged, DefaultChanged)
-BV_DEFINE_FLAG(StandardChanged, StandardChanged)
-BV_DEFINE_FLAG(StandardLocked, StandardLocked)
+BV_FOR_NAMED_FLAGS(BV_DEFINE_FLAG)
 
 #undef BV_DEFINE_FLAG

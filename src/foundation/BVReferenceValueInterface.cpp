@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr char s_referenceProperty[] = "ReferenceValue";
 constexpr int s_digits = 12; // significant, so that 0.1 + 0.2 reads 0.3
 
 QString translated(const char *text)
@@ -22,7 +21,7 @@ QString translated(const char *text)
 
 bool hasReference(const QWidget *widget)
 {
-    const QVariant reference = widget->property(s_referenceProperty);
+    const QVariant reference = widget->property(BVReferenceValueInterface::s_property);
     return reference.isValid() && !reference.isNull();
 }
 
@@ -95,7 +94,7 @@ QString BVReferenceValueInterface::composedToolTip(const QWidget *widget)
     QString text = shown ? shown->toolTipText() : widget->toolTip();
     if (!hasReference(widget))
         return text;
-    const QVariant reference = widget->property(s_referenceProperty);
+    const QVariant reference = widget->property(BVReferenceValueInterface::s_property);
     return joinedToolTip(text,
                          {translated("Reference value: %1").arg(referenceText(widget, reference))});
 }

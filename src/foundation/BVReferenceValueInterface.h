@@ -20,6 +20,9 @@ class QWidget;
 class BVWIDGETS_EXPORT BVReferenceValueInterface
 {
 public:
+    /// The dynamic property that holds a widget's reference value.
+    static constexpr char s_property[] = "ReferenceValue";
+
     virtual ~BVReferenceValueInterface();
 
     /// The reference value as the widget would show it; empty when it cannot.

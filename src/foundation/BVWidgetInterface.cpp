@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/BVWidgetInterface.h"
 
+#include "foundation/BVNamedFlags_p.h"
 #include "foundation/BVStatusBatch.h"
 
 #include <QAction>
@@ -200,20 +201,7 @@ void BVWidgetInterface::emitChanged()
         return getBvStatus(BVWidgetStatus::Flag); \
     }
 
-BV_DEFINE_FLAG(NeedInputStatus, NeedInput)
-BV_DEFINE_FLAG(UserEditStatus, UserEdit)
-BV_DEFINE_FLAG(DifferentStatus, Different)
-BV_DEFINE_FLAG(CompareDifferent, CompareDifferent)
-BV_DEFINE_FLAG(RuvixEnabled, RuvixEnabled)
-BV_DEFINE_FLAG(RuvixStandardChanged, RuvixStandardChanged)
-BV_DEFINE_FLAG(RuvixActive, RuvixActive)
-BV_DEFINE_FLAG(RuvixInvalid, RuvixInvalid)
-BV_DEFINE_FLAG(StandardEnabled, StandardEnabled)
-BV_DEFINE_FLAG(StandardDefined, StandardDefined)
-BV_DEFINE_FLAG(StandardDefault, StandardDefault)
-BV_DEFINE_FLAG(DefaultChanged, DefaultChanged)
-BV_DEFINE_FLAG(StandardChanged, StandardChanged)
-BV_DEFINE_FLAG(StandardLocked, StandardLocked)
+BV_FOR_NAMED_FLAGS(BV_DEFINE_FLAG)
 BV_DEFINE_FLAG(ResetToStandardDisabled, ResetToStandardDisabled)
 BV_DEFINE_FLAG(DeleteVariableDisabled, DeleteVariableDisabled)
 
@@ -225,6 +213,20 @@ void BVWidgetInterface::setupStandardMenu(QMenu *menu, const QObject *receiver,
     const BVWidgetStatus::Stati stati = getBvStatus();
     if (!BVWidgetStatus::testFlag(stati, BVWidgetStatus::ResetToStandardDisabled))
         setupStandardMenu(stati, menu, receiver, member);
+}
+
+bool BVWidgetInterface::popupStandardMenu(QMenu *menu, const QObject *receiver,
+                                          const QPoint &globalPosition) const
+{
+    setupStandardMenu(menu, receiver, SIGNAL(standardActionTriggered(int)));
+    if (menu->isEmpty()) {
+        delete menu;
+        return false;
+    }
+    menu->setToolTipsVisible(true);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(globalPosition);
+    return true;
 }
 
 void BVWidgetInterface::setupStandardMenu(BVWidgetStatus::Stati stati, QMenu *menu,

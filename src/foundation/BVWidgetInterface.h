@@ -9,6 +9,7 @@
 
 class QMenu;
 class QObject;
+class QPoint;
 class QWidget;
 
 /// What every status-carrying widget offers: its flags, a setter and a test for each, and the
@@ -98,6 +99,11 @@ public:
 protected:
     /// The same for the widget's own flags; nothing while ResetToStandardDisabled is set.
     void setupStandardMenu(QMenu *menu, const QObject *receiver, const char *member) const;
+    /// Takes @p menu over, puts the standard entries in front of its own and opens it; the choice
+    /// reaches the signal standardActionTriggered(int) of @p receiver. False, with the menu gone,
+    /// if it is empty.
+    bool popupStandardMenu(QMenu *menu, const QObject *receiver,
+                           const QPoint &globalPosition) const;
 
 private:
     void emitChanged();

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "LastDigit.h"
 #include "TestRows.h"
 #include "units/BVFormatter.h"
 #include "units/BVUnitSymbols.h"
@@ -45,19 +46,6 @@ bool tells(const QString &text, double value)
     const double read = QLocale::c().toDouble(text, &ok);
     const bool roundedUp = std::isinf(read) && std::fabs(value) > 1e307;
     return (ok || roundedUp) && read * value >= 0.0;
-}
-
-/// The value of one unit of the last digit of the number at the start of a text.
-double lastDigit(const QString &text)
-{
-    QString number;
-    QString unit;
-    BVUnitValidator::split(text, number, unit);
-    const int e = number.indexOf(QLatin1Char('E'));
-    const QString mantissa = number.left(e);
-    const int point = mantissa.indexOf(QLatin1Char('.'));
-    const int decimals = point < 0 ? 0 : mantissa.size() - point - 1;
-    return std::pow(10.0, (e < 0 ? 0 : number.mid(e + 1).toInt()) - decimals);
 }
 
 QVariantList settingsOf(const BVFormatter &formatter)
