@@ -740,9 +740,11 @@ void BVDoubleSpinBox::updateLock()
 QMenu *BVDoubleSpinBox::createContextMenu()
 {
     QMenu *menu = lineEdit()->createStandardContextMenu();
-    if (auto *all = menu->findChild<QAction *>(QStringLiteral("select-all"))) {
-        all->disconnect(lineEdit());
-        connect(all, &QAction::triggered, this, &QAbstractSpinBox::selectAll); // without the prefix
+    const QList<QAction *> actions = menu->actions();
+    for (const QAction *action : actions) {
+        // The line edit selects the prefix, too; the box follows it and does not.
+        if (action->text().startsWith(QLineEdit::tr("Select All")))
+            connect(action, &QAction::triggered, this, &QAbstractSpinBox::selectAll);
     }
     const StepEnabled enabled = stepEnabled();
     menu->addSeparator();

@@ -7,7 +7,9 @@
 #include "TestSupport.h"
 
 #include <QAccessible>
+#include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -509,6 +511,17 @@ void tst_BVDoubleSpinBox::look()
     QCOMPARE(box->prefix(), QStringLiteral("near 2.5 \u00d7 "));
     box->setFactor(1.0);
     QCOMPARE(box->prefix(), QString("near "));
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5));
+    QCoreApplication::sendEvent(box, &event);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    for (QAction *action : menu->actions()) {
+        if (action->text().startsWith("Select All") || action->text() == "&Step up")
+            action->trigger();
+    }
+    QCOMPARE("near " + form.m_edit->selectedText(), box->text());
+    QTRY_COMPARE(box->value(), 1e6 + 1.0);
+    menu->close();
 }
 
 QTEST_MAIN(tst_BVDoubleSpinBox)
