@@ -9,6 +9,7 @@
 #include "units/BVSliderGeometry_p.h"
 #include "units/BVSliderPainter_p.h"
 #include "units/BVSliderScale_p.h"
+#include "units/BVSliderSteps_p.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -24,17 +25,11 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include <algorithm>
-#include <cmath>
-
 namespace {
 
-constexpr int s_throttleTime = 60;        // ms, between two moves of a limit
-constexpr int s_toolTipDigits = 3;        // significant, while dragging a limit
-constexpr int s_largeFactor = 10;         // of steps with Ctrl; they are divided by it with Shift
-constexpr double s_deviations = 6.0;      // in the admissible range, of the default curve
-constexpr int s_firstKeyCode = 0x1000000; // the toolkit's codes of keys without a character
-constexpr qint64 s_farthestStep = Q_INT64_C(1) << 33; // beyond any two positions
+constexpr int s_throttleTime = 60;   // ms, between two moves of a limit
+constexpr int s_toolTipDigits = 3;   // significant, while dragging a limit
+constexpr double s_deviations = 6.0; // in the admissible range, of the default curve
 
 enum class NamedBrush {
     AlmostBlack,
@@ -77,21 +72,6 @@ QBrush namedBrush(NamedBrush name)
     const BrushRow &row = s_brushes[static_cast<size_t>(name)];
     return QBrush(QColor::fromRgba(row.color), row.style);
 }
-
-/// The step of a slider action, in the direction of larger positions; 0 for all others.
-struct KeyRow
-{
-    int key;
-    int direction;
-    bool isPage;
-    bool mirrors; // in right-to-left layouts
-};
-
-constexpr KeyRow s_keys[] = {
-    {Qt::Key_Left, -1, false, true},  {Qt::Key_Right, 1, false, true},
-    {Qt::Key_Up, 1, false, false},    {Qt::Key_Down, -1, false, false},
-    {Qt::Key_PageUp, 1, true, false}, {Qt::Key_PageDown, -1, true, false},
-};
 
 } // namespace
 
@@ -536,6 +516,7 @@ void BVSlider::changeSize()
 
 QSize BVSlider::sizeHint() const
 {
+    ensurePolished();
     // The style centres the groove, so room on one side is room on both.
     const BVSliderGeometry &geometry = this->geometry();
     const int room = hasLimitHandles() || m_hasBestValue ? geometry.roomForLimits() : 0;
@@ -766,15 +747,16 @@ void BVSlider::mousePressEvent(QMouseEvent *event)
         event->ignore();
         return;
     }
-    focusHandle(ValueHandle);
+    if (isLeft)
+        focusHandle(ValueHandle);
     m_lastMove = event->pos();
-    const QPointer<BVSlider> self(this);
     if (isLeft && minimum() != maximum() && geometry().jumpsAt(event->pos(), sliderPosition())) {
         event->accept();
         update();
         Q_EMIT requestValueChange(boundToAdmissible(pixelPosToValue(event->pos())));
         return;
     }
+    const QPointer<BVSlider> self(this);
     QSlider::mousePressEvent(event);
     if (self && isSliderDown()) {
         const QRect handle = geometry().handleAt(sliderPosition());
@@ -969,28 +951,19 @@ void BVSlider::updateCursor()
 
 // Keys
 
-qint64 BVSlider::keyStep(int key) const
+BVSliderSteps BVSlider::steps() const
 {
-    const auto row = std::find_if(std::begin(s_keys), std::end(s_keys),
-                                  [key](const KeyRow &candidate) { return candidate.key == key; });
-    if (row == std::end(s_keys))
-        return 0;
-    const bool isReversed = (row->mirrors && isRightToLeft()) != invertedControls();
-    const qint64 step = row->isPage ? pageStep() : singleStep();
-    return (isReversed ? -row->direction : row->direction) * step;
+    return {singleStep(), pageStep(), isRightToLeft(), invertedControls()};
 }
 
 bool BVSlider::moveByKey(int key)
 {
-    const bool isEnd = key == Qt::Key_Home || key == Qt::Key_End;
-    const qint64 step = keyStep(key);
-    if (!isEnd && step == 0)
+    qint64 distance = 0;
+    if (!steps().ofKey(key, distance))
         return false;
     const qint64 lowest = handleMinimum(m_focusedHandle);
     const qint64 highest = handleMaximum(m_focusedHandle);
-    qint64 target = handlePosition(m_focusedHandle) + step;
-    if (isEnd)
-        target = key == Qt::Key_Home ? lowest : highest;
+    const qint64 target = handlePosition(m_focusedHandle) + distance;
     moveHandle(m_focusedHandle, static_cast<int>(qMax(lowest, qMin(target, highest))));
     return true;
 }
@@ -1017,20 +990,7 @@ bool BVSlider::handleVirtualSlider(QEvent *event)
     if (!event->isAccepted())
         return false;
     const auto *step = static_cast<Brimvale::VirtualSliderEvent *>(event);
-    const int key = step->getKeys();
-    const bool isKey =
-        key > s_firstKeyCode && (keyStep(key) != 0 || key == Qt::Key_Home || key == Qt::Key_End);
-    qint64 distance = isKey ? keyStep(key) : qint64(key) * singleStep();
-    distance = qBound(-s_farthestStep, distance, s_farthestStep);
-    if (step->getModifiers() & Qt::ControlModifier)
-        distance *= s_largeFactor;
-    if (step->getModifiers() & Qt::ShiftModifier && distance != 0)
-        distance =
-            distance / s_largeFactor != 0 ? distance / s_largeFactor : (distance < 0 ? -1 : 1);
-    if (isKey && key == Qt::Key_Home)
-        distance = -s_farthestStep;
-    else if (isKey && key == Qt::Key_End)
-        distance = s_farthestStep;
+    const qint64 distance = steps().ofVirtualKey(step->getKeys(), step->getModifiers());
     setValue(boundToAdmissible(sliderPosition() + distance));
     return true;
 }
@@ -1148,7 +1108,6 @@ bool BVSlider::event(QEvent *event)
         updateHover(event);
         break;
     case QEvent::Polish:
-    case QEvent::LayoutDirectionChange:
         changeLook();
         break;
     default:

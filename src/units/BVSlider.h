@@ -22,6 +22,7 @@ class QRegion;
 class QTimer;
 struct BVSliderScene;
 struct BVSliderState;
+struct BVSliderSteps;
 
 /// A slider whose integer positions stand for physical values.
 ///
@@ -307,7 +308,7 @@ private:
     void passMoveOn(QMouseEvent *event);
     void showDragToolTip();
 
-    qint64 keyStep(int key) const;
+    BVSliderSteps steps() const;
     bool moveByKey(int key);
     bool handleVirtualSlider(QEvent *event);
     void focusHandle(Handle handle);

@@ -110,7 +110,7 @@ int BVSliderGeometry::positionAt(int pixel) const
     if (!isHorizontal())
         before = behind = s_marginVertical;
     // Seen from the end that has the minimum; a vertical slider's margins are equal.
-    const int distance = qBound(-1, pixel - first, length);
+    const int distance = static_cast<int>(qBound<qint64>(-1, qint64(pixel) - first, length));
     const int fromMinimum = m_layout.upsideDown ? length - 1 - distance : distance;
     if (isHorizontal())
         return QStyle::sliderValueFromPosition(m_layout.minimum, m_layout.maximum,
