@@ -25,6 +25,8 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include <cmath>
+
 namespace {
 
 constexpr int s_throttleTime = 60;   // ms, between two moves of a limit

@@ -18,6 +18,7 @@
 class BVFormatter;
 class BVSliderGeometry;
 class BVSliderScale;
+class QPixmap;
 class QRegion;
 class QTimer;
 struct BVSliderScene;
