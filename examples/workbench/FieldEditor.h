@@ -3,9 +3,11 @@
 
 #include <QObject>
 
-class BVLineEdit;
+class BVWidgetInterface;
 class ProcessSetup;
+class QLineEdit;
 class QVariant;
+class QWidget;
 
 /// Edits one field of the process set-up and keeps the status of its edit.
 ///
@@ -20,7 +22,12 @@ class FieldEditor : public QObject
 public:
     int index() const { return m_index; }
     /// Owned by its parent widget.
-    BVLineEdit *edit() const { return m_edit; }
+    QWidget *edit() const { return m_edit; }
+    /// What the edit carries.
+    const BVWidgetInterface *status() const { return m_status; }
+    /// The text as it stands in the edit.
+    QString text() const;
+    void selectAll();
 
     /// Shows the field's value and makes it the reference.
     void load(const ProcessSetup &setup);
@@ -42,7 +49,15 @@ Q_SIGNALS:
     void edited();
 
 protected:
-    FieldEditor(int index, BVLineEdit *edit, QObject *parent);
+    /// @p edit is a control of the library that is a line edit or has one inside.
+    template <typename Edit>
+    FieldEditor(int index, Edit *edit, QObject *parent)
+        : FieldEditor(index, edit, edit, parent)
+    {
+        connect(edit, &Edit::standardActionTriggered, this, &FieldEditor::onStandardAction);
+    }
+
+    QLineEdit *lineEdit() const { return m_lineEdit; }
 
     virtual void show(const ProcessSetup &setup) = 0;
     virtual void keepReference() = 0;
@@ -52,12 +67,15 @@ protected:
     virtual QVariant reference() const = 0;
 
     void onUserEdit();
-
-private:
     void onStandardAction(int action);
 
+private:
+    FieldEditor(int index, QWidget *edit, BVWidgetInterface *status, QObject *parent);
+
     int m_index;
-    BVLineEdit *m_edit;
+    QWidget *m_edit;
+    BVWidgetInterface *m_status; // the same object
+    QLineEdit *m_lineEdit;       // the same object, or inside of it
     bool m_showing = false;
     bool m_edited = false;
 };

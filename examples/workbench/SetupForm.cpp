@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "SetupForm.h"
 
-#include "NumberField.h"
 #include "SetupFields.h"
 #include "TextField.h"
+#include "ValueField.h"
 
 #include <BVLabel.h>
-#include <BVLineEdit.h>
 #include <BVStatusBatch.h>
 #include <BVWidgetStatusHandler.h>
 
@@ -105,7 +104,7 @@ void SetupForm::addField(QGridLayout *layout, QGroupBox *box, int index)
     if (field.kind == SetupField::Text)
         editor = new TextField(index, box);
     else
-        editor = new NumberField(index, box);
+        editor = new ValueField(index, box);
     m_editors[size_t(index)] = editor;
     connect(editor, &FieldEditor::edited, this, &SetupForm::changed);
 
@@ -193,7 +192,7 @@ void SetupForm::focusNextNeedingInput()
     if (next == m_editors.end())
         return;
     (*next)->edit()->setFocus(Qt::ShortcutFocusReason);
-    (*next)->edit()->selectAll();
+    (*next)->selectAll();
 }
 
 QSize SetupForm::minimumSizeHint() const

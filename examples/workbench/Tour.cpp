@@ -10,7 +10,7 @@
 
 #include <BVCheckBox.h>
 #include <BVComboBox.h>
-#include <BVLineEdit.h>
+#include <BVWidgetInterface.h>
 
 #include <QApplication>
 #include <QDir>
@@ -140,12 +140,12 @@ bool Tour::chooseInch()
 
 bool Tour::typeMillimetres()
 {
-    BVLineEdit *width = field("tools", "punchWidth");
+    FieldEditor *width = field("tools", "punchWidth");
     type(width, QStringLiteral("25.4mm"));
-    sendKey(width, Qt::Key_Return, QStringLiteral("\r"));
+    sendKey(width->edit(), Qt::Key_Return, QStringLiteral("\r"));
     settle();
     return expectText(width, QStringLiteral("1 inch")) &&
-           expect(width->isUserEditStatus() && width->isDifferentStatus(),
+           expect(width->status()->isUserEditStatus() && width->status()->isDifferentStatus(),
                   QStringLiteral("the field is marked as edited and different")) &&
            expect(m_window.isWindowModified(), QStringLiteral("the window is modified")) &&
            picture(QStringLiteral("typed"));
@@ -153,19 +153,19 @@ bool Tour::typeMillimetres()
 
 bool Tour::typeUnacceptable()
 {
-    BVLineEdit *gap = field("tools", "gap");
+    FieldEditor *gap = field("tools", "gap");
     type(gap, QStringLiteral("5 kg"));
-    sendKey(gap, Qt::Key_Return, QStringLiteral("\r"));
+    sendKey(gap->edit(), Qt::Key_Return, QStringLiteral("\r"));
     settle();
     const QGroupBox *tools =
         m_window.form()->groupBox(SetupFields::findGroup(QStringLiteral("tools")));
     return expectText(gap, QStringLiteral("5 kg")) &&
-           expect(gap->isNeedInputStatus(), QStringLiteral("the field needs input")) &&
+           expect(gap->status()->isNeedInputStatus(), QStringLiteral("the field needs input")) &&
            expect(tools->property("needInputStatus").toBool(),
                   QStringLiteral("the group needs input")) &&
            expect(m_window.summary()->text() == QStringLiteral("1 field needs input"),
                   QStringLiteral("the status bar counts the field")) &&
-           write(QStringLiteral("unacceptable"), withToolTip(&m_window, gap));
+           write(QStringLiteral("unacceptable"), withToolTip(&m_window, gap->edit()));
 }
 
 bool Tour::openPreferences()
@@ -235,19 +235,19 @@ bool Tour::refuseFile()
     return expectText(field("blank", "thickness"), QStringLiteral("0.81 mm"));
 }
 
-BVLineEdit *Tour::field(const char *group, const char *key) const
+FieldEditor *Tour::field(const char *group, const char *key) const
 {
     const int index =
         SetupFields::findField(SetupFields::findGroup(QLatin1String(group)), QLatin1String(key));
-    return m_window.form()->editor(index)->edit();
+    return m_window.form()->editor(index);
 }
 
-void Tour::type(BVLineEdit *edit, const QString &text)
+void Tour::type(FieldEditor *field, const QString &text)
 {
-    edit->setFocus(Qt::TabFocusReason);
-    edit->selectAll();
+    field->edit()->setFocus(Qt::TabFocusReason);
+    field->selectAll();
     for (const QChar c : text)
-        sendKey(edit, c.toUpper().unicode(), QString(c));
+        sendKey(field->edit(), c.toUpper().unicode(), QString(c));
     settle();
 }
 
@@ -281,10 +281,11 @@ bool Tour::expect(bool holds, const QString &what)
     return holds;
 }
 
-bool Tour::expectText(BVLineEdit *edit, const QString &text)
+bool Tour::expectText(FieldEditor *field, const QString &text)
 {
-    return expect(edit->text() == text, QStringLiteral("field \"%1\" shows \"%2\", not \"%3\"")
-                                            .arg(edit->objectName(), text, edit->text()));
+    return expect(field->text() == text,
+                  QStringLiteral("field \"%1\" shows \"%2\", not \"%3\"")
+                      .arg(field->edit()->objectName(), text, field->text()));
 }
 
 bool Tour::picture(const QString &name)

@@ -73,13 +73,15 @@ public:
     }
 
     WorkbenchWindow *operator->() { return &m_window; }
-    BVLineEdit *edit(const char *path) { return m_window.form()->editor(fieldIndex(path))->edit(); }
+    FieldEditor *field(const char *path) { return m_window.form()->editor(fieldIndex(path)); }
+    QWidget *edit(const char *path) { return field(path)->edit(); }
+    const BVWidgetInterface *status(const char *path) { return field(path)->status(); }
     double value(const char *path) { return m_window.form()->setup().number(fieldIndex(path)); }
 
     void begin(const char *path, const QString &text)
     {
         edit(path)->setFocus();
-        edit(path)->selectAll();
+        field(path)->selectAll();
         QTest::keyClicks(edit(path), text);
     }
 
@@ -310,7 +312,7 @@ void tst_Workbench::refusalLeavesDocumentAlone()
     QVERIFY(bench->form()->setup() == before);
     QCOMPARE(bench->windowTitle(), title);
     QVERIFY(bench->isWindowModified());
-    QVERIFY(bench.edit("tools/gap")->isDifferentStatus());
+    QVERIFY(bench.status("tools/gap")->isDifferentStatus());
 }
 
 void tst_Workbench::reshowsAllValuesInChosenUnits()
@@ -326,7 +328,7 @@ void tst_Workbench::reshowsAllValuesInChosenUnits()
     for (const auto &[dimension, unit, texts] : rows) {
         UnitsConfiguration::instance().setCurrentUnit(dimension, unit);
         for (int i = 0; i < texts.size(); i += 2)
-            QCOMPARE(bench.edit(texts[i].toLatin1())->text(), texts[i + 1]);
+            QCOMPARE(bench.field(texts[i].toLatin1())->text(), texts[i + 1]);
         bench->form()->takeOver();
         QVERIFY2(bench->form()->setup() == before, qPrintable(unit));
         QVERIFY2(!bench->isWindowModified(), qPrintable(unit));
@@ -359,17 +361,17 @@ void tst_Workbench::typedValueIsConvertedAndMarked()
 {
     Bench bench;
     UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("inch"));
-    BVLineEdit *edit = bench.edit("tools/punchWidth");
+    FieldEditor *field = bench.field("tools/punchWidth");
     bench.type("tools/punchWidth", QStringLiteral("25.4mm"));
-    QCOMPARE(edit->text(), QStringLiteral("1 inch"));
+    QCOMPARE(field->text(), QStringLiteral("1 inch"));
     QCOMPARE(bench.value("tools/punchWidth"), 25.4);
-    QVERIFY(edit->isUserEditStatus() && edit->isDifferentStatus());
-    QCOMPARE(edit->property("ReferenceValue").toDouble(), 70.0);
+    QVERIFY(field->status()->isUserEditStatus() && field->status()->isDifferentStatus());
+    QCOMPARE(field->edit()->property("ReferenceValue").toDouble(), 70.0);
     QVERIFY(bench->isWindowModified());
 
     bench.type("tools/punchWidth", QStringLiteral("70 mm"));
-    QVERIFY(edit->isUserEditStatus() && !edit->isDifferentStatus());
-    QVERIFY(!edit->property("ReferenceValue").isValid());
+    QVERIFY(field->status()->isUserEditStatus() && !field->status()->isDifferentStatus());
+    QVERIFY(!field->edit()->property("ReferenceValue").isValid());
     QVERIFY(!bench->isWindowModified());
 }
 
@@ -380,7 +382,7 @@ void tst_Workbench::unacceptableTextReachesFormAndGoes()
     QWidget *other = bench->form()->groupBox(SetupFields::findGroup(QStringLiteral("press")));
     for (const QString &text : {QStringLiteral("5 kg"), QStringLiteral("101"), QStringLiteral("5 k")}) {
         bench.type("tools/gap", text);
-        QCOMPARE(bench.edit("tools/gap")->text(), text);
+        QCOMPARE(bench.field("tools/gap")->text(), text);
         QCOMPARE(bench.value("tools/gap"), 2.0);
         QVERIFY(group->property("needInputStatus").toBool());
         QVERIFY(bench->form()->property("needInputStatus").toBool());
@@ -401,9 +403,9 @@ void tst_Workbench::newSetupNeedsInput()
     QVERIFY(!bench->isWindowModified());
     bench.type("blank/thickness", QStringLiteral("0.8"));
     bench.type("material/name", QStringLiteral("DC04"));
-    QCOMPARE(bench.edit("blank/thickness")->text(), QStringLiteral("0.8 mm"));
+    QCOMPARE(bench.field("blank/thickness")->text(), QStringLiteral("0.8 mm"));
     QCOMPARE(bench->form()->fieldsNeedingInput().size(), SetupFields::count() - 2);
-    QVERIFY(!bench.edit("blank/thickness")->isDifferentStatus()); // from nothing
+    QVERIFY(!bench.status("blank/thickness")->isDifferentStatus()); // from nothing
     QVERIFY(bench->isWindowModified());
 }
 
@@ -417,19 +419,18 @@ void tst_Workbench::contextMenuBringsReferenceBack()
     };
     for (const auto &[field, typed] : rows) {
         Bench bench;
-        BVLineEdit *edit = bench.edit(field);
-        const QString before = edit->text();
+        const QString before = bench.field(field)->text();
         bench.type(field, typed);
         QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2));
-        QCoreApplication::sendEvent(edit, &event);
+        QCoreApplication::sendEvent(bench.edit(field), &event);
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QVERIFY2(menu, qPrintable(typed));
         QCOMPARE(menu->actions().constFirst()->text(), QStringLiteral("Reset Value to Standard"));
         menu->actions().constFirst()->trigger();
         menu->close();
         QCoreApplication::processEvents();
-        QCOMPARE(edit->text(), before);
-        QCOMPARE(edit->getBvStatus(), BVWidgetStatus::Stati());
+        QCOMPARE(bench.field(field)->text(), before);
+        QCOMPARE(bench.status(field)->getBvStatus(), BVWidgetStatus::Stati());
         QVERIFY2(!bench->isWindowModified(), qPrintable(typed));
     }
 }
@@ -442,8 +443,8 @@ void tst_Workbench::savingTakesOverAndMakesReference()
     QVERIFY(bench->isWindowModified());
     QVERIFY(bench->saveFile(path));
     QVERIFY(!bench->isWindowModified());
-    QVERIFY(!bench.edit("tools/gap")->isDifferentStatus());
-    QVERIFY(bench.edit("tools/gap")->isUserEditStatus());
+    QVERIFY(!bench.status("tools/gap")->isDifferentStatus());
+    QVERIFY(bench.status("tools/gap")->isUserEditStatus());
     QCOMPARE(WorkbenchSettings::instance().recentFile(), path);
 
     const ProcessSetup read = readSetup(path);
@@ -460,7 +461,7 @@ void tst_Workbench::savingIsRefusedWhileInputIsNeeded()
     QVERIFY(!bench->saveFile(path));
     QVERIFY(bench.takeMessage().contains(QStringLiteral("Gap")));
     QVERIFY(!QFile::exists(path));
-    QCOMPARE(bench.edit("tools/gap")->text(), QStringLiteral("5 kg"));
+    QCOMPARE(bench.field("tools/gap")->text(), QStringLiteral("5 kg"));
 }
 
 void tst_Workbench::failedSavingIsToldAndClosingAsks()
