@@ -22,11 +22,9 @@ QLineEdit *lineEditOf(QWidget *edit)
 
 } // namespace
 
-FieldEditor::FieldEditor(int index, QWidget *edit, BVWidgetInterface *status, QObject *parent)
+FieldEditor::FieldEditor(int index, QWidget *edit, QObject *parent)
     : QObject(parent)
     , m_index(index)
-    , m_edit(edit)
-    , m_status(status)
     , m_lineEdit(lineEditOf(edit))
 {
     edit->setToolTip(SetupFields::translated(SetupFields::field(index).toolTip));
@@ -70,7 +68,7 @@ void FieldEditor::reset()
 
 bool FieldEditor::needsInput() const
 {
-    return m_status->isNeedInputStatus();
+    return status()->isNeedInputStatus();
 }
 
 bool FieldEditor::isChanged() const
@@ -89,8 +87,11 @@ void FieldEditor::updateStatus()
     stati.setFlag(BVWidgetStatus::UserEdit, m_edited);
     if (differs && reference().isValid())
         stati |= s_differenceFlags;
-    m_edit->setProperty(BVReferenceValueInterface::s_property, differs ? reference() : QVariant());
-    m_status->setBvStatus(stati);
+    for (const Control &control : m_controls) {
+        control.widget->setProperty(BVReferenceValueInterface::s_property,
+                                    differs ? reference() : QVariant());
+        control.status->setBvStatus(stati);
+    }
 }
 
 void FieldEditor::onUserEdit()

@@ -3,6 +3,8 @@
 
 #include <QObject>
 
+#include <vector>
+
 class BVWidgetInterface;
 class ProcessSetup;
 class QLineEdit;
@@ -22,9 +24,9 @@ class FieldEditor : public QObject
 public:
     int index() const { return m_index; }
     /// Owned by its parent widget.
-    QWidget *edit() const { return m_edit; }
+    QWidget *edit() const { return m_controls.front().widget; }
     /// What the edit carries.
-    const BVWidgetInterface *status() const { return m_status; }
+    const BVWidgetInterface *status() const { return m_controls.front().status; }
     /// The text as it stands in the edit.
     QString text() const;
     void selectAll();
@@ -39,6 +41,14 @@ public:
     /// Takes a typed text over now.
     virtual void takeOver() = 0;
 
+    /// Lets @p control, which lives as long as the edit, carry the status and offer the reset, too.
+    template <typename Widget>
+    void addControl(Widget *control)
+    {
+        m_controls.push_back({control, control});
+        connect(control, &Widget::standardActionTriggered, this, &FieldEditor::onStandardAction);
+    }
+
     bool needsInput() const;
     /// Whether the reference and what the edit holds are not the same.
     bool isChanged() const;
@@ -52,9 +62,9 @@ protected:
     /// @p edit is a control of the library that is a line edit or has one inside.
     template <typename Edit>
     FieldEditor(int index, Edit *edit, QObject *parent)
-        : FieldEditor(index, edit, edit, parent)
+        : FieldEditor(index, static_cast<QWidget *>(edit), parent)
     {
-        connect(edit, &Edit::standardActionTriggered, this, &FieldEditor::onStandardAction);
+        addControl(edit);
     }
 
     QLineEdit *lineEdit() const { return m_lineEdit; }
@@ -70,12 +80,18 @@ protected:
     void onStandardAction(int action);
 
 private:
-    FieldEditor(int index, QWidget *edit, BVWidgetInterface *status, QObject *parent);
+    /// One object in its two roles.
+    struct Control
+    {
+        QWidget *widget;
+        BVWidgetInterface *status;
+    };
+
+    FieldEditor(int index, QWidget *edit, QObject *parent);
 
     int m_index;
-    QWidget *m_edit;
-    BVWidgetInterface *m_status; // the same object
-    QLineEdit *m_lineEdit;       // the same object, or inside of it
+    QLineEdit *m_lineEdit;           // the edit, or inside of it
+    std::vector<Control> m_controls; // the first is the edit
     bool m_showing = false;
     bool m_edited = false;
 };

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "SetupForm.h"
 
+#include "FieldSlider.h"
 #include "SetupFields.h"
+#include "SpinField.h"
 #include "TextField.h"
 #include "ValueField.h"
 
 #include <BVLabel.h>
+#include <BVSlider.h>
 #include <BVStatusBatch.h>
 #include <BVWidgetStatusHandler.h>
 
@@ -28,8 +31,11 @@ constexpr int s_titleHeight = 16;   // px, for which the sheets leave room
 constexpr int s_rowSpacing = 5;     // px
 constexpr int s_columnSpacing = 10; // px
 constexpr int s_maximumWidth = 560; // px, of one column
+constexpr int s_sliderWidth = 70;   // px, at least
 /// As wide as a value gets in any unit that can be chosen.
 const QString s_widestValue = QStringLiteral("00000000.00 N/mm\u00b2");
+/// The same for the few quantities that have sliders.
+const QString s_widestBesideSlider = QStringLiteral("0000000000 mm/s");
 
 int widest(const std::vector<BVLabel *> &labels)
 {
@@ -39,6 +45,32 @@ int widest(const std::vector<BVLabel *> &labels)
         width = std::max(width, label->sizeHint().width());
     }
     return width;
+}
+
+FieldEditor *createEditor(int index, QWidget *parent)
+{
+    const SetupField &field = SetupFields::field(index);
+    if (field.kind == SetupField::Text)
+        return new TextField(index, parent);
+    if (field.spinStep > 0.0)
+        return new SpinField(index, parent);
+    return new ValueField(index, parent);
+}
+
+/// The edit of a field, with its slider before it if it has one.
+QLayout *createEditRow(FieldEditor *editor, QWidget *parent)
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(s_columnSpacing);
+    const SetupSlider *definition = SetupFields::slider(editor->index());
+    auto *number = qobject_cast<NumberField *>(editor);
+    if (definition && number) {
+        QWidget *slider = (new FieldSlider(*definition, number, parent))->slider();
+        QWidget::setTabOrder(slider, editor->edit());
+        row->addWidget(slider, 1);
+    }
+    row->addWidget(editor->edit());
+    return row;
 }
 
 } // namespace
@@ -100,11 +132,7 @@ QGroupBox *SetupForm::createGroup(int group)
 void SetupForm::addField(QGridLayout *layout, QGroupBox *box, int index)
 {
     const SetupField &field = SetupFields::field(index);
-    FieldEditor *editor = nullptr;
-    if (field.kind == SetupField::Text)
-        editor = new TextField(index, box);
-    else
-        editor = new ValueField(index, box);
+    FieldEditor *editor = createEditor(index, box);
     m_editors[size_t(index)] = editor;
     connect(editor, &FieldEditor::edited, this, &SetupForm::changed);
 
@@ -120,7 +148,7 @@ void SetupForm::addField(QGridLayout *layout, QGroupBox *box, int index)
     const int row = layout->rowCount();
     layout->addWidget(label, row, LabelColumn);
     layout->addWidget(symbol, row, SymbolColumn, Qt::AlignRight | Qt::AlignVCenter);
-    layout->addWidget(editor->edit(), row, EditColumn);
+    layout->addLayout(createEditRow(editor, box), row, EditColumn);
 }
 
 void SetupForm::setSetup(const ProcessSetup &setup)
@@ -234,12 +262,19 @@ void SetupForm::alignColumns()
     const int labelWidth = widest(m_labels);
     const int symbolWidth = widest(m_symbols);
     const QFontMetrics metrics = m_labels.front()->fontMetrics();
+    const int editWidth = metrics.horizontalAdvance(s_widestValue);
+    const int narrowWidth = metrics.horizontalAdvance(s_widestBesideSlider);
+    for (FieldEditor *editor : m_editors) {
+        if (SetupFields::slider(editor->index()))
+            editor->edit()->setFixedWidth(narrowWidth);
+    }
     const int top = s_boxMargin + std::max(0, metrics.height() - s_titleHeight);
     for (QGridLayout *layout : m_layouts) {
         layout->setContentsMargins(s_boxMargin, top, s_boxMargin, s_boxMargin);
         layout->setColumnMinimumWidth(LabelColumn, labelWidth);
         layout->setColumnMinimumWidth(SymbolColumn, symbolWidth);
-        layout->setColumnMinimumWidth(EditColumn, metrics.horizontalAdvance(s_widestValue));
+        layout->setColumnMinimumWidth(
+            EditColumn, std::max(editWidth, narrowWidth + s_columnSpacing + s_sliderWidth));
     }
 }
 
