@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+class BVSlider;
 class FieldEditor;
 class WorkbenchWindow;
 class PreferencesDialog;
@@ -33,8 +34,14 @@ private:
     bool useBiggerFont();
     bool openAluminium();
     bool refuseFile();
+    bool moveSliders();
+    bool dragLimit();
+    bool turnWheel();
+    bool beginNewSetup();
+    bool useNarrowWindow();
 
     FieldEditor *field(const char *group, const char *key) const;
+    BVSlider *slider(const char *key) const;
     void type(FieldEditor *field, const QString &text);
     PreferencesDialog *preferences() const;
     /// Opens the preferences, lets @p change set something, and presses OK.

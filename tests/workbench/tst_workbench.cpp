@@ -11,6 +11,7 @@
 
 #include <BVCheckBox.h>
 #include <BVComboBox.h>
+#include <BVSlider.h>
 #include <BVValueEdit.h>
 #include <ConfigurationManager.h>
 
@@ -76,6 +77,11 @@ public:
     FieldEditor *field(const char *path) { return m_window.form()->editor(fieldIndex(path)); }
     QWidget *edit(const char *path) { return field(path)->edit(); }
     const BVWidgetInterface *status(const char *path) { return field(path)->status(); }
+    BVSlider *slider(const char *path)
+    {
+        const QString key = QString::fromLatin1(path).section(QLatin1Char('/'), 1);
+        return m_window.findChild<BVSlider *>(key + QStringLiteral("Slider"));
+    }
     double value(const char *path) { return m_window.form()->setup().number(fieldIndex(path)); }
 
     void begin(const char *path, const QString &text)
@@ -106,6 +112,22 @@ public:
 private:
     WorkbenchWindow m_window;
 };
+
+/// Chooses the first entry of the widget's context menu; returns its text.
+QString chooseFromContextMenu(QWidget *widget)
+{
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2));
+    QCoreApplication::sendEvent(widget, &event);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    if (!menu)
+        return QString();
+    QAction *first = menu->actions().constFirst();
+    const QString text = first->text();
+    first->trigger();
+    menu->close();
+    QCoreApplication::processEvents();
+    return text;
+}
 
 /// Presses a button of the next modal message box.
 void answerNextQuestion(QMessageBox::StandardButton button)
@@ -140,6 +162,11 @@ private Q_SLOTS:
     void unacceptableTextReachesFormAndGoes();
     void newSetupNeedsInput();
     void contextMenuBringsReferenceBack();
+    void sliderFollowsTypedValue();
+    void movedSliderSetsValue();
+    void movedSliderIsReset();
+    void limitsBindSliderOnly();
+    void spinBoxSteps();
     void savingTakesOverAndMakesReference();
     void savingIsRefusedWhileInputIsNeeded();
     void failedSavingIsToldAndClosingAsks();
@@ -421,18 +448,120 @@ void tst_Workbench::contextMenuBringsReferenceBack()
         Bench bench;
         const QString before = bench.field(field)->text();
         bench.type(field, typed);
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2));
-        QCoreApplication::sendEvent(bench.edit(field), &event);
-        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        QVERIFY2(menu, qPrintable(typed));
-        QCOMPARE(menu->actions().constFirst()->text(), QStringLiteral("Reset Value to Standard"));
-        menu->actions().constFirst()->trigger();
-        menu->close();
-        QCoreApplication::processEvents();
+        QCOMPARE(chooseFromContextMenu(bench.edit(field)), QStringLiteral("Reset Value to Standard"));
         QCOMPARE(bench.field(field)->text(), before);
         QCOMPARE(bench.status(field)->getBvStatus(), BVWidgetStatus::Stati());
         QVERIFY2(!bench->isWindowModified(), qPrintable(typed));
     }
+}
+
+void tst_Workbench::sliderFollowsTypedValue()
+{
+    Bench bench;
+    const std::tuple<const char *, QString, double, int> rows[] = {
+        {"press/blankHolderForce", "19.6375", 19.6375, 196},
+        {"press/blankHolderForce", "2.5", 2.5, 25}, // outside of the limits
+        {"press/blankHolderForce", "80", 80.0, 600},
+        {"tools/dieProfileRadius", "0.125", 0.125, 0},
+        {"tools/dieProfileRadius", "0.3 cm", 3.0, 10},
+        {"press/punchSpeed", "31.622776", 31.622776, 150},
+        {"press/punchSpeed", "0.01", 0.01, 0},
+    };
+    for (const auto &[path, typed, value, position] : rows) {
+        bench.type(path, typed);
+        QCOMPARE(bench.slider(path)->value(), position);
+        bench->form()->takeOver();
+        QCOMPARE(bench.value(path), value);
+        if (position > 0 && position < bench.slider(path)->maximum()) {
+            bench.slider(path)->setValue(position + 1);
+            QVERIFY(bench.value(path) != value);
+            bench.slider(path)->setValue(position);
+            QCOMPARE(bench.value(path), value);
+        }
+    }
+    bench->form()->resetToReference();
+    QVERIFY(bench->form()->setup() == readSetup(s_steel));
+    QCOMPARE(bench.slider("press/punchSpeed")->value(), 100);
+}
+
+void tst_Workbench::movedSliderSetsValue()
+{
+    Bench bench;
+    for (const bool empty : {false, true}) {
+        bench->form()->setSetup(empty ? ProcessSetup() : readSetup(s_steel));
+        for (const char *path : {"press/blankHolderForce", "tools/dieProfileRadius", "press/punchSpeed"}) {
+            BVSlider *slider = bench.slider(path);
+            QVERIFY(!empty || (slider->value() == 0 && bench.value(path) == ProcessSetup::noValue()));
+            for (int i = 1; i <= slider->maximum(); ++i) {
+                slider->setValue(i);
+                QCOMPARE(slider->value(), i); // its own value does not move it
+            }
+            QVERIFY(!bench.status(path)->isNeedInputStatus());
+            const double maximum = slider->positionToValue(slider->maximum());
+            QCOMPARE(bench.value(path), maximum);
+        }
+    }
+}
+
+void tst_Workbench::movedSliderIsReset()
+{
+    Bench bench;
+    const std::tuple<const char *, int, double> rows[] = {
+        {"press/blankHolderForce", Qt::Key_Right, 19.7},
+        {"tools/dieProfileRadius", Qt::Key_Left, 4.9},
+        {"press/punchSpeed", Qt::Key_Right, 10.2},
+    };
+    for (const auto &[path, key, value] : rows) {
+        BVSlider *slider = bench.slider(path);
+        const double before = bench.value(path);
+        QTest::keyClick(slider, Qt::Key(key));
+        QCOMPARE(bench.value(path), value);
+        for (const BVWidgetInterface *status : {bench.status(path), static_cast<const BVWidgetInterface *>(slider)})
+            QVERIFY(status->isUserEditStatus() && status->isDifferentStatus());
+        QCOMPARE(chooseFromContextMenu(slider), QStringLiteral("Reset Value to Standard"));
+        QCOMPARE(bench.value(path), before);
+        QCOMPARE(slider->getBvStatus(), BVWidgetStatus::Stati());
+        QVERIFY2(!bench->isWindowModified(), path);
+    }
+}
+
+void tst_Workbench::limitsBindSliderOnly()
+{
+    Bench bench;
+    const char *path = "press/blankHolderForce";
+    BVSlider *slider = bench.slider(path);
+    QTest::keyClick(slider, Qt::Key_End);
+    QCOMPARE(bench.value(path), 40.0);
+    bench.type(path, QStringLiteral("50.125"));
+    QCOMPARE(bench.value(path), 50.125);
+    slider->moveHandle(BVSlider::LowerLimitHandle, 100);
+    QCOMPARE(slider->admissibleMinimum(), 100);
+    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Force, QStringLiteral("N"));
+    QVERIFY2(slider->toolTip().contains(QStringLiteral("10000 N")), qPrintable(slider->toolTip()));
+    QTest::keyClick(slider, Qt::Key_Home);
+    QCOMPARE(bench.field(path)->text(), QStringLiteral("10000 N"));
+}
+
+void tst_Workbench::spinBoxSteps()
+{
+    Bench bench;
+    const std::tuple<const char *, int, double> rows[] = {
+        {"tools/friction", Qt::Key_Up, 0.154},
+        {"press/punchSpeed", Qt::Key_Down, 9.0},
+    };
+    for (const auto &[path, key, value] : rows) {
+        bench.edit(path)->setFocus();
+        QTest::keyClick(bench.edit(path), Qt::Key(key));
+        QTRY_COMPARE(bench.value(path), value);
+        QVERIFY(bench.status(path)->isUserEditStatus() && bench.status(path)->isDifferentStatus());
+        QCOMPARE(chooseFromContextMenu(bench.edit(path)), QStringLiteral("Reset Value to Standard"));
+        QVERIFY2(!bench->isWindowModified(), path);
+    }
+    bench.type("tools/friction", QStringLiteral("0.14432101"));
+    QCOMPARE(bench.value("tools/friction"), 0.14432101);
+    bench->form()->setSetup(ProcessSetup());
+    QCOMPARE(bench.field("tools/friction")->text(), QString());
+    QVERIFY(bench.status("tools/friction")->isNeedInputStatus());
 }
 
 void tst_Workbench::savingTakesOverAndMakesReference()
