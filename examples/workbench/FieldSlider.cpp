@@ -26,47 +26,47 @@ double rounded(double value)
 
 FieldSlider::FieldSlider(const SetupSlider &definition, NumberField *field, QWidget *parent)
     : QObject(parent)
+    , m_definition(definition)
     , m_field(field)
     , m_slider(new BVSlider(parent))
-    , m_hasLimits(definition.kind == SetupSlider::Admissible)
     , m_given(s_none)
 {
-    setUp(definition);
+    setUp();
     field->addControl(m_slider);
     connect(m_slider, &BVSlider::valueChanged, this, &FieldSlider::onMoved);
-    connect(m_slider, &BVSlider::admissibleRangeChanged, this, &FieldSlider::follow);
+    connect(m_slider, &BVSlider::admissibleRangeChanged, this, &FieldSlider::updateToolTip);
     connect(m_slider->getFormatter(), &BVFormatter::settingsChanged, this,
             &FieldSlider::updateToolTip);
     connect(field, &NumberField::valueChanged, this, &FieldSlider::follow);
     follow();
 }
 
-void FieldSlider::setUp(const SetupSlider &definition)
+void FieldSlider::setUp()
 {
     const SetupField &field = SetupFields::field(m_field->index());
     m_slider->getFormatter()->setValueUnit(field.unitText());
-    m_slider->setRange(0, definition.steps);
-    m_slider->setPageStep(definition.steps / s_pages);
-    m_slider->setUserRange(definition.minimum, definition.maximum,
-                           definition.kind == SetupSlider::Logarithmic ? BVSlider::Logarithmic
-                                                                       : BVSlider::Linear);
+    m_slider->setRange(0, m_definition.steps);
+    m_slider->setPageStep(m_definition.steps / s_pages);
+    m_slider->setUserRange(m_definition.minimum, m_definition.maximum,
+                           m_definition.kind == SetupSlider::Logarithmic ? BVSlider::Logarithmic
+                                                                         : BVSlider::Linear);
     m_slider->setExtended(true);
     m_slider->setAccessibleName(field.labelText());
     m_slider->setObjectName(field.keyText() + QStringLiteral("Slider"));
-    if (definition.kind == SetupSlider::Design)
-        setUpDesign(definition);
-    if (m_hasLimits)
-        m_slider->setAdmissibleRange(m_slider->valueToPosition(definition.lower),
-                                     m_slider->valueToPosition(definition.upper), true);
+    if (m_definition.kind == SetupSlider::Design)
+        setUpDesign();
+    if (m_definition.kind == SetupSlider::Admissible)
+        m_slider->setAdmissibleRange(m_slider->valueToPosition(m_definition.lower),
+                                     m_slider->valueToPosition(m_definition.upper), true);
 }
 
-void FieldSlider::setUpDesign(const SetupSlider &definition)
+void FieldSlider::setUpDesign()
 {
-    const int lower = m_slider->valueToPosition(definition.lower);
-    const int upper = m_slider->valueToPosition(definition.upper);
+    const int lower = m_slider->valueToPosition(m_definition.lower);
+    const int upper = m_slider->valueToPosition(m_definition.upper);
     m_slider->setIsDVValueSlider(true);
     m_slider->setDistribution((upper + lower) / 2.0, (upper - lower) / 2.0);
-    m_slider->setBestValue(m_slider->valueToPosition(definition.best));
+    m_slider->setBestValue(m_slider->valueToPosition(m_definition.best));
 }
 
 void FieldSlider::onMoved(int position)
@@ -99,7 +99,12 @@ void FieldSlider::follow()
 
 void FieldSlider::updateToolTip()
 {
-    m_slider->setToolTip(tr("Admissible: from %1 to %2. Drag the triangles to change that.")
-                             .arg(m_slider->positionToText(m_slider->admissibleMinimum()),
-                                  m_slider->positionToText(m_slider->admissibleMaximum())));
+    const auto text = [this](int position) { return m_slider->positionToText(position); };
+    if (m_definition.kind == SetupSlider::Admissible)
+        m_slider->setToolTip(
+            tr("Admissible: from %1 to %2. Drag the triangles to change that.")
+                .arg(text(m_slider->admissibleMinimum()), text(m_slider->admissibleMaximum())));
+    else if (m_definition.kind == SetupSlider::Design)
+        m_slider->setToolTip(tr("The curve shows what is usual, the green mark what is best: %1.")
+                                 .arg(text(m_slider->valueToPosition(m_definition.best))));
 }

@@ -25,16 +25,16 @@ public:
     BVSlider *slider() const { return m_slider; }
 
 private:
-    void setUp(const SetupSlider &definition);
-    void setUpDesign(const SetupSlider &definition);
+    void setUp();
+    void setUpDesign();
     void onMoved(int position);
     double valueAt(int position) const;
     void follow();
     void updateToolTip();
 
+    const SetupSlider &m_definition; // in the table of all
     NumberField *m_field;
     BVSlider *m_slider;
-    bool m_hasLimits;
     bool m_moving = false;
     double m_given; // to the field by others than the slider; NaN for none
 };

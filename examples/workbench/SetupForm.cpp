@@ -22,7 +22,8 @@
 
 namespace {
 
-enum Column { LabelColumn, SymbolColumn, EditColumn };
+/// An edit without a slider takes both of the last columns.
+enum Column { LabelColumn, SymbolColumn, SliderColumn, EditColumn };
 
 constexpr int s_columnCount = 2;
 constexpr int s_spacing = 12;       // px, between the boxes
@@ -57,20 +58,16 @@ FieldEditor *createEditor(int index, QWidget *parent)
     return new ValueField(index, parent);
 }
 
-/// The edit of a field, with its slider before it if it has one.
-QLayout *createEditRow(FieldEditor *editor, QWidget *parent)
+/// The slider of a field; null for none.
+QWidget *createSlider(FieldEditor *editor, QWidget *parent)
 {
-    auto *row = new QHBoxLayout;
-    row->setSpacing(s_columnSpacing);
     const SetupSlider *definition = SetupFields::slider(editor->index());
     auto *number = qobject_cast<NumberField *>(editor);
-    if (definition && number) {
-        QWidget *slider = (new FieldSlider(*definition, number, parent))->slider();
-        QWidget::setTabOrder(slider, editor->edit());
-        row->addWidget(slider, 1);
-    }
-    row->addWidget(editor->edit());
-    return row;
+    if (!definition || !number)
+        return nullptr;
+    QWidget *slider = (new FieldSlider(*definition, number, parent))->slider();
+    QWidget::setTabOrder(slider, editor->edit());
+    return slider;
 }
 
 } // namespace
@@ -79,6 +76,7 @@ SetupForm::SetupForm(QWidget *parent)
     : QWidget(parent)
     , m_columns(new QBoxLayout(QBoxLayout::LeftToRight, this))
     , m_editors(SetupFields::fields().size())
+    , m_sliders(SetupFields::fields().size())
 {
     setObjectName(QStringLiteral("setupForm"));
     m_columns->setContentsMargins(s_spacing, s_spacing, s_spacing, s_spacing);
@@ -116,7 +114,7 @@ QGroupBox *SetupForm::createGroup(int group)
     auto *layout = new QGridLayout(box);
     layout->setHorizontalSpacing(s_columnSpacing);
     layout->setVerticalSpacing(s_rowSpacing);
-    layout->setColumnStretch(EditColumn, 1);
+    layout->setColumnStretch(SliderColumn, 1);
     for (int i = 0; i < SetupFields::count(); ++i) {
         if (SetupFields::field(i).group != group)
             continue;
@@ -148,7 +146,11 @@ void SetupForm::addField(QGridLayout *layout, QGroupBox *box, int index)
     const int row = layout->rowCount();
     layout->addWidget(label, row, LabelColumn);
     layout->addWidget(symbol, row, SymbolColumn, Qt::AlignRight | Qt::AlignVCenter);
-    layout->addLayout(createEditRow(editor, box), row, EditColumn);
+    QWidget *slider = createSlider(editor, box);
+    if (slider)
+        layout->addWidget(slider, row, SliderColumn);
+    layout->addWidget(editor->edit(), row, slider ? EditColumn : SliderColumn, 1, slider ? 1 : 2);
+    m_sliders[size_t(index)] = slider;
 }
 
 void SetupForm::setSetup(const ProcessSetup &setup)
@@ -256,25 +258,29 @@ void SetupForm::onFieldStatusChanged(QWidget *edit, BVWidgetStatus::Stati)
     Q_EMIT changed();
 }
 
-/// Lets the columns of all boxes begin at the same place.
+/// Lets the columns of all boxes begin at the same place, and keeps the rows with sliders low.
 void SetupForm::alignColumns()
 {
     const int labelWidth = widest(m_labels);
     const int symbolWidth = widest(m_symbols);
     const QFontMetrics metrics = m_labels.front()->fontMetrics();
-    const int editWidth = metrics.horizontalAdvance(s_widestValue);
-    const int narrowWidth = metrics.horizontalAdvance(s_widestBesideSlider);
-    for (FieldEditor *editor : m_editors) {
-        if (SetupFields::slider(editor->index()))
-            editor->edit()->setFixedWidth(narrowWidth);
-    }
+    const int editWidth = metrics.horizontalAdvance(s_widestBesideSlider);
+    const int wholeWidth = metrics.horizontalAdvance(s_widestValue);
+    const int sliderWidth = std::max(s_sliderWidth, wholeWidth - s_columnSpacing - editWidth);
     const int top = s_boxMargin + std::max(0, metrics.height() - s_titleHeight);
     for (QGridLayout *layout : m_layouts) {
         layout->setContentsMargins(s_boxMargin, top, s_boxMargin, s_boxMargin);
         layout->setColumnMinimumWidth(LabelColumn, labelWidth);
         layout->setColumnMinimumWidth(SymbolColumn, symbolWidth);
-        layout->setColumnMinimumWidth(
-            EditColumn, std::max(editWidth, narrowWidth + s_columnSpacing + s_sliderWidth));
+        layout->setColumnMinimumWidth(SliderColumn, sliderWidth);
+        layout->setColumnMinimumWidth(EditColumn, editWidth);
+    }
+    for (size_t i = 0; i < m_sliders.size(); ++i) {
+        if (!m_sliders[i])
+            continue;
+        QWidget *edit = m_editors[i]->edit();
+        edit->setMaximumWidth(editWidth);
+        m_sliders[i]->setMaximumHeight(edit->sizeHint().height() + 2 * s_rowSpacing);
     }
 }
 

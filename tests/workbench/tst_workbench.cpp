@@ -532,6 +532,12 @@ void tst_Workbench::limitsBindSliderOnly()
     BVSlider *slider = bench.slider(path);
     QTest::keyClick(slider, Qt::Key_End);
     QCOMPARE(bench.value(path), 40.0);
+    bench.type(path, QStringLiteral("19.6375"));
+    slider->moveHandle(BVSlider::UpperLimitHandle, 150); // takes the value along
+    QCOMPARE(bench.value(path), 15.0);
+    slider->moveHandle(BVSlider::UpperLimitHandle, 400);
+    slider->setValue(196);
+    QCOMPARE(bench.value(path), 19.6375);
     bench.type(path, QStringLiteral("50.125"));
     QCOMPARE(bench.value(path), 50.125);
     slider->moveHandle(BVSlider::LowerLimitHandle, 100);
@@ -560,8 +566,15 @@ void tst_Workbench::spinBoxSteps()
     bench.type("tools/friction", QStringLiteral("0.14432101"));
     QCOMPARE(bench.value("tools/friction"), 0.14432101);
     bench->form()->setSetup(ProcessSetup());
-    QCOMPARE(bench.field("tools/friction")->text(), QString());
-    QVERIFY(bench.status("tools/friction")->isNeedInputStatus());
+    for (const QString &typed : {QString(), QStringLiteral("x"), QStringLiteral("\b")}) {
+        bench.type("tools/friction", typed);
+        QCOMPARE(bench.field("tools/friction")->text(), QString());
+        QVERIFY(bench.status("tools/friction")->isNeedInputStatus());
+    }
+    QCOMPARE(bench->form()->fieldsNeedingInput().size(), SetupFields::count());
+    QTest::keyClick(bench.edit("tools/friction"), Qt::Key_Up);
+    QTRY_VERIFY(!bench.status("tools/friction")->isNeedInputStatus());
+    QVERIFY(bench.value("tools/friction") != ProcessSetup::noValue());
 }
 
 void tst_Workbench::savingTakesOverAndMakesReference()
