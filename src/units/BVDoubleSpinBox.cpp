@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "units/BVDoubleSpinBox.h"
 
-#include "foundation/BVCursorTable.h"
 #include "foundation/BVWidgetStatusChangedEvent.h"
 #include "foundation/StandardSymbolPainter.h"
 #include "platform/PropertyChangeFilter.h"
@@ -100,6 +99,7 @@ private:
 BVDoubleSpinBox::BVDoubleSpinBox(QWidget *parent)
     : BVStatusControl<QDoubleSpinBox>(parent)
     , m_formatter(new BVFormatter(this))
+    , m_drag(std::make_unique<BVSpinBoxDrag>(this))
     , m_steps(std::make_unique<BVSpinBoxSteps>(this))
 {
     qRegisterMetaType<ComboType>(); // so that sheets select on the name
@@ -108,7 +108,6 @@ BVDoubleSpinBox::BVDoubleSpinBox(QWidget *parent)
     QDoubleSpinBox::setDecimals(s_baseDecimals);
     lineEdit()->setValidator(new EditValidator(lineEdit()->validator(), this));
     lineEdit()->installEventFilter(this);
-    new BVSpinBoxDrag(this);
     connect(m_formatter, &BVFormatter::settingsChanged, this, &BVDoubleSpinBox::onFormatterChanged);
     connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             &BVDoubleSpinBox::onValueChanged);
@@ -330,7 +329,9 @@ QSize BVDoubleSpinBox::sizeHint() const
     ensurePolished();
     QStyleOptionSpinBox option;
     initStyleOption(&option);
-    const QSize contents(widthForText() + s_cursorWidth, lineEdit()->sizeHint().height());
+    const QMargins lock = lineEdit()->textMargins();
+    const int width = widthForText() + s_cursorWidth + lock.left() + lock.right();
+    const QSize contents(width, lineEdit()->sizeHint().height());
     m_sizeHint = style()->sizeFromContents(QStyle::CT_SpinBox, &option, contents, this);
     return m_sizeHint;
 }
@@ -509,8 +510,9 @@ void BVDoubleSpinBox::setValue(double value)
 /// of hundreds of digits; so it gets the value as what a text reads as.
 void BVDoubleSpinBox::assign(double value)
 {
-    m_settledValue = value;
     m_assigned = value;
+    m_settledValue = value;
+    m_settledEmpty = m_empty;
     const QPointer<BVDoubleSpinBox> self(this);
     QDoubleSpinBox::interpretText();
     if (!self || !m_assigned)
@@ -590,6 +592,13 @@ bool BVDoubleSpinBox::takeTypedText()
     return self && acceptable;
 }
 
+/// Makes what is shown that to which a text that is no value gives way.
+void BVDoubleSpinBox::settle()
+{
+    m_settledValue = value();
+    m_settledEmpty = m_empty;
+}
+
 void BVDoubleSpinBox::interpretText()
 {
     const QPointer<BVDoubleSpinBox> self(this);
@@ -598,7 +607,7 @@ void BVDoubleSpinBox::interpretText()
         return;
     QDoubleSpinBox::interpretText();
     if (self)
-        m_settledValue = value();
+        settle();
 }
 
 /// Settles what the toolkit does not when editing ends: a text that is no value, of which it has
@@ -610,9 +619,10 @@ void BVDoubleSpinBox::settleText()
         return;
     const QPointer<BVDoubleSpinBox> self(this);
     if (typed.isEmpty() || !BVSpinBoxTexts(*this).isMendable(typed)) {
+        const bool empty = m_settledEmpty || (typed.isEmpty() && acceptEmpty());
         assign(qBound(minimum(), m_settledValue, maximum()));
-        if (self && typed.isEmpty() && acceptEmpty())
-            setEmpty(true);
+        if (self)
+            setEmpty(empty);
     } else if (m_empty) {
         m_empty = false;
         announceEmpty();
@@ -728,10 +738,10 @@ bool BVDoubleSpinBox::event(QEvent *event)
     }
     if (type == BVWidgetStatusChangedEvent::s_eventType) {
         updateLock();
-        updateCursors();
+        m_drag->updateCursors();
         update(); // the arrows, too
     } else if (type == QEvent::ReadOnlyChange || type == QEvent::EnabledChange) {
-        updateCursors();
+        m_drag->updateCursors();
     } else if (type == QEvent::FontChange || type == QEvent::StyleChange) {
         forgetSizeHint();
     } else if (type == QEvent::ActivationChange || type == QEvent::Hide || type == QEvent::Close) {
@@ -756,23 +766,19 @@ bool BVDoubleSpinBox::eventFilter(QObject *watched, QEvent *event)
 void BVDoubleSpinBox::updateLock()
 {
     BVWidgetStatusChangedEvent change(getBvStatus(), getBvStatus(), this);
+    const QMargins margins = lineEdit()->textMargins();
     StandardSymbolPainter::handleStandardLocked(lineEdit(), &change);
-}
-
-void BVDoubleSpinBox::updateCursors()
-{
-    if (isSlidingPossible()) {
-        unsetCursor();
-        lineEdit()->setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Text));
-    } else {
-        setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Locked));
-        lineEdit()->setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Locked));
-    }
+    if (lineEdit()->textMargins() != margins)
+        forgetSizeHint();
 }
 
 QMenu *BVDoubleSpinBox::createContextMenu()
 {
     QMenu *menu = lineEdit()->createStandardContextMenu();
+    if (auto *all = menu->findChild<QAction *>(QStringLiteral("select-all"))) {
+        all->disconnect(lineEdit());
+        connect(all, &QAction::triggered, this, &QAbstractSpinBox::selectAll); // without the prefix
+    }
     const StepEnabled enabled = stepEnabled();
     menu->addSeparator();
     QAction *up = menu->addAction(tr("&Step up"), this, &QAbstractSpinBox::stepUp);
@@ -800,7 +806,7 @@ void BVDoubleSpinBox::keyPressEvent(QKeyEvent *event)
     if (self)
         BVStatusControl<QDoubleSpinBox>::keyPressEvent(event);
     if (self && isReturn)
-        m_settledValue = value();
+        settle();
 }
 
 void BVDoubleSpinBox::mousePressEvent(QMouseEvent *event)

@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 
+class BVSpinBoxDrag;
 class BVSpinBoxSteps;
 
 /// A spin box for one physical value.
@@ -289,11 +290,11 @@ private:
     void showValue();
     bool takeTypedText();
     void settleText();
+    void settle();
     void announceEmpty();
     void onFormatterChanged();
     void onValueChanged();
     void onTextChanged();
-    void updateCursors();
     void updateLock();
     void forgetSizeHint();
 
@@ -322,12 +323,14 @@ private:
     bool m_empty = false;
     bool m_ruvixDisabled = false;                     // by setReadOnlyAndDisableRuvix()
     std::optional<Qt::KeyboardModifiers> m_modifiers; // of the event being handled
+    std::unique_ptr<BVSpinBoxDrag> m_drag;
     std::unique_ptr<BVSpinBoxSteps> m_steps;
     bool m_applyingStep = false;
     mutable std::optional<double> m_assigned;   // taken by valueFromText() in place of the text
     mutable std::optional<double> m_shownValue; // the value that m_shownText shows
     mutable QString m_shownText;
-    double m_settledValue = 0.0;      // before the text being typed
+    double m_settledValue = 0.0; // before the text being typed
+    bool m_settledEmpty = false;
     mutable QSize m_sizeHint;         // invalid if it is to be measured
     mutable QString m_hintAffixes;    // for which it was measured
     mutable int m_hintCharacters = 0; // of the number
