@@ -344,15 +344,18 @@ void BVSlider::computeShapes() const
     QStyleOptionSlider option;
     initStyleOption(&option);
     option.state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
+    // The way of the handle, from a range that the style's arithmetic does not round.
+    option.minimum = 0;
+    option.maximum = 1;
     const auto styleRect = [&](QStyle::SubControl part, int position) {
         option.sliderPosition = position;
         return style()->subControlRect(QStyle::CC_Slider, &option, part, this);
     };
     BVSliderLayout layout;
     layout.area = rect();
-    layout.groove = styleRect(QStyle::SC_SliderGroove, value());
-    layout.handleAtMinimum = styleRect(QStyle::SC_SliderHandle, minimum());
-    layout.handleAtMaximum = styleRect(QStyle::SC_SliderHandle, maximum());
+    layout.groove = styleRect(QStyle::SC_SliderGroove, 0);
+    layout.handleAtMinimum = styleRect(QStyle::SC_SliderHandle, 0);
+    layout.handleAtMaximum = styleRect(QStyle::SC_SliderHandle, 1);
     layout.minimum = minimum();
     layout.maximum = maximum();
     layout.orientation = orientation();

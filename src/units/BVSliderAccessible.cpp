@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "units/BVSliderAccessible_p.h"
 
-#include <QCoreApplication>
 #include <QPointer>
 
 #include <algorithm>
@@ -11,15 +10,10 @@ namespace {
 
 constexpr BVSlider::Handle s_limits[] = {BVSlider::LowerLimitHandle, BVSlider::UpperLimitHandle};
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("BVSlider", text);
-}
-
 QString nameOf(BVSlider::Handle limit)
 {
-    return limit == BVSlider::LowerLimitHandle ? translated("Lower limit")
-                                               : translated("Upper limit");
+    return limit == BVSlider::LowerLimitHandle ? BVSlider::tr("Lower limit")
+                                               : BVSlider::tr("Upper limit");
 }
 
 QStringList actionsOf(const BVSlider *slider, BVSlider::Handle handle)

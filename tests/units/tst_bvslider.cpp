@@ -65,7 +65,6 @@ private Q_SLOTS:
     void initTestCase();
     void pixelToPosition_data();
     void pixelToPosition();
-    void handlePixels_data();
     void handlePixels();
     void admissibleRange_data();
     void admissibleRange();
@@ -83,10 +82,7 @@ private Q_SLOTS:
     void values_data();
     void values();
     void texts();
-    void spanSlider();
     void accessibility();
-    void slotsMayDelete();
-    void painting_data();
     void painting();
 };
 
@@ -131,29 +127,23 @@ void tst_BVSlider::pixelToPosition()
     QCOMPARE(slider->pixelPosToValue(vertical ? QPoint(0, pixel) : QPoint(pixel, 0)), position);
 }
 
-void tst_BVSlider::handlePixels_data()
-{
-    const Table<Qt::Orientation, int, int, QString> row("orientation", "minimum", "maximum", "sheet");
-    row("horizontal", Qt::Horizontal, 0, 200, QString());
-    row("vertical", Qt::Vertical, -5, 5, QString());
-    row("all", Qt::Horizontal, s_lowest, s_highest, QString());
-    row("one", Qt::Vertical, 7, 7, QString());
-    row("sheet", Qt::Horizontal, 0, 1000,
-        QStringLiteral("QSlider{padding:9px;margin:3px} QSlider::groove{height:4px;margin:0 6px;border:1px solid red} QSlider::handle{width:12px;border:2px "
-                       "solid blue;margin:-8px 0}"));
-}
-
 void tst_BVSlider::handlePixels()
 {
-    const auto [orientation, minimum, maximum, sheet] = fetched<Qt::Orientation, int, int, QString>("orientation", "minimum", "maximum", "sheet");
-    const auto slider = shownSlider(orientation);
-    slider->setStyleSheet(sheet);
-    slider->setRange(minimum, maximum);
-    QStyleOptionSlider option = optionOf(*slider);
-    for (const int value : {minimum, minimum / 2 + maximum / 2, maximum}) {
-        option.sliderPosition = value;
-        const QPoint middle = slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider.get()).center();
-        QCOMPARE(slider->valueToPixelPos(value), orientation == Qt::Horizontal ? middle.x() : middle.y());
+    const QString sheet =
+        QStringLiteral("QSlider{padding:9px;margin:3px} QSlider::groove{height:4px;margin:0 6px} QSlider::handle{width:12px;border:2px solid blue}");
+    for (const QString &styled : {QString(), sheet}) {
+        const auto slider = shownSlider();
+        slider->setStyleSheet(styled);
+        for (const int minimum : {s_lowest, -7, s_highest}) {
+            slider->setRange(minimum, s_highest);
+            QStyleOptionSlider option = optionOf(*slider);
+            for (option.sliderPosition = minimum; option.sliderPosition < s_highest;
+                 option.sliderPosition = option.sliderPosition / 2 + s_highest / 2 + 1) {
+                const QRect handle = slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider.get());
+                QCOMPARE(slider->valueToPixelPos(option.sliderPosition), handle.center().x());
+            }
+            QCOMPARE(slider->pixelPosToValue(s_lowest), minimum);
+        }
     }
 }
 
@@ -194,6 +184,9 @@ void tst_BVSlider::admissibleRange()
     slider->setAdmissibleRange(0, 50, true);
     slider->setValue(199);
     QCOMPARE(slider->value(), 199);
+    BVSlider *deleted = shownSlider().release();
+    connect(deleted, &QSlider::valueChanged, deleted, [deleted] { delete deleted; });
+    deleted->setAdmissibleRange(120, 150, true);
 }
 
 void tst_BVSlider::press_data()
@@ -390,8 +383,8 @@ void tst_BVSlider::wheelNeedsFocus()
     for (const bool focused : {true, false}) {
         focused ? slider->setFocus() : slider->clearFocus();
         QCOMPARE(slider->hasFocus(), focused);
-        QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, focused ? 240 : -240), Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
+        QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, focused ? 240 : -240), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                          false);
         QApplication::sendEvent(slider.get(), &event);
         QCOMPARE(event.isAccepted(), focused);
         QCOMPARE(slider->value(), 101);
@@ -441,24 +434,14 @@ void tst_BVSlider::texts()
     slider->setProperty("ReferenceValue", 0.1);
     QVERIFY(BVReferenceValueInterface::composedToolTip(slider.get()).endsWith(QLatin1String(": 100 mm")));
     slider->setUseAsSpanSlider(true);
+    QCOMPARE(slider->admissibleMaximum(), 200); // all of the range
     slider->setAdmissibleRange(50, 100, false);
+    QTest::keyClick(slider.get(), Qt::Key_Left); // there is no value handle to take it
+    QCOMPARE(slider->admissibleMinimum(), 49);
+    QTest::keyClick(slider.get(), Qt::Key_Right);
     QCOMPARE(slider->toolTipText(), QStringLiteral("Depth\n100 mm to 200 mm"));
     slider->setCustomToolTipConverter(BVSlider::MultiplierBasedConverter(0.25, 2));
     QCOMPARE(slider->positionToText(-3), QStringLiteral("-0.75"));
-}
-
-void tst_BVSlider::spanSlider()
-{
-    const auto slider = shownSlider();
-    slider->setUseAsSpanSlider(true);
-    QCOMPARE(slider->admissibleMinimum(), 0);
-    QCOMPARE(slider->admissibleMaximum(), 200);
-    QCOMPARE(slider->focusedHandle(), BVSlider::LowerLimitHandle);
-    slider->setRange(50, 100);
-    QCOMPARE(slider->admissibleMaximum(), 100);
-    QVERIFY(slider->handleRect(BVSlider::ValueHandle).isEmpty());
-    QTest::keyClick(slider.get(), Qt::Key_Right);
-    QCOMPARE(slider->admissibleMinimum(), 51);
 }
 
 void tst_BVSlider::accessibility()
@@ -486,48 +469,33 @@ void tst_BVSlider::accessibility()
     QCOMPARE(shown->indexOfChild(upper), 1);
 }
 
-void tst_BVSlider::slotsMayDelete()
-{
-    auto *slider = shownSlider().release();
-    slider->setAdmissibleRange(50, 150, true);
-    connect(slider, &QSlider::valueChanged, slider, [slider] { delete slider; });
-    const QPointer<BVSlider> watched(slider);
-    slider->setAdmissibleRange(120, 150, true);
-    QVERIFY(!watched);
-}
-
-void tst_BVSlider::painting_data()
-{
-    const Table<QString, int> row("settings", "direction");
-    for (const int direction : {Qt::LeftToRight, Qt::RightToLeft})
-        for (const char *settings : {"extended", "dvValueSlider", "spanSlider", "dvValueSlider spanSlider", "limitHandlesActive"})
-            row(QString::fromLatin1(settings), direction);
-}
-
-// Nothing is painted outside, and each pixel of the limits' shapes answers to the pointer.
+// Both limits at one place can be taken hold of; nothing asks for more than there is.
 void tst_BVSlider::painting()
 {
-    const auto [settings, direction] = fetched<QString, int>("settings", "direction");
-    for (const auto orientation : {Qt::Horizontal, Qt::Vertical}) {
-        const auto slider = shownSlider(orientation);
-        slider->setLayoutDirection(Qt::LayoutDirection(direction));
-        slider->setAdmissibleRange(100, 100, true);
-        for (const QString &setting : settings.split(QLatin1Char(' ')))
-            QVERIFY(slider->setProperty(qUtf8Printable(setting), true));
-        slider->setRange(s_lowest, s_highest);
-        slider->mark(10, -10, BVSlider::redBrush());
-        slider->setBestValue(5);
-        slider->setDistribution(1e300, 1e-300);
-        slider->resize(orientation == Qt::Horizontal ? QSize(s_length, slider->sizeHint().height()) : QSize(slider->sizeHint().width(), s_length));
-        const QRect lower = slider->handleRect(BVSlider::LowerLimitHandle);
-        const QRect upper = slider->handleRect(BVSlider::UpperLimitHandle);
-        QVERIFY(slider->rect().contains(lower) && slider->rect().contains(upper));
-        const QRect shared = lower.intersected(upper); // the line on which both stand
-        QVERIFY(shared.width() <= 1 || shared.height() <= 1);
-        QVERIFY(slider->grab().toImage().convertToFormat(QImage::Format_RGB32) != QImage());
-        for (const int size : {0, 1, 3}) { // too small for anything
-            slider->resize(size, size);
-            slider->grab();
+    for (const QString &mode : {QStringLiteral("extended"), QStringLiteral("dvValueSlider"), QStringLiteral("spanSlider")}) {
+        for (const int way : {0, 1, 2, 3}) {
+            const bool isVertical = way % 2 == 1;
+            const auto slider = shownSlider(isVertical ? Qt::Vertical : Qt::Horizontal);
+            slider->setLayoutDirection(way < 2 ? Qt::LeftToRight : Qt::RightToLeft);
+            slider->setAdmissibleRange(100, 100, true);
+            slider->setProperty(qUtf8Printable(mode), true);
+            slider->setRange(s_lowest, s_highest);
+            slider->mark(10, -10, BVSlider::redBrush());
+            slider->setBestValue(5);
+            slider->setDistribution(1e300, 1e-300);
+            slider->resize(slider->sizeHint().expandedTo(isVertical ? QSize(0, s_length) : QSize(s_length, 0)));
+            const QRect lower = slider->handleRect(BVSlider::LowerLimitHandle);
+            const QRect upper = slider->handleRect(BVSlider::UpperLimitHandle);
+            QVERIFY(slider->rect().contains(lower) && slider->rect().contains(upper));
+            const QRect shared = lower.intersected(upper); // the line on which both stand
+            QCOMPARE(isVertical ? shared.height() : shared.width(), 1);
+            const QImage before = slider->grab().toImage();
+            slider->mark(s_lowest, s_highest, BVSlider::greenBrush());
+            QVERIFY(slider->grab().toImage() != before);
+            for (const int size : {0, 1, 3}) { // too small for anything
+                slider->resize(size, size);
+                slider->grab();
+            }
         }
     }
 }
