@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "FieldEditor.h"
 
-#include <BVLineEdit.h>
-#include <BVReferenceValueInterface.h>
+#include "SetupFields.h"
 
+#include <BVReferenceValueInterface.h>
+#include <BVWidgetInterface.h>
+
+#include <QLineEdit>
 #include <QVariant>
 
 namespace {
@@ -11,15 +14,31 @@ namespace {
 const BVWidgetStatus::Stati s_differenceFlags =
     BVWidgetStatus::Different | BVWidgetStatus::StandardChanged | BVWidgetStatus::ResetAvailable;
 
+QLineEdit *lineEditOf(QWidget *edit)
+{
+    auto *lineEdit = qobject_cast<QLineEdit *>(edit);
+    return lineEdit ? lineEdit : edit->findChild<QLineEdit *>();
+}
+
 } // namespace
 
-FieldEditor::FieldEditor(int index, BVLineEdit *edit, QObject *parent)
+FieldEditor::FieldEditor(int index, QWidget *edit, QObject *parent)
     : QObject(parent)
     , m_index(index)
-    , m_edit(edit)
+    , m_lineEdit(lineEditOf(edit))
 {
-    connect(edit, &BVLineEdit::standardActionTriggered, this, &FieldEditor::onStandardAction);
-    connect(edit, &QLineEdit::textEdited, this, &FieldEditor::edited);
+    edit->setToolTip(SetupFields::translated(SetupFields::field(index).toolTip));
+    connect(m_lineEdit, &QLineEdit::textEdited, this, &FieldEditor::edited);
+}
+
+QString FieldEditor::text() const
+{
+    return m_lineEdit->text();
+}
+
+void FieldEditor::selectAll()
+{
+    m_lineEdit->selectAll();
 }
 
 void FieldEditor::load(const ProcessSetup &setup)
@@ -49,12 +68,12 @@ void FieldEditor::reset()
 
 bool FieldEditor::needsInput() const
 {
-    return m_edit->isNeedInputStatus();
+    return status()->isNeedInputStatus();
 }
 
 bool FieldEditor::isChanged() const
 {
-    return differsFromReference() || m_edit->isModified();
+    return differsFromReference() || m_lineEdit->isModified();
 }
 
 void FieldEditor::updateStatus()
@@ -62,14 +81,17 @@ void FieldEditor::updateStatus()
     if (m_showing)
         return;
     // A text that cannot be taken over differs, too: its reset brings the value back.
-    const bool differs = differsFromReference() || (needsInput() && m_edit->isModified());
+    const bool differs = differsFromReference() || (needsInput() && m_lineEdit->isModified());
     BVWidgetStatus::Stati stati;
     stati.setFlag(BVWidgetStatus::NeedInput, needsInput());
     stati.setFlag(BVWidgetStatus::UserEdit, m_edited);
     if (differs && reference().isValid())
         stati |= s_differenceFlags;
-    m_edit->setProperty(BVReferenceValueInterface::s_property, differs ? reference() : QVariant());
-    m_edit->setBvStatus(stati);
+    for (const Control &control : m_controls) {
+        control.widget->setProperty(BVReferenceValueInterface::s_property,
+                                    differs ? reference() : QVariant());
+        control.status->setBvStatus(stati);
+    }
 }
 
 void FieldEditor::onUserEdit()

@@ -3,9 +3,13 @@
 
 #include <QObject>
 
-class BVLineEdit;
+#include <vector>
+
+class BVWidgetInterface;
 class ProcessSetup;
+class QLineEdit;
 class QVariant;
+class QWidget;
 
 /// Edits one field of the process set-up and keeps the status of its edit.
 ///
@@ -20,7 +24,12 @@ class FieldEditor : public QObject
 public:
     int index() const { return m_index; }
     /// Owned by its parent widget.
-    BVLineEdit *edit() const { return m_edit; }
+    QWidget *edit() const { return m_controls.front().widget; }
+    /// What the edit carries.
+    const BVWidgetInterface *status() const { return m_controls.front().status; }
+    /// The text as it stands in the edit.
+    QString text() const;
+    void selectAll();
 
     /// Shows the field's value and makes it the reference.
     void load(const ProcessSetup &setup);
@@ -32,6 +41,14 @@ public:
     /// Takes a typed text over now.
     virtual void takeOver() = 0;
 
+    /// Lets @p control, which lives as long as the edit, carry the status and offer the reset, too.
+    template <typename Widget>
+    void addControl(Widget *control)
+    {
+        m_controls.push_back({control, control});
+        connect(control, &Widget::standardActionTriggered, this, &FieldEditor::onStandardAction);
+    }
+
     bool needsInput() const;
     /// Whether the reference and what the edit holds are not the same.
     bool isChanged() const;
@@ -42,7 +59,15 @@ Q_SIGNALS:
     void edited();
 
 protected:
-    FieldEditor(int index, BVLineEdit *edit, QObject *parent);
+    /// @p edit is a control of the library that is a line edit or has one inside.
+    template <typename Edit>
+    FieldEditor(int index, Edit *edit, QObject *parent)
+        : FieldEditor(index, static_cast<QWidget *>(edit), parent)
+    {
+        addControl(edit);
+    }
+
+    QLineEdit *lineEdit() const { return m_lineEdit; }
 
     virtual void show(const ProcessSetup &setup) = 0;
     virtual void keepReference() = 0;
@@ -52,12 +77,21 @@ protected:
     virtual QVariant reference() const = 0;
 
     void onUserEdit();
-
-private:
     void onStandardAction(int action);
 
+private:
+    /// One object in its two roles.
+    struct Control
+    {
+        QWidget *widget;
+        BVWidgetInterface *status;
+    };
+
+    FieldEditor(int index, QWidget *edit, QObject *parent);
+
     int m_index;
-    BVLineEdit *m_edit;
+    QLineEdit *m_lineEdit;           // the edit, or inside of it
+    std::vector<Control> m_controls; // the first is the edit
     bool m_showing = false;
     bool m_edited = false;
 };

@@ -2,22 +2,39 @@
 #pragma once
 
 #include "FieldEditor.h"
+#include "ProcessSetup.h"
 
-class BVValueEdit;
-class QWidget;
+class BVFormatter;
 
-/// Edits a physical value.
+/// Edits a physical value, in the unit of the field.
 class NumberField : public FieldEditor
 {
     Q_OBJECT
 
 public:
-    NumberField(int index, QWidget *parent);
-
     void store(ProcessSetup &setup) const override;
-    void takeOver() override;
+
+    /// ProcessSetup::noValue() for none.
+    virtual double value() const = 0;
+    /// Shows another value. It counts as the user's unless the field is being loaded or reset.
+    virtual void setValue(double value) = 0;
+
+Q_SIGNALS:
+    /// The value is another one, whoever has set it.
+    void valueChanged(double value);
 
 protected:
+    template <typename Edit>
+    NumberField(int index, Edit *edit, QObject *parent)
+        : FieldEditor(index, edit, parent)
+    {
+    }
+
+    /// Lets @p formatter write the values as the field's are written.
+    void setUp(BVFormatter *formatter);
+    /// To be called when the edit holds a value, perhaps the same one.
+    void onValueSet();
+
     void show(const ProcessSetup &setup) override;
     void keepReference() override;
     void restoreReference() override;
@@ -25,10 +42,6 @@ protected:
     QVariant reference() const override;
 
 private:
-    NumberField(int index, BVValueEdit *edit, QWidget *parent);
-    void onValueSet();
-
-    BVValueEdit *m_valueEdit;
-    double m_value;     // as it was set last
-    double m_reference; // noValue() for none
+    double m_value = ProcessSetup::noValue(); // as it was set last
+    double m_reference = ProcessSetup::noValue();
 };

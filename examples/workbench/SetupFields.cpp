@@ -61,18 +61,25 @@ const std::vector<SetupField> s_fields = {
     {Number, Tools, "gap", TEXT("Gap"), "", "mm", 0.0, 100.0, 1,
      TEXT("Clearance between punch wall and die wall, on each side")},
     {Number, Tools, "friction", TEXT("Friction coefficient"), "\u00b5", "", 0.0, 1.0, 1,
-     TEXT("Coulomb friction between sheet and tools, from 0 to 1")},
+     TEXT("Coulomb friction between sheet and tools, from 0 to 1"), 0.01},
 
     {Number, Press, "blankHolderForce", TEXT("Blank-holder force"), "", "kN", 0.0, 50000.0, 2,
      TEXT("Force on the whole blank holder")},
     {Number, Press, "punchSpeed", TEXT("Punch speed"), "", "mm/s", 0.001, 10000.0, 0,
-     TEXT("Speed of the punch during the stroke")},
+     TEXT("Speed of the punch during the stroke"), 1.0},
     {Number, Press, "stroke", TEXT("Punch stroke"), "", "mm", 0.0, 5000.0, 1,
      TEXT("Travel of the punch from first contact")},
     {Number, Press, "temperature", TEXT("Temperature"), "T", "degC", -200.0, 1500.0, 0,
      TEXT("Temperature of blank and tools")},
     {Number, Press, "rollingDirection", TEXT("Rolling direction"), "", "deg", -180.0, 180.0, 0,
      TEXT("Angle from the blank's length to the rolling direction")},
+};
+
+// Values that are usual for cups of this size, drawn on a small hydraulic press.
+const std::vector<SetupSlider> s_sliders = {
+    {SetupSlider::Design,      Tools, "dieProfileRadius", 2.0, 12.0,   100, 4.5, 7.5,  6.8},
+    {SetupSlider::Admissible,  Press, "blankHolderForce", 0.0, 60.0,   600, 8.0, 40.0, 0.0},
+    {SetupSlider::Logarithmic, Press, "punchSpeed",       1.0, 1000.0, 300, 0.0, 0.0,  0.0},
 };
 // clang-format on
 
@@ -105,6 +112,15 @@ int count()
 const SetupField &field(int index)
 {
     return s_fields[size_t(index)];
+}
+
+const SetupSlider *slider(int field)
+{
+    for (const SetupSlider &slider : s_sliders) {
+        if (findField(slider.group, QLatin1String(slider.key)) == field)
+            return &slider;
+    }
+    return nullptr;
 }
 
 int findGroup(const QString &key)

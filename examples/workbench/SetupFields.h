@@ -29,10 +29,31 @@ struct SetupField
     double maximum;     ///< in that unit
     int extraDecimals;  ///< decimals beyond those that are usual for the unit; may be negative
     const char *toolTip;
+    double spinStep = 0.0; ///< of the spin box, in the shown unit; 0 for a plain edit
 
     QString unitText() const { return QString::fromUtf8(unit); }
     QString keyText() const { return QString::fromLatin1(key); }
     QString labelText() const;
+};
+
+/// A slider beside the edit of a field.
+struct SetupSlider
+{
+    enum Kind {
+        Admissible,  ///< with a range that the user may change
+        Design,      ///< with the curve of a design variable and its best value
+        Logarithmic, ///< each decade as long as the others
+    };
+
+    Kind kind;
+    int group;
+    const char *key; ///< of the field
+    double minimum;  ///< in the field's unit, as all values here
+    double maximum;
+    int steps;    ///< from the one to the other
+    double lower; ///< of the admissible range; where the curve is one deviation below its mean
+    double upper; ///< of the admissible range; where the curve is one deviation above its mean
+    double best;  ///< of a design variable
 };
 
 namespace SetupFields {
@@ -41,6 +62,8 @@ const std::vector<SetupGroup> &groups();
 /// All fields, group by group, in the order of the form.
 const std::vector<SetupField> &fields();
 int count();
+/// The slider of a field; null for none.
+const SetupSlider *slider(int field);
 const SetupField &field(int index);
 
 /// The index of the group of that key, or -1.

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "SetupForm.h"
 
-#include "NumberField.h"
+#include "FieldSlider.h"
 #include "SetupFields.h"
+#include "SpinField.h"
 #include "TextField.h"
+#include "ValueField.h"
 
 #include <BVLabel.h>
-#include <BVLineEdit.h>
+#include <BVSlider.h>
 #include <BVStatusBatch.h>
 #include <BVWidgetStatusHandler.h>
 
@@ -20,7 +22,8 @@
 
 namespace {
 
-enum Column { LabelColumn, SymbolColumn, EditColumn };
+/// An edit without a slider takes both of the last columns.
+enum Column { LabelColumn, SymbolColumn, SliderColumn, EditColumn };
 
 constexpr int s_columnCount = 2;
 constexpr int s_spacing = 12;       // px, between the boxes
@@ -29,8 +32,11 @@ constexpr int s_titleHeight = 16;   // px, for which the sheets leave room
 constexpr int s_rowSpacing = 5;     // px
 constexpr int s_columnSpacing = 10; // px
 constexpr int s_maximumWidth = 560; // px, of one column
+constexpr int s_sliderWidth = 70;   // px, at least
 /// As wide as a value gets in any unit that can be chosen.
 const QString s_widestValue = QStringLiteral("00000000.00 N/mm\u00b2");
+/// The same for the few quantities that have sliders.
+const QString s_widestBesideSlider = QStringLiteral("0000000000 mm/s");
 
 int widest(const std::vector<BVLabel *> &labels)
 {
@@ -42,12 +48,35 @@ int widest(const std::vector<BVLabel *> &labels)
     return width;
 }
 
+FieldEditor *createEditor(int index, QWidget *parent)
+{
+    const SetupField &field = SetupFields::field(index);
+    if (field.kind == SetupField::Text)
+        return new TextField(index, parent);
+    if (field.spinStep > 0.0)
+        return new SpinField(index, parent);
+    return new ValueField(index, parent);
+}
+
+/// The slider of a field; null for none.
+QWidget *createSlider(FieldEditor *editor, QWidget *parent)
+{
+    const SetupSlider *definition = SetupFields::slider(editor->index());
+    auto *number = qobject_cast<NumberField *>(editor);
+    if (!definition || !number)
+        return nullptr;
+    QWidget *slider = (new FieldSlider(*definition, number, parent))->slider();
+    QWidget::setTabOrder(slider, editor->edit());
+    return slider;
+}
+
 } // namespace
 
 SetupForm::SetupForm(QWidget *parent)
     : QWidget(parent)
     , m_columns(new QBoxLayout(QBoxLayout::LeftToRight, this))
     , m_editors(SetupFields::fields().size())
+    , m_sliders(SetupFields::fields().size())
 {
     setObjectName(QStringLiteral("setupForm"));
     m_columns->setContentsMargins(s_spacing, s_spacing, s_spacing, s_spacing);
@@ -85,7 +114,7 @@ QGroupBox *SetupForm::createGroup(int group)
     auto *layout = new QGridLayout(box);
     layout->setHorizontalSpacing(s_columnSpacing);
     layout->setVerticalSpacing(s_rowSpacing);
-    layout->setColumnStretch(EditColumn, 1);
+    layout->setColumnStretch(SliderColumn, 1);
     for (int i = 0; i < SetupFields::count(); ++i) {
         if (SetupFields::field(i).group != group)
             continue;
@@ -101,11 +130,7 @@ QGroupBox *SetupForm::createGroup(int group)
 void SetupForm::addField(QGridLayout *layout, QGroupBox *box, int index)
 {
     const SetupField &field = SetupFields::field(index);
-    FieldEditor *editor = nullptr;
-    if (field.kind == SetupField::Text)
-        editor = new TextField(index, box);
-    else
-        editor = new NumberField(index, box);
+    FieldEditor *editor = createEditor(index, box);
     m_editors[size_t(index)] = editor;
     connect(editor, &FieldEditor::edited, this, &SetupForm::changed);
 
@@ -121,7 +146,11 @@ void SetupForm::addField(QGridLayout *layout, QGroupBox *box, int index)
     const int row = layout->rowCount();
     layout->addWidget(label, row, LabelColumn);
     layout->addWidget(symbol, row, SymbolColumn, Qt::AlignRight | Qt::AlignVCenter);
-    layout->addWidget(editor->edit(), row, EditColumn);
+    QWidget *slider = createSlider(editor, box);
+    if (slider)
+        layout->addWidget(slider, row, SliderColumn);
+    layout->addWidget(editor->edit(), row, slider ? EditColumn : SliderColumn, 1, slider ? 1 : 2);
+    m_sliders[size_t(index)] = slider;
 }
 
 void SetupForm::setSetup(const ProcessSetup &setup)
@@ -193,7 +222,7 @@ void SetupForm::focusNextNeedingInput()
     if (next == m_editors.end())
         return;
     (*next)->edit()->setFocus(Qt::ShortcutFocusReason);
-    (*next)->edit()->selectAll();
+    (*next)->selectAll();
 }
 
 QSize SetupForm::minimumSizeHint() const
@@ -229,18 +258,29 @@ void SetupForm::onFieldStatusChanged(QWidget *edit, BVWidgetStatus::Stati)
     Q_EMIT changed();
 }
 
-/// Lets the columns of all boxes begin at the same place.
+/// Lets the columns of all boxes begin at the same place, and keeps the rows with sliders low.
 void SetupForm::alignColumns()
 {
     const int labelWidth = widest(m_labels);
     const int symbolWidth = widest(m_symbols);
     const QFontMetrics metrics = m_labels.front()->fontMetrics();
+    const int editWidth = metrics.horizontalAdvance(s_widestBesideSlider);
+    const int wholeWidth = metrics.horizontalAdvance(s_widestValue);
+    const int sliderWidth = std::max(s_sliderWidth, wholeWidth - s_columnSpacing - editWidth);
     const int top = s_boxMargin + std::max(0, metrics.height() - s_titleHeight);
     for (QGridLayout *layout : m_layouts) {
         layout->setContentsMargins(s_boxMargin, top, s_boxMargin, s_boxMargin);
         layout->setColumnMinimumWidth(LabelColumn, labelWidth);
         layout->setColumnMinimumWidth(SymbolColumn, symbolWidth);
-        layout->setColumnMinimumWidth(EditColumn, metrics.horizontalAdvance(s_widestValue));
+        layout->setColumnMinimumWidth(SliderColumn, sliderWidth);
+        layout->setColumnMinimumWidth(EditColumn, editWidth);
+    }
+    for (size_t i = 0; i < m_sliders.size(); ++i) {
+        if (!m_sliders[i])
+            continue;
+        QWidget *edit = m_editors[i]->edit();
+        edit->setMaximumWidth(editWidth);
+        m_sliders[i]->setMaximumHeight(edit->sizeHint().height() + 2 * s_rowSpacing);
     }
 }
 

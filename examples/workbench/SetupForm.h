@@ -73,6 +73,7 @@ private:
     QBoxLayout *m_columns;
     std::vector<QWidget *> m_columnHolders;
     std::vector<FieldEditor *> m_editors;
+    std::vector<QWidget *> m_sliders; // of the fields; null for none
     std::vector<QGroupBox *> m_groups;
     std::vector<QGridLayout *> m_layouts; // of the groups
     std::vector<BVLabel *> m_labels;

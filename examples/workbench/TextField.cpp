@@ -2,17 +2,21 @@
 #include "TextField.h"
 
 #include "ProcessSetup.h"
-#include "SetupFields.h"
 
 #include <BVLineEdit.h>
 
 #include <QVariant>
 
 TextField::TextField(int index, QWidget *parent)
-    : FieldEditor(index, new BVLineEdit(parent), parent)
+    : TextField(index, new BVLineEdit(parent), parent)
 {
-    edit()->setToolTip(SetupFields::translated(SetupFields::field(index).toolTip));
-    connect(edit(), &QLineEdit::editingFinished, this, &TextField::takeOver);
+}
+
+TextField::TextField(int index, BVLineEdit *edit, QWidget *parent)
+    : FieldEditor(index, edit, parent)
+    , m_edit(edit)
+{
+    connect(edit, &QLineEdit::editingFinished, this, &TextField::takeOver);
 }
 
 void TextField::store(ProcessSetup &setup) const
@@ -22,9 +26,9 @@ void TextField::store(ProcessSetup &setup) const
 
 void TextField::takeOver()
 {
-    const QString text = ProcessSetup::storableText(edit()->text());
-    if (text == m_text && text == edit()->text()) {
-        edit()->setModified(false);
+    const QString text = ProcessSetup::storableText(m_edit->text());
+    if (text == m_text && text == m_edit->text()) {
+        m_edit->setModified(false);
         return;
     }
     const bool changed = text != m_text;
@@ -61,6 +65,6 @@ QVariant TextField::reference() const
 void TextField::setText(const QString &text)
 {
     m_text = text;
-    edit()->setText(text);
-    edit()->setNeedInputStatus(text.isEmpty());
+    m_edit->setText(text);
+    m_edit->setNeedInputStatus(text.isEmpty());
 }

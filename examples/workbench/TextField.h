@@ -5,6 +5,7 @@
 
 #include <QString>
 
+class BVLineEdit;
 class QWidget;
 
 /// Edits a text that must not be empty.
@@ -26,8 +27,10 @@ protected:
     QVariant reference() const override;
 
 private:
+    TextField(int index, BVLineEdit *edit, QWidget *parent);
     void setText(const QString &text);
 
+    BVLineEdit *m_edit;
     QString m_text;
     QString m_reference; // empty for none
 };

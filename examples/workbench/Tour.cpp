@@ -10,7 +10,8 @@
 
 #include <BVCheckBox.h>
 #include <BVComboBox.h>
-#include <BVLineEdit.h>
+#include <BVSlider.h>
+#include <BVWidgetInterface.h>
 
 #include <QApplication>
 #include <QDir>
@@ -20,13 +21,18 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QToolTip>
+#include <QWheelEvent>
 
 namespace {
 
 constexpr QSize s_windowSize(1040, 780); // px
+constexpr QSize s_narrowSize(640, 780);  // px
 constexpr int s_windowTime = 2000;       // ms that a window may take to become active
 constexpr int s_toolTipGap = 4;          // px
 constexpr int s_biggerFont = 13;         // pt
@@ -55,6 +61,34 @@ void sendKey(QWidget *widget, int key, const QString &text = QString(),
     QApplication::sendEvent(widget, &press);
     QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
     QApplication::sendEvent(widget, &release);
+}
+
+void sendMouse(QWidget *widget, QEvent::Type type, const QPoint &position)
+{
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    const Qt::MouseButtons held =
+        type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, position, widget->mapToGlobal(position), button, held, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+void turnWheelOver(QWidget *widget, int notches)
+{
+    const QPoint middle = widget->rect().center();
+    QWheelEvent event(middle, widget->mapToGlobal(middle), QPoint(),
+                      QPoint(0, notches * QWheelEvent::DefaultDeltasPerStep), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget, &event);
+}
+
+/// The widget on a screen of twice the resolution.
+QPixmap atTwiceTheResolution(QWidget *widget)
+{
+    QPixmap picture(2 * widget->size());
+    picture.setDevicePixelRatio(2.0);
+    picture.fill(Qt::transparent);
+    widget->render(&picture);
+    return picture;
 }
 
 /// The window with the dialog in its middle, as a person sees them.
@@ -108,7 +142,8 @@ bool Tour::run()
 {
     return prepare() && openSteel() && chooseInch() && typeMillimetres() && typeUnacceptable() &&
            openPreferences() && useLightVersion() && useBiggerFont() && openAluminium() &&
-           refuseFile();
+           refuseFile() && moveSliders() && dragLimit() && turnWheel() && beginNewSetup() &&
+           useNarrowWindow();
 }
 
 bool Tour::prepare()
@@ -140,12 +175,12 @@ bool Tour::chooseInch()
 
 bool Tour::typeMillimetres()
 {
-    BVLineEdit *width = field("tools", "punchWidth");
+    FieldEditor *width = field("tools", "punchWidth");
     type(width, QStringLiteral("25.4mm"));
-    sendKey(width, Qt::Key_Return, QStringLiteral("\r"));
+    sendKey(width->edit(), Qt::Key_Return, QStringLiteral("\r"));
     settle();
     return expectText(width, QStringLiteral("1 inch")) &&
-           expect(width->isUserEditStatus() && width->isDifferentStatus(),
+           expect(width->status()->isUserEditStatus() && width->status()->isDifferentStatus(),
                   QStringLiteral("the field is marked as edited and different")) &&
            expect(m_window.isWindowModified(), QStringLiteral("the window is modified")) &&
            picture(QStringLiteral("typed"));
@@ -153,19 +188,19 @@ bool Tour::typeMillimetres()
 
 bool Tour::typeUnacceptable()
 {
-    BVLineEdit *gap = field("tools", "gap");
+    FieldEditor *gap = field("tools", "gap");
     type(gap, QStringLiteral("5 kg"));
-    sendKey(gap, Qt::Key_Return, QStringLiteral("\r"));
+    sendKey(gap->edit(), Qt::Key_Return, QStringLiteral("\r"));
     settle();
     const QGroupBox *tools =
         m_window.form()->groupBox(SetupFields::findGroup(QStringLiteral("tools")));
     return expectText(gap, QStringLiteral("5 kg")) &&
-           expect(gap->isNeedInputStatus(), QStringLiteral("the field needs input")) &&
+           expect(gap->status()->isNeedInputStatus(), QStringLiteral("the field needs input")) &&
            expect(tools->property("needInputStatus").toBool(),
                   QStringLiteral("the group needs input")) &&
            expect(m_window.summary()->text() == QStringLiteral("1 field needs input"),
                   QStringLiteral("the status bar counts the field")) &&
-           write(QStringLiteral("unacceptable"), withToolTip(&m_window, gap));
+           write(QStringLiteral("unacceptable"), withToolTip(&m_window, gap->edit()));
 }
 
 bool Tour::openPreferences()
@@ -232,22 +267,106 @@ bool Tour::refuseFile()
         !write(QStringLiteral("refused"), withDialog(&m_window, box)))
         return false;
     box->accept();
+    activate(&m_window);
     return expectText(field("blank", "thickness"), QStringLiteral("0.81 mm"));
 }
 
-BVLineEdit *Tour::field(const char *group, const char *key) const
+bool Tour::moveSliders()
+{
+    BVSlider *radius = slider("dieProfileRadius");
+    for (int i = 0; i < 3; ++i)
+        sendKey(radius, Qt::Key_PageUp);
+    BVSlider *speed = slider("punchSpeed");
+    const QPoint groove(speed->width() * 2 / 3, speed->rect().center().y());
+    sendMouse(speed, QEvent::MouseButtonPress, groove);
+    sendMouse(speed, QEvent::MouseButtonRelease, groove);
+    type(field("press", "blankHolderForce"), QStringLiteral("49.0375"));
+    sendKey(field("press", "blankHolderForce")->edit(), Qt::Key_Return, QStringLiteral("\r"));
+    settle();
+    return expectText(field("tools", "dieProfileRadius"), QStringLiteral("8 mm")) &&
+           expect(speed->value() == speed->pixelPosToValue(groove),
+                  QStringLiteral("the slider jumps to the click")) &&
+           expect(slider("blankHolderForce")->value() == 490,
+                  QStringLiteral("the slider follows beyond its limit")) &&
+           expect(speed->isUserEditStatus() && speed->isDifferentStatus(),
+                  QStringLiteral("the slider is marked as edited and different")) &&
+           picture(QStringLiteral("sliders")) &&
+           write(QStringLiteral("high_resolution"), atTwiceTheResolution(m_window.form()));
+}
+
+bool Tour::dragLimit()
+{
+    BVSlider *force = slider("blankHolderForce");
+    const QPoint begin = force->handleRect(BVSlider::UpperLimitHandle).center();
+    const QPoint end(force->valueToPixelPos(150), begin.y());
+    force->setFocus(Qt::MouseFocusReason);
+    sendMouse(force, QEvent::MouseButtonPress, begin);
+    sendMouse(force, QEvent::MouseMove, end);
+    sendMouse(force, QEvent::MouseButtonRelease, end);
+    settle();
+    const ProcessSetup setup = m_window.form()->setup();
+    const double value = setup.number(field("press", "blankHolderForce")->index());
+    return expect(value < 17.0, QStringLiteral("the limit takes the force along")) &&
+           write(QStringLiteral("limit"), withToolTip(&m_window, force));
+}
+
+bool Tour::turnWheel()
+{
+    FieldEditor *friction = field("tools", "friction");
+    turnWheelOver(friction->edit(), 1);
+    settle();
+    if (!expectText(friction, QStringLiteral("0.162")))
+        return false;
+    friction->edit()->setFocus(Qt::TabFocusReason);
+    turnWheelOver(friction->edit(), 1);
+    settle();
+    sendKey(friction->edit(), Qt::Key_Up);
+    settle();
+    return expectText(friction, QStringLiteral("0.182")) &&
+           write(QStringLiteral("spin_box"), withToolTip(&m_window, friction->edit()));
+}
+
+bool Tour::beginNewSetup()
+{
+    m_window.resetAll();
+    m_window.newSetup();
+    settle();
+    return expectText(field("tools", "friction"), QString()) &&
+           expect(m_window.form()->fieldsNeedingInput().size() == SetupFields::count(),
+                  QStringLiteral("all fields need input")) &&
+           picture(QStringLiteral("new"));
+}
+
+bool Tour::useNarrowWindow()
+{
+    m_window.openExample(QStringLiteral(":/Setups/square-cup-steel.xml"));
+    m_window.resize(s_narrowSize);
+    settle();
+    auto *area = m_window.findChild<QScrollArea *>();
+    area->ensureWidgetVisible(field("press", "rollingDirection")->edit());
+    return expect(!area->horizontalScrollBar()->isVisible(),
+                  QStringLiteral("the form has room in a narrow window")) &&
+           picture(QStringLiteral("narrow"));
+}
+
+FieldEditor *Tour::field(const char *group, const char *key) const
 {
     const int index =
         SetupFields::findField(SetupFields::findGroup(QLatin1String(group)), QLatin1String(key));
-    return m_window.form()->editor(index)->edit();
+    return m_window.form()->editor(index);
 }
 
-void Tour::type(BVLineEdit *edit, const QString &text)
+BVSlider *Tour::slider(const char *key) const
 {
-    edit->setFocus(Qt::TabFocusReason);
-    edit->selectAll();
+    return m_window.form()->findChild<BVSlider *>(QLatin1String(key) + QStringLiteral("Slider"));
+}
+
+void Tour::type(FieldEditor *field, const QString &text)
+{
+    field->edit()->setFocus(Qt::TabFocusReason);
+    field->selectAll();
     for (const QChar c : text)
-        sendKey(edit, c.toUpper().unicode(), QString(c));
+        sendKey(field->edit(), c.toUpper().unicode(), QString(c));
     settle();
 }
 
@@ -281,10 +400,11 @@ bool Tour::expect(bool holds, const QString &what)
     return holds;
 }
 
-bool Tour::expectText(BVLineEdit *edit, const QString &text)
+bool Tour::expectText(FieldEditor *field, const QString &text)
 {
-    return expect(edit->text() == text, QStringLiteral("field \"%1\" shows \"%2\", not \"%3\"")
-                                            .arg(edit->objectName(), text, edit->text()));
+    return expect(field->text() == text,
+                  QStringLiteral("field \"%1\" shows \"%2\", not \"%3\"")
+                      .arg(field->edit()->objectName(), text, field->text()));
 }
 
 bool Tour::picture(const QString &name)

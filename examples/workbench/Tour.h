@@ -4,7 +4,8 @@
 #include <QString>
 #include <QStringList>
 
-class BVLineEdit;
+class BVSlider;
+class FieldEditor;
 class WorkbenchWindow;
 class PreferencesDialog;
 class QPixmap;
@@ -33,15 +34,21 @@ private:
     bool useBiggerFont();
     bool openAluminium();
     bool refuseFile();
+    bool moveSliders();
+    bool dragLimit();
+    bool turnWheel();
+    bool beginNewSetup();
+    bool useNarrowWindow();
 
-    BVLineEdit *field(const char *group, const char *key) const;
-    void type(BVLineEdit *edit, const QString &text);
+    FieldEditor *field(const char *group, const char *key) const;
+    BVSlider *slider(const char *key) const;
+    void type(FieldEditor *field, const QString &text);
     PreferencesDialog *preferences() const;
     /// Opens the preferences, lets @p change set something, and presses OK.
     template <typename Change>
     bool withPreferences(Change change);
     bool expect(bool holds, const QString &what);
-    bool expectText(BVLineEdit *edit, const QString &text);
+    bool expectText(FieldEditor *field, const QString &text);
     /// Writes a picture of the window as it is.
     bool picture(const QString &name);
     bool write(const QString &name, const QPixmap &pixmap);

@@ -11,6 +11,7 @@
 
 #include <BVCheckBox.h>
 #include <BVComboBox.h>
+#include <BVSlider.h>
 #include <BVValueEdit.h>
 #include <ConfigurationManager.h>
 
@@ -73,13 +74,20 @@ public:
     }
 
     WorkbenchWindow *operator->() { return &m_window; }
-    BVLineEdit *edit(const char *path) { return m_window.form()->editor(fieldIndex(path))->edit(); }
+    FieldEditor *field(const char *path) { return m_window.form()->editor(fieldIndex(path)); }
+    QWidget *edit(const char *path) { return field(path)->edit(); }
+    const BVWidgetInterface *status(const char *path) { return field(path)->status(); }
+    BVSlider *slider(const char *path)
+    {
+        const QString key = QString::fromLatin1(path).section(QLatin1Char('/'), 1);
+        return m_window.findChild<BVSlider *>(key + QStringLiteral("Slider"));
+    }
     double value(const char *path) { return m_window.form()->setup().number(fieldIndex(path)); }
 
     void begin(const char *path, const QString &text)
     {
         edit(path)->setFocus();
-        edit(path)->selectAll();
+        field(path)->selectAll();
         QTest::keyClicks(edit(path), text);
     }
 
@@ -104,6 +112,22 @@ public:
 private:
     WorkbenchWindow m_window;
 };
+
+/// Chooses the first entry of the widget's context menu; returns its text.
+QString chooseFromContextMenu(QWidget *widget)
+{
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2));
+    QCoreApplication::sendEvent(widget, &event);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    if (!menu)
+        return QString();
+    QAction *first = menu->actions().constFirst();
+    const QString text = first->text();
+    first->trigger();
+    menu->close();
+    QCoreApplication::processEvents();
+    return text;
+}
 
 /// Presses a button of the next modal message box.
 void answerNextQuestion(QMessageBox::StandardButton button)
@@ -138,6 +162,11 @@ private Q_SLOTS:
     void unacceptableTextReachesFormAndGoes();
     void newSetupNeedsInput();
     void contextMenuBringsReferenceBack();
+    void sliderFollowsTypedValue();
+    void movedSliderSetsValue();
+    void movedSliderIsReset();
+    void limitsBindSliderOnly();
+    void spinBoxSteps();
     void savingTakesOverAndMakesReference();
     void savingIsRefusedWhileInputIsNeeded();
     void failedSavingIsToldAndClosingAsks();
@@ -310,7 +339,7 @@ void tst_Workbench::refusalLeavesDocumentAlone()
     QVERIFY(bench->form()->setup() == before);
     QCOMPARE(bench->windowTitle(), title);
     QVERIFY(bench->isWindowModified());
-    QVERIFY(bench.edit("tools/gap")->isDifferentStatus());
+    QVERIFY(bench.status("tools/gap")->isDifferentStatus());
 }
 
 void tst_Workbench::reshowsAllValuesInChosenUnits()
@@ -326,7 +355,7 @@ void tst_Workbench::reshowsAllValuesInChosenUnits()
     for (const auto &[dimension, unit, texts] : rows) {
         UnitsConfiguration::instance().setCurrentUnit(dimension, unit);
         for (int i = 0; i < texts.size(); i += 2)
-            QCOMPARE(bench.edit(texts[i].toLatin1())->text(), texts[i + 1]);
+            QCOMPARE(bench.field(texts[i].toLatin1())->text(), texts[i + 1]);
         bench->form()->takeOver();
         QVERIFY2(bench->form()->setup() == before, qPrintable(unit));
         QVERIFY2(!bench->isWindowModified(), qPrintable(unit));
@@ -359,17 +388,17 @@ void tst_Workbench::typedValueIsConvertedAndMarked()
 {
     Bench bench;
     UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Length, QStringLiteral("inch"));
-    BVLineEdit *edit = bench.edit("tools/punchWidth");
+    FieldEditor *field = bench.field("tools/punchWidth");
     bench.type("tools/punchWidth", QStringLiteral("25.4mm"));
-    QCOMPARE(edit->text(), QStringLiteral("1 inch"));
+    QCOMPARE(field->text(), QStringLiteral("1 inch"));
     QCOMPARE(bench.value("tools/punchWidth"), 25.4);
-    QVERIFY(edit->isUserEditStatus() && edit->isDifferentStatus());
-    QCOMPARE(edit->property("ReferenceValue").toDouble(), 70.0);
+    QVERIFY(field->status()->isUserEditStatus() && field->status()->isDifferentStatus());
+    QCOMPARE(field->edit()->property("ReferenceValue").toDouble(), 70.0);
     QVERIFY(bench->isWindowModified());
 
     bench.type("tools/punchWidth", QStringLiteral("70 mm"));
-    QVERIFY(edit->isUserEditStatus() && !edit->isDifferentStatus());
-    QVERIFY(!edit->property("ReferenceValue").isValid());
+    QVERIFY(field->status()->isUserEditStatus() && !field->status()->isDifferentStatus());
+    QVERIFY(!field->edit()->property("ReferenceValue").isValid());
     QVERIFY(!bench->isWindowModified());
 }
 
@@ -380,7 +409,7 @@ void tst_Workbench::unacceptableTextReachesFormAndGoes()
     QWidget *other = bench->form()->groupBox(SetupFields::findGroup(QStringLiteral("press")));
     for (const QString &text : {QStringLiteral("5 kg"), QStringLiteral("101"), QStringLiteral("5 k")}) {
         bench.type("tools/gap", text);
-        QCOMPARE(bench.edit("tools/gap")->text(), text);
+        QCOMPARE(bench.field("tools/gap")->text(), text);
         QCOMPARE(bench.value("tools/gap"), 2.0);
         QVERIFY(group->property("needInputStatus").toBool());
         QVERIFY(bench->form()->property("needInputStatus").toBool());
@@ -401,9 +430,9 @@ void tst_Workbench::newSetupNeedsInput()
     QVERIFY(!bench->isWindowModified());
     bench.type("blank/thickness", QStringLiteral("0.8"));
     bench.type("material/name", QStringLiteral("DC04"));
-    QCOMPARE(bench.edit("blank/thickness")->text(), QStringLiteral("0.8 mm"));
+    QCOMPARE(bench.field("blank/thickness")->text(), QStringLiteral("0.8 mm"));
     QCOMPARE(bench->form()->fieldsNeedingInput().size(), SetupFields::count() - 2);
-    QVERIFY(!bench.edit("blank/thickness")->isDifferentStatus()); // from nothing
+    QVERIFY(!bench.status("blank/thickness")->isDifferentStatus()); // from nothing
     QVERIFY(bench->isWindowModified());
 }
 
@@ -417,21 +446,135 @@ void tst_Workbench::contextMenuBringsReferenceBack()
     };
     for (const auto &[field, typed] : rows) {
         Bench bench;
-        BVLineEdit *edit = bench.edit(field);
-        const QString before = edit->text();
+        const QString before = bench.field(field)->text();
         bench.type(field, typed);
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(2, 2));
-        QCoreApplication::sendEvent(edit, &event);
-        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        QVERIFY2(menu, qPrintable(typed));
-        QCOMPARE(menu->actions().constFirst()->text(), QStringLiteral("Reset Value to Standard"));
-        menu->actions().constFirst()->trigger();
-        menu->close();
-        QCoreApplication::processEvents();
-        QCOMPARE(edit->text(), before);
-        QCOMPARE(edit->getBvStatus(), BVWidgetStatus::Stati());
+        QCOMPARE(chooseFromContextMenu(bench.edit(field)), QStringLiteral("Reset Value to Standard"));
+        QCOMPARE(bench.field(field)->text(), before);
+        QCOMPARE(bench.status(field)->getBvStatus(), BVWidgetStatus::Stati());
         QVERIFY2(!bench->isWindowModified(), qPrintable(typed));
     }
+}
+
+void tst_Workbench::sliderFollowsTypedValue()
+{
+    Bench bench;
+    const std::tuple<const char *, QString, double, int> rows[] = {
+        {"press/blankHolderForce", "19.6375", 19.6375, 196},
+        {"press/blankHolderForce", "2.5", 2.5, 25}, // outside of the limits
+        {"press/blankHolderForce", "80", 80.0, 600},
+        {"tools/dieProfileRadius", "0.125", 0.125, 0},
+        {"tools/dieProfileRadius", "0.3 cm", 3.0, 10},
+        {"press/punchSpeed", "31.622776", 31.622776, 150},
+        {"press/punchSpeed", "0.01", 0.01, 0},
+    };
+    for (const auto &[path, typed, value, position] : rows) {
+        bench.type(path, typed);
+        QCOMPARE(bench.slider(path)->value(), position);
+        bench->form()->takeOver();
+        QCOMPARE(bench.value(path), value);
+        if (position > 0 && position < bench.slider(path)->maximum()) {
+            bench.slider(path)->setValue(position + 1);
+            QVERIFY(bench.value(path) != value);
+            bench.slider(path)->setValue(position);
+            QCOMPARE(bench.value(path), value);
+        }
+    }
+    bench->form()->resetToReference();
+    QVERIFY(bench->form()->setup() == readSetup(s_steel));
+    QCOMPARE(bench.slider("press/punchSpeed")->value(), 100);
+}
+
+void tst_Workbench::movedSliderSetsValue()
+{
+    Bench bench;
+    for (const bool empty : {false, true}) {
+        bench->form()->setSetup(empty ? ProcessSetup() : readSetup(s_steel));
+        for (const char *path : {"press/blankHolderForce", "tools/dieProfileRadius", "press/punchSpeed"}) {
+            BVSlider *slider = bench.slider(path);
+            QVERIFY(!empty || (slider->value() == 0 && bench.value(path) == ProcessSetup::noValue()));
+            for (int i = 1; i <= slider->maximum(); ++i) {
+                slider->setValue(i);
+                QCOMPARE(slider->value(), i); // its own value does not move it
+            }
+            QVERIFY(!bench.status(path)->isNeedInputStatus());
+            const double maximum = slider->positionToValue(slider->maximum());
+            QCOMPARE(bench.value(path), maximum);
+        }
+    }
+}
+
+void tst_Workbench::movedSliderIsReset()
+{
+    Bench bench;
+    const std::tuple<const char *, int, double> rows[] = {
+        {"press/blankHolderForce", Qt::Key_Right, 19.7},
+        {"tools/dieProfileRadius", Qt::Key_Left, 4.9},
+        {"press/punchSpeed", Qt::Key_Right, 10.2},
+    };
+    for (const auto &[path, key, value] : rows) {
+        BVSlider *slider = bench.slider(path);
+        const double before = bench.value(path);
+        QTest::keyClick(slider, Qt::Key(key));
+        QCOMPARE(bench.value(path), value);
+        for (const BVWidgetInterface *status : {bench.status(path), static_cast<const BVWidgetInterface *>(slider)})
+            QVERIFY(status->isUserEditStatus() && status->isDifferentStatus());
+        QCOMPARE(chooseFromContextMenu(slider), QStringLiteral("Reset Value to Standard"));
+        QCOMPARE(bench.value(path), before);
+        QCOMPARE(slider->getBvStatus(), BVWidgetStatus::Stati());
+        QVERIFY2(!bench->isWindowModified(), path);
+    }
+}
+
+void tst_Workbench::limitsBindSliderOnly()
+{
+    Bench bench;
+    const char *path = "press/blankHolderForce";
+    BVSlider *slider = bench.slider(path);
+    QTest::keyClick(slider, Qt::Key_End);
+    QCOMPARE(bench.value(path), 40.0);
+    bench.type(path, QStringLiteral("19.6375"));
+    slider->moveHandle(BVSlider::UpperLimitHandle, 150); // takes the value along
+    QCOMPARE(bench.value(path), 15.0);
+    slider->moveHandle(BVSlider::UpperLimitHandle, 400);
+    slider->setValue(196);
+    QCOMPARE(bench.value(path), 19.6375);
+    bench.type(path, QStringLiteral("50.125"));
+    QCOMPARE(bench.value(path), 50.125);
+    slider->moveHandle(BVSlider::LowerLimitHandle, 100);
+    QCOMPARE(slider->admissibleMinimum(), 100);
+    UnitsConfiguration::instance().setCurrentUnit(UnitsConfiguration::Force, QStringLiteral("N"));
+    QVERIFY2(slider->toolTip().contains(QStringLiteral("10000 N")), qPrintable(slider->toolTip()));
+    QTest::keyClick(slider, Qt::Key_Home);
+    QCOMPARE(bench.field(path)->text(), QStringLiteral("10000 N"));
+}
+
+void tst_Workbench::spinBoxSteps()
+{
+    Bench bench;
+    const std::tuple<const char *, int, double> rows[] = {
+        {"tools/friction", Qt::Key_Up, 0.154},
+        {"press/punchSpeed", Qt::Key_Down, 9.0},
+    };
+    for (const auto &[path, key, value] : rows) {
+        bench.edit(path)->setFocus();
+        QTest::keyClick(bench.edit(path), Qt::Key(key));
+        QTRY_COMPARE(bench.value(path), value);
+        QVERIFY(bench.status(path)->isUserEditStatus() && bench.status(path)->isDifferentStatus());
+        QCOMPARE(chooseFromContextMenu(bench.edit(path)), QStringLiteral("Reset Value to Standard"));
+        QVERIFY2(!bench->isWindowModified(), path);
+    }
+    bench.type("tools/friction", QStringLiteral("0.14432101"));
+    QCOMPARE(bench.value("tools/friction"), 0.14432101);
+    bench->form()->setSetup(ProcessSetup());
+    for (const QString &typed : {QString(), QStringLiteral("x"), QStringLiteral("\b")}) {
+        bench.type("tools/friction", typed);
+        QCOMPARE(bench.field("tools/friction")->text(), QString());
+        QVERIFY(bench.status("tools/friction")->isNeedInputStatus());
+    }
+    QCOMPARE(bench->form()->fieldsNeedingInput().size(), SetupFields::count());
+    QTest::keyClick(bench.edit("tools/friction"), Qt::Key_Up);
+    QTRY_VERIFY(!bench.status("tools/friction")->isNeedInputStatus());
+    QVERIFY(bench.value("tools/friction") != ProcessSetup::noValue());
 }
 
 void tst_Workbench::savingTakesOverAndMakesReference()
@@ -442,8 +585,8 @@ void tst_Workbench::savingTakesOverAndMakesReference()
     QVERIFY(bench->isWindowModified());
     QVERIFY(bench->saveFile(path));
     QVERIFY(!bench->isWindowModified());
-    QVERIFY(!bench.edit("tools/gap")->isDifferentStatus());
-    QVERIFY(bench.edit("tools/gap")->isUserEditStatus());
+    QVERIFY(!bench.status("tools/gap")->isDifferentStatus());
+    QVERIFY(bench.status("tools/gap")->isUserEditStatus());
     QCOMPARE(WorkbenchSettings::instance().recentFile(), path);
 
     const ProcessSetup read = readSetup(path);
@@ -460,7 +603,7 @@ void tst_Workbench::savingIsRefusedWhileInputIsNeeded()
     QVERIFY(!bench->saveFile(path));
     QVERIFY(bench.takeMessage().contains(QStringLiteral("Gap")));
     QVERIFY(!QFile::exists(path));
-    QCOMPARE(bench.edit("tools/gap")->text(), QStringLiteral("5 kg"));
+    QCOMPARE(bench.field("tools/gap")->text(), QStringLiteral("5 kg"));
 }
 
 void tst_Workbench::failedSavingIsToldAndClosingAsks()

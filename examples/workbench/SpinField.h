@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NumberField.h"
+
+class BVDoubleSpinBox;
+class QWidget;
+
+/// Edits a physical value in a spin box, which is empty while there is no value.
+class SpinField : public NumberField
+{
+    Q_OBJECT
+
+public:
+    SpinField(int index, QWidget *parent);
+
+    double value() const override;
+    void setValue(double value) override;
+    void takeOver() override;
+
+private:
+    SpinField(int index, BVDoubleSpinBox *box, QWidget *parent);
+
+    BVDoubleSpinBox *m_box;
+};
