@@ -2,43 +2,24 @@
 #include "units/BVValueEdit.h"
 
 #include "units/BVUnitValidator.h"
-#include "units/UnitsConfiguration.h"
+#include "units/BVValueTexts_p.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLocale>
 #include <QPointer>
 #include <QToolTip>
 #include <QVariant>
 
 #include <cmath>
 
-namespace {
+using BVValueTexts::withDisplayUnit;
 
-constexpr int s_toolTipDigits = 9; // significant digits of the value in other units
-constexpr double s_fullPrecision =
-    1e-8; // relative; a text closer than that tells the value in full
+namespace {
 
 /// Whether the tag stands for a unit, or for none.
 bool isKnown(UnitConverter::Unit unit)
 {
     return unit == UnitConverter::Unit_None || !UnitConverter::UnitFromTag(unit).isEmpty();
-}
-
-/// The text as the formatter reads it: without the suffix, a number without a unit with the unit
-/// that it is meant in.
-QString withDisplayUnit(const BVFormatter &formatter, const QString &text)
-{
-    QString complete = text;
-    const QString suffix = formatter.suffix();
-    const int end = suffix.isEmpty() ? -1 : text.lastIndexOf(suffix);
-    if (end >= 0)
-        complete.truncate(end);
-    bool isNumber = false;
-    BVDoubleValidator::toDoubleValue(complete.trimmed(), isNumber);
-    if (isNumber && formatter.isValueUnitSet() && formatter.displayUnit() != formatter.valueUnit())
-        BVUnitValidator::appendUnitIfNone(complete, formatter.displayUnit());
-    return complete;
 }
 
 /// Judges a text as the edit's formatter will read it.
@@ -488,37 +469,6 @@ bool BVValueEdit::isNoValue() const
     return (m_formatter->isEmpty() || isEmptyValue) && text() == textFromValue(m_value, false);
 }
 
-QString BVValueEdit::fullValueText() const
-{
-    QString text = textFromValue(m_value, true);
-    if (std::abs(valueFromText(text) - m_value) <= s_fullPrecision * std::abs(m_value))
-        return text;
-    QString precise = QString::number(m_formatter->valueToDisplayValue(m_value), 'g',
-                                      QLocale::FloatingPointShortest);
-    BVUnitValidator::appendUnit(precise, m_formatter->displayUnit());
-    return precise;
-}
-
-QStringList BVValueEdit::valueInOtherUnits() const
-{
-    const UnitsConfiguration &configuration = UnitsConfiguration::instance();
-    QStringList lines;
-    auto dimension = configuration.isSupportedUnitOfAny(m_formatter->displayUnit());
-    if (dimension == UnitsConfiguration::NoDimension)
-        dimension = configuration.isSupportedUnitOfAny(unitString());
-    const QStringList units = UnitsConfiguration::allowedUnits(dimension);
-    for (const QString &unit : units) {
-        double converted = m_value;
-        if (unit == m_formatter->displayUnit() ||
-            !m_formatter->valueToUnit(m_value, unit, converted))
-            continue;
-        QString text = QString::number(converted, 'g', s_toolTipDigits);
-        BVUnitValidator::appendUnit(text, unit);
-        lines << QStringLiteral("= ") + text;
-    }
-    return lines;
-}
-
 QString BVValueEdit::referenceValueText(const QVariant &reference) const
 {
     bool ok = false;
@@ -532,7 +482,8 @@ QString BVValueEdit::toolTipText() const
     if (!hasAcceptableInput())
         lines << problem();
     if (!isNoValue())
-        lines << fullValueText() << valueInOtherUnits();
+        lines << BVValueTexts::fullValueText(*m_formatter, m_value)
+              << BVValueTexts::valueInOtherUnits(*m_formatter, m_value);
     return joinedToolTip(toolTip(), lines);
 }
 

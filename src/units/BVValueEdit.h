@@ -151,8 +151,6 @@ private:
     QString problem() const;
     QString rangeProblem() const;
     bool isNoValue() const;
-    QString fullValueText() const;
-    QStringList valueInOtherUnits() const;
 
     double m_value = 0.0; // in the value unit
     bool m_dirty = true;

@@ -1,0 +1,1090 @@
+// SPDX-License-Identifier: MIT
+#include "units/BVDoubleSpinBox.h"
+
+#include "foundation/BVCursorTable.h"
+#include "foundation/BVWidgetStatusChangedEvent.h"
+#include "foundation/StandardSymbolPainter.h"
+#include "platform/PropertyChangeFilter.h"
+#include "units/BVSpinBoxDrag_p.h"
+#include "units/BVStepping_p.h"
+#include "units/BVUnitSymbols.h"
+#include "units/BVUnitValidator.h"
+#include "units/BVValueTexts_p.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QStyleOptionSpinBox>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include <cfloat>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr int s_baseDecimals = DBL_MAX_10_EXP + DBL_DIG; // the most that the toolkit's box takes
+constexpr double s_relativeTolerance = 1e-6; // value unit, for other notations than fixed
+constexpr double s_acceleration = 10.0;      // steps a step, with Control
+constexpr double s_fineStep = 0.1;           // steps a step, with Shift
+constexpr int s_factorDigits = 6;            // significant
+constexpr int s_hintCharacters = 18;         // of a number, at most
+constexpr int s_cursorWidth = 2;             // px, for the text cursor to blink in
+
+/// The value that a step leads to.
+class StepEvent : public QEvent
+{
+public:
+    static const QEvent::Type s_eventType;
+
+    StepEvent(double value, quint32 serial)
+        : QEvent(s_eventType)
+        , m_value(value)
+        , m_serial(serial)
+    {
+    }
+
+    double value() const { return m_value; }
+    quint32 serial() const { return m_serial; }
+
+private:
+    double m_value;
+    quint32 m_serial;
+};
+
+const QEvent::Type StepEvent::s_eventType = static_cast<QEvent::Type>(QEvent::registerEventType());
+
+/// The toolkit's validator of a spin box, but for that no text is invalid: a line edit swallows the
+/// keys that would make it so, and what is left often reads as another value.
+class EditValidator : public QValidator
+{
+    Q_OBJECT
+
+public:
+    EditValidator(const QValidator *judge, QObject *parent)
+        : QValidator(parent)
+        , m_judge(judge)
+    {
+    }
+
+    State validate(QString &text, int &position) const override
+    {
+        const State state = m_judge->validate(text, position);
+        return state == Invalid ? Intermediate : state;
+    }
+
+    void fixup(QString &text) const override { m_judge->fixup(text); }
+
+private:
+    const QValidator *m_judge; // child of the box
+};
+
+/// Whether the tag stands for a unit, or for none.
+bool isKnown(UnitConverter::Unit unit)
+{
+    return unit == UnitConverter::Unit_None || !UnitConverter::UnitFromTag(unit).isEmpty();
+}
+
+/// The decimal point behind the cursor that the one before it takes the place of; -1 if none does.
+int replacedPoint(const QString &text, int cursor)
+{
+    if (cursor <= 0 || cursor > text.size() ||
+        !BVDoubleValidator::isDecimalPoint(text.at(cursor - 1)))
+        return -1;
+    const int later = BVDoubleValidator::indexOfDecimalPoint(text, cursor);
+    const bool isOfDenominator =
+        later >= 0 && text.midRef(cursor, later - cursor).contains(QLatin1Char('/'));
+    return isOfDenominator ? -1 : later;
+}
+
+int characterCount(BVDoubleSpinBox::InputFieldSize size)
+{
+    constexpr int counts[] = {s_hintCharacters, 6, 10, 16};
+    return counts[qBound<int>(0, size, BVDoubleSpinBox::FieldLarge)];
+}
+
+} // namespace
+
+/// Notes the modifiers of the event that the box handles meanwhile.
+class BVDoubleSpinBox::EventModifiers
+{
+    Q_DISABLE_COPY(EventModifiers)
+
+public:
+    EventModifiers(BVDoubleSpinBox *box, const QInputEvent &event)
+        : m_box(box)
+    {
+        m_box->m_modifiers = event.modifiers();
+    }
+
+    ~EventModifiers()
+    {
+        if (m_box) // else a slot has deleted it
+            m_box->m_modifiers.reset();
+    }
+
+private:
+    QPointer<BVDoubleSpinBox> m_box;
+};
+
+BVDoubleSpinBox::BVDoubleSpinBox(QWidget *parent)
+    : BVStatusControl<QDoubleSpinBox>(parent)
+    , m_formatter(new BVFormatter(this))
+{
+    setFocusPolicy(Qt::StrongFocus);
+    updateTolerance();
+    QDoubleSpinBox::setDecimals(s_baseDecimals);
+    lineEdit()->setValidator(new EditValidator(lineEdit()->validator(), this));
+    lineEdit()->installEventFilter(this);
+    new BVSpinBoxDrag(this);
+    connect(m_formatter, &BVFormatter::settingsChanged, this, &BVDoubleSpinBox::onFormatterChanged);
+    connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+            &BVDoubleSpinBox::onValueChanged);
+    connect(lineEdit(), &QLineEdit::textChanged, this, &BVDoubleSpinBox::onTextChanged);
+}
+
+BVDoubleSpinBox::~BVDoubleSpinBox() = default;
+
+// Range, decimals and units
+
+void BVDoubleSpinBox::setMinimum(double minimum)
+{
+    setRange(minimum, qMax(minimum, maximum()));
+}
+
+void BVDoubleSpinBox::setMaximum(double maximum)
+{
+    setRange(qMin(minimum(), maximum), maximum);
+}
+
+void BVDoubleSpinBox::setRange(double minimum, double maximum)
+{
+    if (std::isnan(minimum) || std::isnan(maximum))
+        return;
+    dropSteps();
+    const QPointer<BVDoubleSpinBox> self(this);
+    QDoubleSpinBox::setRange(minimum, maximum);
+    if (self)
+        updateValidator();
+}
+
+double BVDoubleSpinBox::minimumInDisplayUnit() const
+{
+    return m_formatter->valueToDisplayValue(minimum());
+}
+
+double BVDoubleSpinBox::maximumInDisplayUnit() const
+{
+    return m_formatter->valueToDisplayValue(maximum());
+}
+
+void BVDoubleSpinBox::setMinimumInDisplayUnit(double minimum)
+{
+    setMinimum(m_formatter->displayValueToValue(minimum));
+}
+
+void BVDoubleSpinBox::setMaximumInDisplayUnit(double maximum)
+{
+    setMaximum(m_formatter->displayValueToValue(maximum));
+}
+
+void BVDoubleSpinBox::setRangeInDisplayUnit(double minimum, double maximum)
+{
+    setRange(m_formatter->displayValueToValue(minimum), m_formatter->displayValueToValue(maximum));
+}
+
+int BVDoubleSpinBox::decimals() const
+{
+    return m_formatter->decimals();
+}
+
+void BVDoubleSpinBox::setDecimals(int decimals)
+{
+    m_decimals = qMax(0, decimals);
+    m_formatter->setDecimals(m_decimals);
+}
+
+int BVDoubleSpinBox::precision() const
+{
+    return m_formatter->precision();
+}
+
+void BVDoubleSpinBox::setPrecision(int precision)
+{
+    m_formatter->setPrecision(precision);
+}
+
+QString BVDoubleSpinBox::unitString() const
+{
+    return m_formatter->valueUnit();
+}
+
+void BVDoubleSpinBox::setUnitString(const QString &unit)
+{
+    if (m_formatter->setValueUnit(unit) && m_decimals >= 0)
+        m_formatter->setDecimals(m_decimals);
+}
+
+UnitConverter::Unit BVDoubleSpinBox::unitTag() const
+{
+    return UnitConverter::TagFromUnit(unitString());
+}
+
+void BVDoubleSpinBox::setUnitTag(UnitConverter::Unit unit)
+{
+    if (isKnown(unit))
+        setUnitString(UnitConverter::UnitFromTag(unit));
+}
+
+UnitConverter::Unit BVDoubleSpinBox::unitDisplayTag() const
+{
+    return UnitConverter::TagFromUnit(m_formatter->displayUnit());
+}
+
+bool BVDoubleSpinBox::setUnitDisplayTag(UnitConverter::Unit unit)
+{
+    if (!isKnown(unit))
+        return false;
+    if (unit != UnitConverter::Unit_None)
+        return m_formatter->setGlobalOff(UnitConverter::UnitFromTag(unit));
+    m_formatter->setGlobalOn();
+    return true;
+}
+
+void BVDoubleSpinBox::setUseGlobalDisplayUnit(bool on)
+{
+    if (on)
+        m_formatter->setGlobalOn();
+    else
+        m_formatter->setGlobalOff(m_formatter->displayUnit());
+}
+
+bool BVDoubleSpinBox::isUserDisplayUnit() const
+{
+    return !m_formatter->isGlobalOn();
+}
+
+bool BVDoubleSpinBox::isDifferentUnit() const
+{
+    return m_formatter->displayUnit() != m_formatter->valueUnit();
+}
+
+BVFormatter::OutputNotation BVDoubleSpinBox::getNotation() const
+{
+    return m_formatter->notation();
+}
+
+void BVDoubleSpinBox::setNotation(BVFormatter::OutputNotation notation)
+{
+    m_formatter->setNotation(notation);
+}
+
+bool BVDoubleSpinBox::isScientificNotation() const
+{
+    return getNotation() == BVFormatter::Scientific;
+}
+
+void BVDoubleSpinBox::setScientificNotation(bool on)
+{
+    if (on != isScientificNotation())
+        setNotation(on ? BVFormatter::Scientific : BVFormatter::Fixed);
+}
+
+void BVDoubleSpinBox::onFormatterChanged()
+{
+    m_shownValue.reset();
+    updateTolerance();
+    updateValidator();
+    showValue();
+    forgetSizeHint();
+    const bool valueUnitIsNew = unitString() != m_announcedUnit;
+    const bool displayUnitIsNew = m_formatter->displayUnit() != m_announcedDisplayUnit;
+    m_announcedUnit = unitString();
+    m_announcedDisplayUnit = m_formatter->displayUnit();
+    const QPointer<BVDoubleSpinBox> self(this);
+    if (valueUnitIsNew)
+        Q_EMIT valueUnitChanged(m_announcedUnit);
+    if (self && displayUnitIsNew)
+        Q_EMIT displayUnitChanged(m_announcedDisplayUnit);
+}
+
+void BVDoubleSpinBox::updateTolerance()
+{
+    m_tolerance = s_relativeTolerance;
+    if (getNotation() != BVFormatter::Fixed)
+        return;
+    // As a difference, so that the offset between the scales of temperatures does not count.
+    const double shown = std::pow(10.0, -decimals() - 1);
+    m_tolerance =
+        std::fabs(m_formatter->displayValueToValue(shown) - m_formatter->displayValueToValue(0.0));
+}
+
+double BVDoubleSpinBox::toleranceInDisplayUnit() const
+{
+    return std::fabs(m_formatter->valueToDisplayValue(m_tolerance) -
+                     m_formatter->valueToDisplayValue(0.0));
+}
+
+// Look
+
+void BVDoubleSpinBox::setPrefix(const QString &prefix)
+{
+    const bool hasFactor = prefix.endsWith(m_factorText);
+    QDoubleSpinBox::setPrefix(hasFactor ? prefix : prefix + m_factorText);
+}
+
+void BVDoubleSpinBox::setFactor(double factor)
+{
+    if (factor == m_factor || !std::isfinite(factor))
+        return;
+    QString prefix = this->prefix();
+    if (prefix.endsWith(m_factorText))
+        prefix.chop(m_factorText.size());
+    m_factor = factor;
+    m_factorText.clear();
+    if (factor != 1.0)
+        m_factorText = QString::number(factor, 'g', s_factorDigits) + QStringLiteral(" \u00d7 ");
+    QDoubleSpinBox::setPrefix(prefix + m_factorText);
+    update();
+}
+
+void BVDoubleSpinBox::setInputFieldWidth(InputFieldSize size)
+{
+    if (size == m_inputFieldSize)
+        return;
+    m_inputFieldSize = size;
+    forgetSizeHint();
+    adjustSize();
+}
+
+void BVDoubleSpinBox::setFitText(bool on)
+{
+    if (on == m_fitText)
+        return;
+    m_fitText = on;
+    forgetSizeHint();
+}
+
+void BVDoubleSpinBox::setComboType(ComboType type)
+{
+    if (type == m_comboType)
+        return;
+    m_comboType = type;
+    PropertyChangeFilter::repolish(this);
+}
+
+void BVDoubleSpinBox::setReadOnly(bool readOnly)
+{
+    QDoubleSpinBox::setReadOnly(readOnly);
+}
+
+void BVDoubleSpinBox::setReadOnlyAndDisableRuvix(bool on)
+{
+    setReadOnly(on);
+    if (on ? !isRuvixEnabled() : !m_ruvixDisabled)
+        return;
+    m_ruvixDisabled = on;
+    setRuvixEnabled(!on);
+}
+
+QAbstractSpinBox::CorrectionMode BVDoubleSpinBox::correctionMode() const
+{
+    return m_correctionMode;
+}
+
+void BVDoubleSpinBox::setCorrectionMode(CorrectionMode mode)
+{
+    // The toolkit's own mode stays "previous value": with the other one it puts 0 in place of a
+    // text that does not read.
+    m_correctionMode = mode;
+}
+
+QRect BVDoubleSpinBox::getPaintingRect() const
+{
+    QStyleOptionSpinBox option;
+    initStyleOption(&option);
+    option.subControls = QStyle::SC_SpinBoxEditField;
+    return style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxEditField, this);
+}
+
+void BVDoubleSpinBox::forgetSizeHint()
+{
+    m_sizeHint.reset();
+    updateGeometry();
+}
+
+QString BVDoubleSpinBox::affixes() const
+{
+    return m_fitText ? lineEdit()->text() : prefix() + suffix() + specialValueText();
+}
+
+int BVDoubleSpinBox::widthForText(int &characters) const
+{
+    const QFontMetrics metrics(fontMetrics());
+    characters = characterCount(m_inputFieldSize);
+    if (m_fitText)
+        return metrics.horizontalAdvance(lineEdit()->text() + QLatin1Char(' '));
+    if (m_inputFieldSize != FieldDefault)
+        return metrics.horizontalAdvance(QLatin1Char('0')) * characters;
+    int width = metrics.horizontalAdvance(specialValueText());
+    characters = 0;
+    for (const double value : {minimum(), maximum(), this->value()}) {
+        const QString number = m_formatter->textFromValue(value, false).left(s_hintCharacters);
+        const QString text = prefix() + number + suffix() + QLatin1Char(' ');
+        characters = qMax(characters, number.size());
+        width = qMax(width, metrics.horizontalAdvance(text));
+    }
+    return width;
+}
+
+QSize BVDoubleSpinBox::sizeHint() const
+{
+    const QString around = affixes();
+    if (m_sizeHint && m_sizeHint->minimum == minimum() && m_sizeHint->maximum == maximum() &&
+        m_sizeHint->around == around)
+        return m_sizeHint->size;
+    ensurePolished();
+    SizeHint hint{minimum(), maximum(), around, 0, QSize()};
+    QStyleOptionSpinBox option;
+    initStyleOption(&option);
+    const QSize contents(widthForText(hint.characters) + s_cursorWidth,
+                         lineEdit()->sizeHint().height());
+    hint.size = style()->sizeFromContents(QStyle::CT_SpinBox, &option, contents, this);
+    m_sizeHint = hint;
+    return hint.size;
+}
+
+QSize BVDoubleSpinBox::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+// Stepping
+
+void BVDoubleSpinBox::setIsSliding(bool sliding)
+{
+    m_sliding = sliding;
+}
+
+bool BVDoubleSpinBox::isSlidingPossible() const
+{
+    return isEnabled() && !isReadOnly() && !getBvStatus(BVWidgetStatus::StandardLocked) &&
+           property("value").isValid() && property("maximum").isValid() &&
+           property("minimum").isValid();
+}
+
+bool BVDoubleSpinBox::isSteppingPossible() const
+{
+    return !isReadOnly() && !getBvStatus(BVWidgetStatus::StandardLocked) && !m_sliding;
+}
+
+QAbstractSpinBox::StepEnabled BVDoubleSpinBox::stepEnabled() const
+{
+    if (isReadOnly() || getBvStatus(BVWidgetStatus::StandardLocked))
+        return StepNone;
+    if (wrapping() || m_empty)
+        return StepUpEnabled | StepDownEnabled;
+    const double value = steppedValue();
+    StepEnabled enabled = StepNone;
+    enabled.setFlag(StepUpEnabled, value < maximum());
+    enabled.setFlag(StepDownEnabled, value > minimum());
+    return enabled;
+}
+
+void BVDoubleSpinBox::stepBy(int steps)
+{
+    static bool s_running = false;
+    if (s_running || !isSteppingPossible())
+        return;
+    const QScopedValueRollback<bool> running(s_running, true);
+    slideValue(steps, false);
+}
+
+void BVDoubleSpinBox::stepByWheel(int steps)
+{
+    static bool s_running = false;
+    if (s_running || !isSteppingPossible())
+        return;
+    const QScopedValueRollback<bool> running(s_running, true);
+    slideValue(steps, true);
+}
+
+bool BVDoubleSpinBox::slideValue(int steps, bool accelerate)
+{
+    const QPointer<BVDoubleSpinBox> self(this); // a slot may delete the box
+    if (!takeTypedText())
+        return false;
+    const double distance = slideDistance(steps, accelerate);
+    const double shown = m_logarithmic ? logSlide(distance) : linearSlide(distance);
+    double value = shown;
+    const QString unit = m_formatter->displayUnit();
+    if (m_formatter->isValueUnitSet() && !unit.isEmpty() &&
+        !m_formatter->valueFromUnit(shown, unit, value))
+        return false;
+    if (std::isnan(value))
+        return false;
+    setEmpty(false);
+    if (!self)
+        return true;
+    if (wrapping())
+        value = BVStepping::wrapped(value, minimum(), maximum(), m_tolerance);
+    postStep(toValidValue(value));
+    return true;
+}
+
+double BVDoubleSpinBox::slideDistance(int steps, bool accelerate) const
+{
+    const Qt::KeyboardModifiers modifiers =
+        m_modifiers.value_or(QGuiApplication::keyboardModifiers());
+    if (modifiers & Qt::ControlModifier)
+        return accelerate ? steps * s_acceleration : steps;
+    return modifiers & Qt::ShiftModifier ? steps * s_fineStep : steps;
+}
+
+double BVDoubleSpinBox::linearSlide(double count) const
+{
+    const double current = m_formatter->valueToDisplayValue(steppedValue());
+    const double step = BVStepping::stepOfRange(minimumInDisplayUnit(), maximumInDisplayUnit(),
+                                                m_slideSteps, singleStep());
+    if (!m_snapToSteps)
+        return BVStepping::linear(current, step, count);
+    return BVStepping::linearOnGrid(current, step, count, toleranceInDisplayUnit());
+}
+
+double BVDoubleSpinBox::logSlide(double count) const
+{
+    const double current = m_formatter->valueToDisplayValue(steppedValue());
+    const bool sharesRange = m_logSlideSteps > 0;
+    const double minimum = minimumInDisplayUnit();
+    if (!(current > 0.0) || (sharesRange && !(minimum > 0.0)))
+        return linearSlide(count);
+    const double decades = sharesRange ? BVStepping::stepOfRange(std::log10(minimum),
+                                                                 std::log10(maximumInDisplayUnit()),
+                                                                 m_logSlideSteps, singleStep())
+                                       : singleStep();
+    return BVStepping::logarithmic(current, decades, count);
+}
+
+void BVDoubleSpinBox::setSlideSteps(int steps)
+{
+    m_slideSteps = steps > 0 ? steps : -1;
+}
+
+void BVDoubleSpinBox::setLogSlideSteps(int steps)
+{
+    m_logSlideSteps = steps > 0 ? steps : -1;
+}
+
+void BVDoubleSpinBox::setLogarithmic(bool on)
+{
+    m_logarithmic = on;
+}
+
+void BVDoubleSpinBox::setSnapToSteps(bool on)
+{
+    m_snapToSteps = on;
+}
+
+double BVDoubleSpinBox::toValidValue(double value) const
+{
+    return BVStepping::snappedToLimit(value, minimum(), maximum(), m_tolerance);
+}
+
+bool BVDoubleSpinBox::isValueInRange(double value, double tolerance, bool checkMinimum,
+                                     bool checkMaximum) const
+{
+    if (std::isnan(value))
+        return false;
+    return (!checkMinimum || value >= minimum() || minimum() - value <= tolerance) &&
+           (!checkMaximum || value <= maximum() || value - maximum() <= tolerance);
+}
+
+double BVDoubleSpinBox::round(double value, double step, int direction, double tolerance)
+{
+    return BVStepping::roundedToStep(value, step, direction, tolerance);
+}
+
+double BVDoubleSpinBox::steppedValue() const
+{
+    return m_pendingSteps > 0 ? m_pendingValue : value();
+}
+
+void BVDoubleSpinBox::postStep(double value)
+{
+    const double bounded = qBound(minimum(), value, maximum());
+    if (bounded == steppedValue())
+        return;
+    m_pendingValue = bounded;
+    ++m_pendingSteps;
+    QCoreApplication::postEvent(this, new StepEvent(bounded, m_stepSerial));
+}
+
+void BVDoubleSpinBox::dropSteps()
+{
+    m_pendingSteps = 0;
+    ++m_stepSerial;
+}
+
+void BVDoubleSpinBox::customEvent(QEvent *event)
+{
+    if (event->type() != StepEvent::s_eventType)
+        return BVStatusControl<QDoubleSpinBox>::customEvent(event);
+    const auto *step = static_cast<StepEvent *>(event);
+    if (step->serial() != m_stepSerial)
+        return;
+    --m_pendingSteps;
+    const QPointer<BVDoubleSpinBox> self(this);
+    m_applyingStep = true;
+    assign(step->value());
+    if (!self)
+        return;
+    m_applyingStep = false;
+    selectAll();
+    if (QAccessible::isActive()) {
+        QAccessibleValueChangeEvent change(this, value());
+        QAccessible::updateAccessibility(&change);
+    }
+    Q_EMIT valueStepped(value());
+}
+
+// Value
+
+void BVDoubleSpinBox::setValue(double value)
+{
+    if (std::isnan(value))
+        return;
+    dropSteps();
+    const bool wasEmpty = std::exchange(m_empty, false);
+    const QPointer<BVDoubleSpinBox> self(this);
+    assign(qBound(minimum(), value, maximum()));
+    if (self && wasEmpty)
+        announceEmpty();
+}
+
+/// Sets and shows the value, which must be in range. The toolkit's own setter rounds it in a text
+/// of hundreds of digits; so it gets the value as what a text reads as.
+void BVDoubleSpinBox::assign(double value)
+{
+    const QPointer<BVDoubleSpinBox> self(this);
+    m_assigned = value;
+    interpretText();
+    if (!self || !m_assigned)
+        return;
+    m_assigned.reset(); // a cleared box reads no text
+    QDoubleSpinBox::setValue(value);
+}
+
+void BVDoubleSpinBox::showValue()
+{
+    assign(value());
+}
+
+void BVDoubleSpinBox::setEmpty(bool empty)
+{
+    if (empty == m_empty)
+        return;
+    dropSteps();
+    m_empty = empty;
+    showValue();
+    announceEmpty();
+}
+
+void BVDoubleSpinBox::announceEmpty()
+{
+    const QPointer<BVDoubleSpinBox> self(this);
+    setBvStatus(BVWidgetStatus::NeedInput, m_empty && !acceptEmpty());
+    if (self)
+        Q_EMIT emptyChanged(m_empty);
+}
+
+bool BVDoubleSpinBox::acceptEmpty() const
+{
+    return m_formatter->getValidator()->acceptEmpty();
+}
+
+void BVDoubleSpinBox::setAcceptEmpty(bool accept)
+{
+    m_formatter->getValidator()->setAcceptEmpty(accept);
+    if (m_empty)
+        setBvStatus(BVWidgetStatus::NeedInput, !accept);
+}
+
+void BVDoubleSpinBox::onValueChanged()
+{
+    if (!m_applyingStep)
+        dropSteps();
+    const bool isWider = m_sizeHint && m_inputFieldSize == FieldDefault &&
+                         qMin(shownText().size(), s_hintCharacters) > m_sizeHint->characters;
+    if (m_fitText || isWider)
+        forgetSizeHint();
+    if (m_empty && !typedText().isEmpty()) {
+        m_empty = false;
+        announceEmpty();
+    }
+}
+
+void BVDoubleSpinBox::onTextChanged()
+{
+    if (m_fitText)
+        forgetSizeHint();
+    if (m_empty && keyboardTracking() && !typedText().isEmpty() && hasAcceptableInput()) {
+        m_empty = false;
+        announceEmpty();
+    }
+}
+
+/// Makes a text being typed the value; false if it does not read, and the last value is back.
+bool BVDoubleSpinBox::takeTypedText()
+{
+    if (isSpecialText(lineEdit()->text()) || typedText() == shownText())
+        return true;
+    const bool acceptable = judge(typedText()) == QValidator::Acceptable;
+    const QPointer<BVDoubleSpinBox> self(this);
+    interpretText();
+    if (self && typedText() != shownText())
+        showValue(); // a cleared box reads no text
+    return self && acceptable;
+}
+
+/// Settles what the toolkit does not when editing ends: a deleted text, and a first text in an
+/// empty box.
+void BVDoubleSpinBox::settleText()
+{
+    const QString typed = typedText();
+    if (typed == shownText())
+        return;
+    if (typed.isEmpty()) {
+        if (acceptEmpty())
+            setEmpty(true);
+        else
+            showValue();
+    } else if (m_empty && (judge(typed) == QValidator::Acceptable ||
+                           judge(fixedText(typed)) == QValidator::Acceptable)) {
+        m_empty = false;
+        announceEmpty();
+    }
+}
+
+void BVDoubleSpinBox::emitEditingFinished()
+{
+    Q_EMIT editingFinished();
+}
+
+void BVDoubleSpinBox::clearSelection()
+{
+    lineEdit()->deselect();
+}
+
+// Text
+
+QString BVDoubleSpinBox::textFromValue(double value) const
+{
+    if (m_empty && value == this->value())
+        return QString();
+    if (m_shownValue != value) {
+        m_shownText = m_formatter->textFromValue(value, false);
+        m_shownValue = value;
+    }
+    return m_shownText;
+}
+
+QString BVDoubleSpinBox::shownText() const
+{
+    return textFromValue(value());
+}
+
+QString BVDoubleSpinBox::typedText() const
+{
+    return stripped(lineEdit()->text());
+}
+
+double BVDoubleSpinBox::valueFromText(const QString &text) const
+{
+    if (m_assigned)
+        return *std::exchange(m_assigned, std::nullopt);
+    if (isSpecialText(text))
+        return minimum();
+    const QString typed = stripped(text);
+    if (typed.isEmpty() || typed == shownText())
+        return value();
+    bool ok = false;
+    const double read = valueOfTyped(typed, ok);
+    if (!ok)
+        return value();
+    if (isLimit(typed))
+        return qBound(minimum(), read, maximum());
+    return read;
+}
+
+bool BVDoubleSpinBox::isSpecialText(const QString &text) const
+{
+    return !text.isEmpty() && text == specialValueText();
+}
+
+QString BVDoubleSpinBox::stripped(const QString &text, int *prefixLength) const
+{
+    const QString before = prefix();
+    const QString behind = suffix();
+    const int start = text.startsWith(before) ? before.size() : 0;
+    const int end = text.midRef(start).endsWith(behind) ? text.size() - behind.size() : text.size();
+    if (prefixLength)
+        *prefixLength = start;
+    return text.mid(start, end - start);
+}
+
+QString BVDoubleSpinBox::withAffixes(const QString &original, const QString &text) const
+{
+    QString whole = text;
+    if (original.startsWith(prefix()))
+        whole.prepend(prefix());
+    if (original.endsWith(suffix()))
+        whole.append(suffix());
+    return whole;
+}
+
+/// The value of a text without prefix and suffix; @p ok tells whether it reads, in range or not.
+double BVDoubleSpinBox::valueOfTyped(const QString &typed, bool &ok) const
+{
+    QString number;
+    QString unit;
+    BVUnitValidator::split(BVValueTexts::withDisplayUnit(*m_formatter, typed), number, unit);
+    const double read = BVDoubleValidator::toDoubleValue(number, ok);
+    if (!ok || unit.isEmpty())
+        return read;
+    BVUnitSymbols::replaceSymbols(unit, true);
+    double value = read;
+    ok = m_formatter->isValueUnitSet() && m_formatter->valueFromUnit(read, unit, value) &&
+         (std::isfinite(value) || !std::isfinite(read));
+    return value;
+}
+
+void BVDoubleSpinBox::updateValidator() const
+{
+    BVUnitValidator *validator = m_formatter->getValidator();
+    if (validator->bottom() != minimum() || validator->top() != maximum())
+        validator->setRange(minimum(), maximum(), m_formatter->precision());
+}
+
+QValidator::State BVDoubleSpinBox::validate(QString &text, int &pos) const
+{
+    if (m_assigned || isSpecialText(text))
+        return QValidator::Acceptable;
+    updateValidator();
+    int prefixLength = 0;
+    QString typed = stripped(text, &prefixLength);
+    const int point = replacedPoint(typed, pos - prefixLength);
+    if (point >= 0) {
+        typed.remove(point, 1);
+        text.remove(prefixLength + point, 1);
+    }
+    return judge(typed);
+}
+
+QValidator::State BVDoubleSpinBox::judge(const QString &typed) const
+{
+    if (!typed.isEmpty() && typed == shownText())
+        return QValidator::Acceptable;
+    QString complete = BVValueTexts::withDisplayUnit(*m_formatter, typed);
+    int end = complete.size();
+    const QValidator::State state =
+        wrapping() ? judgeWrapping(complete) : m_formatter->getValidator()->validate(complete, end);
+    return state == QValidator::Acceptable || !isLimit(typed) ? state : QValidator::Acceptable;
+}
+
+QValidator::State BVDoubleSpinBox::judgeWrapping(const QString &typed) const
+{
+    BVUnitValidator validator(-DBL_MAX, DBL_MAX, m_formatter->precision());
+    validator.setBaseUnit(m_formatter->valueUnit());
+    validator.setAcceptEmpty(acceptEmpty());
+    QString text = typed;
+    int end = text.size();
+    const QValidator::State state = validator.validate(text, end);
+    if (state != QValidator::Acceptable || typed.isEmpty())
+        return state;
+    bool ok = false;
+    const double value = valueOfTyped(typed, ok);
+    return ok && isValueInRange(value, m_tolerance, true, true) ? state : QValidator::Intermediate;
+}
+
+/// Whether a text out of range stands for a limit: it misses it by less than the tolerance, or is
+/// how the limit is shown, which may be rounded.
+bool BVDoubleSpinBox::isLimit(const QString &typed) const
+{
+    bool ok = false;
+    const double value = valueOfTyped(typed, ok);
+    if (!ok || (value >= minimum() && value <= maximum()))
+        return false;
+    return toValidValue(value) != value ||
+           typed == m_formatter->textFromValue(value < minimum() ? minimum() : maximum(), false);
+}
+
+void BVDoubleSpinBox::fixup(QString &text) const
+{
+    const QString typed = stripped(text);
+    if (!typed.isEmpty() && !isSpecialText(text))
+        text = withAffixes(text, fixedText(typed));
+}
+
+QString BVDoubleSpinBox::fixedText(const QString &typed) const
+{
+    bool ok = false;
+    const double value = valueOfTyped(typed, ok);
+    if (!ok)
+        return typed;
+    QString complete = typed;
+    BVUnitValidator::appendUnitIfNone(complete, m_formatter->displayUnit());
+    QString fixed = textInRange(value, preciseText(value, complete));
+    BVUnitValidator::appendUnitIfNone(fixed, m_formatter->displayUnit());
+    return fixed;
+}
+
+/// The value with as many decimals as are read, if that reads as the value.
+QString BVDoubleSpinBox::preciseText(double value, const QString &otherwise) const
+{
+    BVFormatter formatter;
+    formatter.copyFrom(m_formatter);
+    formatter.setEmpty(false);
+    formatter.checkForEmptyValue(false);
+    formatter.setDecimals(precision());
+    const QString text = formatter.textFromValue(value, false);
+    bool ok = false;
+    const double read = valueOfTyped(text, ok);
+    return ok && std::fabs(read - value) <= std::pow(10.0, -precision()) ? text : otherwise;
+}
+
+QString BVDoubleSpinBox::textInRange(double value, const QString &text) const
+{
+    if (isValueInRange(value, m_tolerance, true, true))
+        return text;
+    if (wrapping()) {
+        const double inside = BVStepping::wrapped(value, minimum(), maximum(), m_tolerance);
+        return inside == value ? text
+                               : preciseText(inside, m_formatter->textFromValue(inside, false));
+    }
+    if (m_correctionMode != CorrectToNearestValue)
+        return text;
+    return m_formatter->textFromValue(value < minimum() ? minimum() : maximum(), false);
+}
+
+QString BVDoubleSpinBox::referenceValueText(const QVariant &reference) const
+{
+    bool ok = false;
+    const double value = reference.toDouble(&ok);
+    return ok ? m_formatter->textFromValue(value, true) : reference.toString();
+}
+
+QString BVDoubleSpinBox::toolTipText() const
+{
+    QStringList lines;
+    if (!m_empty) {
+        lines << BVValueTexts::fullValueText(*m_formatter, value())
+              << BVValueTexts::valueInOtherUnits(*m_formatter, value());
+    }
+    return joinedToolTip(toolTip(), lines);
+}
+
+// Events
+
+bool BVDoubleSpinBox::event(QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    if (type == QEvent::ToolTip) {
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), composedToolTip(this),
+                           this, rect(), toolTipDuration());
+        return true;
+    }
+    if (type == BVWidgetStatusChangedEvent::s_eventType) {
+        updateLock();
+        updateCursors();
+        update(); // the arrows, too
+    } else if (type == QEvent::ReadOnlyChange || type == QEvent::EnabledChange) {
+        updateCursors();
+    } else if (type == QEvent::FontChange || type == QEvent::StyleChange) {
+        forgetSizeHint();
+    }
+    return QDoubleSpinBox::event(event); // past the lock, which stands in the line edit here
+}
+
+bool BVDoubleSpinBox::eventFilter(QObject *watched, QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    if (watched == lineEdit() &&
+        (type == QEvent::Resize || type == QEvent::Show || type == QEvent::LayoutDirectionChange))
+        updateLock();
+    return BVStatusControl<QDoubleSpinBox>::eventFilter(watched, event);
+}
+
+void BVDoubleSpinBox::updateLock()
+{
+    BVWidgetStatusChangedEvent change(getBvStatus(), getBvStatus(), this);
+    StandardSymbolPainter::handleStandardLocked(lineEdit(), &change);
+}
+
+void BVDoubleSpinBox::updateCursors()
+{
+    if (isSlidingPossible()) {
+        unsetCursor();
+        lineEdit()->setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Text));
+    } else {
+        setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Locked));
+        lineEdit()->setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Locked));
+    }
+}
+
+QMenu *BVDoubleSpinBox::createContextMenu()
+{
+    QMenu *menu = lineEdit()->createStandardContextMenu();
+    const StepEnabled enabled = stepEnabled();
+    menu->addSeparator();
+    QAction *up = menu->addAction(tr("&Step up"), this, &QAbstractSpinBox::stepUp);
+    up->setEnabled(enabled & StepUpEnabled);
+    QAction *down = menu->addAction(tr("Step &down"), this, &QAbstractSpinBox::stepDown);
+    down->setEnabled(enabled & StepDownEnabled);
+    return menu;
+}
+
+void BVDoubleSpinBox::focusOutEvent(QFocusEvent *event)
+{
+    const QPointer<BVDoubleSpinBox> self(this);
+    settleText();
+    if (self)
+        BVStatusControl<QDoubleSpinBox>::focusOutEvent(event);
+}
+
+void BVDoubleSpinBox::keyPressEvent(QKeyEvent *event)
+{
+    const QPointer<BVDoubleSpinBox> self(this);
+    const EventModifiers modifiers(this, *event);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        settleText();
+    if (self)
+        BVStatusControl<QDoubleSpinBox>::keyPressEvent(event);
+}
+
+void BVDoubleSpinBox::mousePressEvent(QMouseEvent *event)
+{
+    const EventModifiers modifiers(this, *event);
+    BVStatusControl<QDoubleSpinBox>::mousePressEvent(event);
+}
+
+void BVDoubleSpinBox::wheelEvent(QWheelEvent *event)
+{
+    if (!hasFocus()) {
+        event->ignore();
+        return;
+    }
+    const EventModifiers modifiers(this, *event);
+    const int step = event->angleDelta().y() > 0 ? 1 : -1;
+    event->accept();
+    if (stepEnabled() & (step > 0 ? StepUpEnabled : StepDownEnabled))
+        stepByWheel(step);
+}
+
+#include "BVDoubleSpinBox.moc"

@@ -1,0 +1,340 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "BVWidgetsExport.h"
+
+#include "controls/BVStatusControl.h"
+#include "foundation/BVReferenceValueInterface.h"
+#include "foundation/BVStatusProperties.h"
+#include "units/BVFormatter.h"
+#include "units/UnitConverter.h"
+
+#include <QDoubleSpinBox>
+
+#include <optional>
+
+/// A spin box for one physical value.
+///
+/// Value and range are kept in the value unit, with all their digits; the box shows them through
+/// its formatter in the display unit, with as many decimals as are set. The formatter writes "." as
+/// decimal point in every locale and no group separators. The tolerance() follows the decimals
+/// shown; a value that misses a limit by less counts as on it. NaN is ignored by all setters; a
+/// limit that crosses the other one moves it along, and a value set out of range becomes the
+/// nearest limit.
+///
+/// **Stepping.** Arrows, page keys, the wheel, the buttons and dragging move the value by steps:
+/// linear ones of singleStep() or of the range's share, in the display unit, or logarithmic ones.
+/// Where a logarithm is not defined, the step is linear. Shift makes a step a tenth, Control makes
+/// it ten. The value follows after the current input event, first with valueChanged(), then with
+/// valueStepped(); steps made before that add up, and are dropped when the value is set meanwhile.
+/// The wheel turns the value only while the box has the focus. Nothing steps while the box is
+/// read-only, locked by the standard (StandardLocked) or sliding. A text being typed is taken over
+/// first; one that does not read makes way for the last value instead of a step.
+///
+/// **Dragging** up and down from a step button, or sideways from the prefix, slides the value one
+/// step for four pixels; Escape brings back the value at which it was pressed.
+///
+/// **Wrapping** is periodic: beyond a limit the value goes on from the other end by whole widths of
+/// the range. A value on a limit stays there, and a range without a finite width does not wrap.
+///
+/// **Typing.** Any text can be typed, with or without a unit; a number alone is meant in the
+/// display unit. What is left unacceptable is mended as correctionMode() says, and makes way for
+/// the last value if it does not read. The text that shows the value, or a limit, reads as that
+/// with all its digits. The validator of the line edit is the box's own and not to be replaced.
+///
+/// **Empty.** An empty box shows no number, while value() keeps its own; unless empty is accepted,
+/// it carries the status NeedInput. Setting a value, stepping or typing one ends it. A text that
+/// the user has deleted empties the box when the field is left, or Return pressed, if empty is
+/// accepted; else the last value comes back.
+///
+/// The toolkit's adaptive steps are not supported: singleStep() always counts. The lock of a locked
+/// box stands in its edit field.
+class BVWIDGETS_EXPORT BVDoubleSpinBox :
+    public BVStatusControl<QDoubleSpinBox>,
+    public BVReferenceValueInterface
+{
+    Q_OBJECT
+    BV_STATUS_PROPERTIES
+    Q_PROPERTY(double minimum READ minimum WRITE setMinimum)
+    Q_PROPERTY(double maximum READ maximum WRITE setMaximum)
+    Q_PROPERTY(double value READ value WRITE setValue USER true)
+    Q_PROPERTY(QString prefix READ prefix WRITE setPrefix)
+    Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly)
+    Q_PROPERTY(CorrectionMode correctionMode READ correctionMode WRITE setCorrectionMode)
+    Q_PROPERTY(int decimals READ decimals WRITE setDecimals)
+    Q_PROPERTY(int precision READ precision WRITE setPrecision)
+    Q_PROPERTY(UnitConverter::Unit unit READ unitTag WRITE setUnitTag NOTIFY valueUnitChanged)
+    Q_PROPERTY(QString unitString READ unitString WRITE setUnitString NOTIFY valueUnitChanged)
+    Q_PROPERTY(bool scientificNotation READ isScientificNotation WRITE setScientificNotation)
+    Q_PROPERTY(double factor READ factor WRITE setFactor)
+    Q_PROPERTY(InputFieldSize inputFieldWidth READ inputFieldWidth WRITE setInputFieldWidth)
+    Q_PROPERTY(bool fitText READ isFitText WRITE setFitText)
+    Q_PROPERTY(ComboType comboType READ comboType WRITE setComboType)
+    Q_PROPERTY(int slideSteps READ slideSteps WRITE setSlideSteps)
+    Q_PROPERTY(int logSlideSteps READ logSlideSteps WRITE setLogSlideSteps)
+    Q_PROPERTY(bool logarithmic READ isLogarithmic WRITE setLogarithmic)
+    Q_PROPERTY(bool snapToSteps READ isSnapToSteps WRITE setSnapToSteps)
+    Q_PROPERTY(bool acceptEmpty READ acceptEmpty WRITE setAcceptEmpty)
+    Q_PROPERTY(bool empty READ isEmpty WRITE setEmpty NOTIFY emptyChanged)
+
+public:
+    /// How wide the box wants to be.
+    enum InputFieldSize : qint32 {
+        FieldDefault, ///< as wide as the widest of its limits and its value
+        FieldSmall,   ///< 6 characters
+        FieldMedium,  ///< 10 characters
+        FieldLarge,   ///< 16 characters
+    };
+    Q_ENUM(InputFieldSize)
+
+    /// How the box joins a combo box beside it; a style hook.
+    enum ComboType : qint32 {
+        NoCombo,      ///< it stands alone
+        ComboBehind,  ///< the combo box follows it
+        ComboInFront, ///< it follows the combo box
+    };
+    Q_ENUM(ComboType)
+
+    /// A box with the value 0, the range [0, 99.99] and no unit.
+    explicit BVDoubleSpinBox(QWidget *parent = nullptr);
+    ~BVDoubleSpinBox() override;
+
+    /// The limits, in the value unit. See the class for what is not a range.
+    void setMinimum(double minimum);
+    void setMaximum(double maximum);
+    void setRange(double minimum, double maximum);
+    /// The same in the display unit. An infinite limit stays infinite.
+    double minimumInDisplayUnit() const;
+    double maximumInDisplayUnit() const;
+    void setMinimumInDisplayUnit(double minimum);
+    void setMaximumInDisplayUnit(double maximum);
+    void setRangeInDisplayUnit(double minimum, double maximum);
+
+    /// The decimals shown; those of the unit until they are set. See BVFormatter::setDecimals().
+    int decimals() const;
+    void setDecimals(int decimals);
+    /// See BVFormatter::setPrecision(). Also the decimals to which typed texts are read.
+    int precision() const;
+    void setPrecision(int precision);
+
+    /// The value unit. Text that is no unit is ignored; an empty one stands for none. The number
+    /// stays.
+    QString unitString() const;
+    void setUnitString(const QString &unit);
+    /// The same as a tag; Unit_None for a unit without one.
+    UnitConverter::Unit unitTag() const;
+    void setUnitTag(UnitConverter::Unit unit);
+    UnitConverter::Unit getValueUnitTag() const { return unitTag(); }
+    void setValueUnitTag(UnitConverter::Unit unit) { setUnitTag(unit); }
+    /// The unit in which the value is shown; Unit_None for a unit without a tag.
+    UnitConverter::Unit unitDisplayTag() const;
+    /// Fixes the display unit against the user's choice; Unit_None lets it follow that again.
+    /// False, with nothing changed, if the value unit does not convert into it.
+    bool setUnitDisplayTag(UnitConverter::Unit unit);
+    /// Lets the display unit follow the user's choice of units, or fixes it as it is.
+    void setUseGlobalDisplayUnit(bool on);
+    /// Whether the display unit is fixed.
+    bool isUserDisplayUnit() const;
+    /// Whether value and display unit differ.
+    bool isDifferentUnit() const;
+
+    BVFormatter::OutputNotation getNotation() const;
+    void setNotation(BVFormatter::OutputNotation notation);
+    bool isScientificNotation() const;
+    /// Scientific notation, or the fixed notation that the box starts with.
+    void setScientificNotation(bool on);
+
+    /// Sets what stands in front of the number; the factor's text follows it.
+    void setPrefix(const QString &prefix);
+    /// A factor that is shown at the end of the prefix, "2.5 × "; 1 shows nothing. The value stays
+    /// as it is. What is not finite is ignored.
+    double factor() const { return m_factor; }
+    void setFactor(double factor);
+
+    InputFieldSize inputFieldWidth() const { return m_inputFieldSize; }
+    void setInputFieldWidth(InputFieldSize size);
+    /// Whether the box is as wide as its present text, whatever its field size.
+    bool isFitText() const { return m_fitText; }
+    void setFitText(bool on);
+    ComboType comboType() const { return m_comboType; }
+    void setComboType(ComboType type);
+
+    void setReadOnly(bool readOnly);
+    /// Sets the box read-only and clears its flag RuvixEnabled, or makes it editable again and sets
+    /// the flag if it was cleared by this.
+    void setReadOnlyAndDisableRuvix(bool on);
+
+    /// What becomes of a text that is out of range when it is left.
+    CorrectionMode correctionMode() const;
+    void setCorrectionMode(CorrectionMode mode);
+
+    /// Whether the value is being dragged; keys, buttons and wheel do not step meanwhile.
+    bool isSliding() const { return m_sliding; }
+    void setIsSliding(bool sliding);
+    bool isSlidingPossible() const;
+    /// Moves the value by @p steps, Control making it ten times as many if @p accelerate; see the
+    /// class for when it arrives. False, with nothing changed, if there is no such value.
+    bool slideValue(int steps, bool accelerate);
+    /// Steps unless the box is read-only, locked or sliding.
+    void stepBy(int steps) override;
+    /// The same, with Control making ten steps of one.
+    void stepByWheel(int steps);
+
+    /// The number of steps that the range has, -1 for steps of singleStep(); what is below 1 counts
+    /// as -1.
+    int slideSteps() const { return m_slideSteps; }
+    void setSlideSteps(int steps);
+    /// The same for logarithmic steps; with -1 a step is singleStep() powers of ten.
+    int logSlideSteps() const { return m_logSlideSteps; }
+    void setLogSlideSteps(int steps);
+    /// Whether steps are logarithmic. Off at first.
+    bool isLogarithmic() const { return m_logarithmic; }
+    void setLogarithmic(bool on);
+    /// Whether a linear step from between the multiples of the step goes to the nearest one, if it
+    /// lies ahead. Off at first.
+    bool isSnapToSteps() const { return m_snapToSteps; }
+    void setSnapToSteps(bool on);
+
+    /// One tenth of the last decimal in fixed notation, else 1e-6; in the value unit.
+    double tolerance() const { return m_tolerance; }
+    /// A value outside the range by less than the tolerance as the limit; any other as it is.
+    double toValidValue(double value) const;
+    /// Whether the value, in the value unit, lies inside the limits that are to be checked, or
+    /// outside by no more than @p tolerance.
+    bool isValueInRange(double value, double tolerance, bool checkMinimum, bool checkMaximum) const;
+    /// The multiple of @p step nearest to @p value; of two as near the lower one if @p direction is
+    /// positive, else the higher one. The value as it is if @p tolerance is not below the step.
+    static double round(double value, double step, int direction, double tolerance);
+    /// The value, in the display unit, that @p count linear or logarithmic steps lead to.
+    double linearSlide(double count) const;
+    double logSlide(double count) const;
+
+    bool isEmpty() const { return m_empty; }
+    void setEmpty(bool empty);
+    /// Whether the user may empty the box. Off at first.
+    bool acceptEmpty() const;
+    void setAcceptEmpty(bool accept);
+
+    /// Emits editingFinished().
+    void emitEditingFinished();
+    void clearSelection();
+    /// The rectangle of the edit field, between frame and buttons.
+    QRect getPaintingRect() const;
+    /// Formats and parses the text; owned by the box. The range of its validator is the box's.
+    BVFormatter *getFormatter() const { return m_formatter; }
+
+    QString textFromValue(double value) const override;
+    double valueFromText(const QString &text) const override;
+    /// Judges a text, which may have prefix and suffix. A decimal point typed before another one
+    /// takes its place.
+    QValidator::State validate(QString &text, int &pos) const override;
+    /// Writes a text that reads in full, moved into the range as correctionMode() or wrapping say.
+    void fixup(QString &text) const override;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    QString referenceValueText(const QVariant &reference) const override;
+    QString toolTipText() const override;
+
+    bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+public Q_SLOTS:
+    void setValue(double value);
+
+Q_SIGNALS:
+    /// An entry of the standard context menu was chosen; @p action is a StandardAction.
+    void standardActionTriggered(int action);
+    /// A key, the wheel, a button or dragging has moved the value; follows valueChanged().
+    void valueStepped(double value);
+    void emptyChanged(bool empty);
+    /// The shown unit has changed; the value is shown in it already.
+    void displayUnitChanged(const QString &unit);
+    /// The value unit has changed; the number has stayed.
+    void valueUnitChanged(const QString &valueUnit);
+
+protected:
+    StepEnabled stepEnabled() const override;
+    QMenu *createContextMenu() override;
+    void customEvent(QEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    class EventModifiers;
+
+    /// A size hint and what it was measured for.
+    struct SizeHint
+    {
+        double minimum;
+        double maximum;
+        QString around; // the number
+        int characters; // of the number
+        QSize size;
+    };
+
+    bool isSteppingPossible() const;
+    double slideDistance(int steps, bool accelerate) const;
+    double steppedValue() const;
+    void postStep(double value);
+    void dropSteps();
+    void assign(double value);
+    void showValue();
+    bool takeTypedText();
+    void settleText();
+    void announceEmpty();
+    void onFormatterChanged();
+    void onValueChanged();
+    void onTextChanged();
+    void updateCursors();
+    void updateLock();
+    void forgetSizeHint();
+
+    QString shownText() const;
+    QString typedText() const;
+    QString stripped(const QString &text, int *prefixLength = nullptr) const;
+    QString withAffixes(const QString &original, const QString &text) const;
+    bool isSpecialText(const QString &text) const;
+    void updateValidator() const;
+    QValidator::State judge(const QString &typed) const;
+    QValidator::State judgeWrapping(const QString &typed) const;
+    double valueOfTyped(const QString &typed, bool &ok) const;
+    bool isLimit(const QString &typed) const;
+    QString fixedText(const QString &typed) const;
+    QString preciseText(double value, const QString &otherwise) const;
+    QString textInRange(double value, const QString &text) const;
+    void updateTolerance();
+    double toleranceInDisplayUnit() const;
+    QString affixes() const;
+    int widthForText(int &characters) const;
+
+    BVFormatter *m_formatter; // child of this
+    int m_decimals = -1;      // set by hand, or -1
+    double m_tolerance = 0.0; // in the value unit
+    double m_factor = 1.0;
+    QString m_factorText; // at the end of the prefix
+    int m_slideSteps = -1;
+    int m_logSlideSteps = -1;
+    bool m_logarithmic = false;
+    bool m_snapToSteps = false;
+    InputFieldSize m_inputFieldSize = FieldDefault;
+    bool m_fitText = false;
+    ComboType m_comboType = NoCombo;
+    CorrectionMode m_correctionMode = CorrectToPreviousValue;
+    bool m_sliding = false;
+    bool m_empty = false;
+    bool m_ruvixDisabled = false;                     // by setReadOnlyAndDisableRuvix()
+    std::optional<Qt::KeyboardModifiers> m_modifiers; // of the event being handled
+    quint32 m_stepSerial = 0;                         // of the posted steps that still count
+    int m_pendingSteps = 0;                           // posted and not arrived
+    double m_pendingValue = 0.0;                      // after those
+    bool m_applyingStep = false;
+    mutable std::optional<double> m_assigned;   // taken by valueFromText() in place of the text
+    mutable std::optional<double> m_shownValue; // the value that m_shownText shows
+    mutable QString m_shownText;
+    mutable std::optional<SizeHint> m_sizeHint;
+    QString m_announcedUnit; // the value unit that was announced last
+    QString m_announcedDisplayUnit;
+};

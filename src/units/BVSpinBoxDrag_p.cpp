@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "units/BVSpinBoxDrag_p.h"
+
+#include "foundation/BVCursorTable.h"
+#include "units/BVDoubleSpinBox.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QStyleOptionSpinBox>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr int s_stepLength = 4; // px
+
+bool isEscape(const QEvent &event)
+{
+    return (event.type() == QEvent::KeyPress || event.type() == QEvent::ShortcutOverride) &&
+           static_cast<const QKeyEvent &>(event).key() == Qt::Key_Escape;
+}
+
+} // namespace
+
+BVSpinBoxDrag::BVSpinBoxDrag(BVDoubleSpinBox *box)
+    : QObject(box)
+    , m_box(box)
+    , m_edit(box->findChild<QLineEdit *>())
+{
+    m_box->installEventFilter(this);
+    m_edit->installEventFilter(this);
+}
+
+bool BVSpinBoxDrag::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+        return handleMouse(watched, static_cast<QMouseEvent *>(event));
+    case QEvent::EnabledChange:
+    case QEvent::Hide:
+    case QEvent::ReadOnlyChange:
+    case QEvent::WindowDeactivate:
+        end();
+        return false;
+    default:
+        break;
+    }
+    if (m_state != Dragging || !isEscape(*event))
+        return false;
+    event->accept();
+    if (event->type() == QEvent::KeyPress)
+        cancel();
+    return true;
+}
+
+bool BVSpinBoxDrag::handleMouse(QObject *watched, QMouseEvent *event)
+{
+    if (event->type() == QEvent::MouseMove)
+        return watched ==
+                   (m_onPrefix || m_state == Idle ? m_edit : static_cast<QObject *>(m_box)) &&
+               move(*event);
+    if (event->button() != Qt::LeftButton)
+        return m_state == Dragging;
+    if (event->type() == QEvent::MouseButtonRelease)
+        end();
+    else
+        press(watched, *event);
+    return false;
+}
+
+void BVSpinBoxDrag::press(QObject *watched, const QMouseEvent &event)
+{
+    end();
+    if (!m_box->isSlidingPossible())
+        return;
+    m_onPrefix = watched == m_edit;
+    if (m_onPrefix ? !isOnPrefix(event.pos()) : !isOnButton(event.pos()))
+        return;
+    m_state = Pressed;
+    m_pressedAt = event.globalPos();
+    m_startValue = m_box->value();
+    m_startEmpty = m_box->isEmpty();
+}
+
+bool BVSpinBoxDrag::move(const QMouseEvent &event)
+{
+    if (m_state == Idle) {
+        if (event.buttons() == Qt::NoButton)
+            showPrefixCursor(isOnPrefix(event.pos()) && m_box->isSlidingPossible());
+        return false;
+    }
+    const int offset = offsetOf(event);
+    if (m_state == Pressed && std::abs(offset) >= QApplication::startDragDistance())
+        start(offset);
+    if (m_state == Dragging)
+        slide(offset - m_origin);
+    return m_state != Pressed || m_onPrefix; // the edit would select the prefix
+}
+
+void BVSpinBoxDrag::start(int offset)
+{
+    m_state = Dragging;
+    m_steps = 0;
+    const int distance = QApplication::startDragDistance();
+    m_origin = offset > 0 ? distance : -distance;
+    m_box->setIsSliding(true);
+    if (m_onPrefix)
+        return;
+    stopAutoRepeat();
+    m_box->setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::SlideVertical));
+}
+
+void BVSpinBoxDrag::slide(int offset)
+{
+    if (!m_box->isSlidingPossible()) {
+        end();
+        return;
+    }
+    const int steps = offset / s_stepLength;
+    const int more = steps - m_steps;
+    m_steps = steps;
+    if (more != 0)
+        m_box->slideValue(more, false);
+}
+
+void BVSpinBoxDrag::cancel()
+{
+    const QPointer<BVSpinBoxDrag> self(this);
+    end();
+    m_state = Cancelled;
+    m_box->setValue(m_startValue);
+    if (self && m_startEmpty)
+        m_box->setEmpty(true);
+}
+
+void BVSpinBoxDrag::end()
+{
+    if (m_state == Dragging) {
+        m_box->setIsSliding(false);
+        if (!m_onPrefix)
+            m_box->unsetCursor();
+    }
+    m_state = Idle;
+    m_onPrefix = false;
+}
+
+/// The toolkit's box repeats the step of a button until that is released.
+void BVSpinBoxDrag::stopAutoRepeat()
+{
+    const QPointF outside(-1.0, -1.0);
+    QMouseEvent release(QEvent::MouseButtonRelease, outside, Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    m_box->event(&release);
+}
+
+bool BVSpinBoxDrag::isOnButton(const QPoint &position) const
+{
+    QStyleOptionSpinBox option;
+    option.initFrom(m_box);
+    option.buttonSymbols = m_box->buttonSymbols();
+    option.frame = m_box->hasFrame();
+    option.subControls = QStyle::SC_All;
+    const QStyle::SubControl hit =
+        m_box->style()->hitTestComplexControl(QStyle::CC_SpinBox, &option, position, m_box);
+    return m_box->buttonSymbols() != QAbstractSpinBox::NoButtons &&
+           (hit == QStyle::SC_SpinBoxUp || hit == QStyle::SC_SpinBoxDown);
+}
+
+bool BVSpinBoxDrag::isOnPrefix(const QPoint &position) const
+{
+    const QString prefix = m_box->prefix();
+    return !prefix.isEmpty() && m_edit->text().startsWith(prefix) &&
+           m_edit->cursorPositionAt(position) < prefix.size();
+}
+
+void BVSpinBoxDrag::showPrefixCursor(bool on)
+{
+    if (on == m_cursorShown)
+        return;
+    m_cursorShown = on;
+    if (m_box->isSlidingPossible())
+        m_edit->setCursor(BVCursorTable::cursor(on ? BVCursorTable::Cursor::SlideHorizontal
+                                                   : BVCursorTable::Cursor::Text));
+}
+
+int BVSpinBoxDrag::offsetOf(const QMouseEvent &event) const
+{
+    const QPoint moved = event.globalPos() - m_pressedAt;
+    if (!m_onPrefix)
+        return -moved.y();
+    return m_box->isRightToLeft() ? -moved.x() : moved.x();
+}
