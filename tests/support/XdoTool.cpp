@@ -58,7 +58,7 @@ bool XdoTool::typeText(const QString &text)
 
 bool XdoTool::pressKey(const QString &key)
 {
-    return run({QStringLiteral("key"), QStringLiteral("--clearmodifiers"), QStringLiteral("--"), key});
+    return run({QStringLiteral("key"), QStringLiteral("--"), key}); // clearing modifiers would let go of a button, too
 }
 
 bool XdoTool::clickAt(const QWidget *widget, const QPoint &position, int button)
