@@ -91,6 +91,12 @@ constexpr KeyRow s_keys[] = {
     {Qt::Key_PageUp, 1, true, false}, {Qt::Key_PageDown, -1, true, false},
 };
 
+QColor colorOf(BVWidgetStatus::Status status, bool onDark)
+{
+    const BVStatusColor &colors = BVStatusColor::colors();
+    return onDark ? colors.forDarkBackground(status) : colors.forLightBackground(status);
+}
+
 /// A value between two others, without overflow on the way.
 double between(double first, double second, double part)
 {
@@ -575,28 +581,14 @@ void BVSlider::changeSize()
 
 QSize BVSlider::sizeHint() const
 {
-    QSize size = QSlider::sizeHint();
-    BVSliderLayout layout;
-    layout.extended = m_extended;
-    layout.span = m_spanSlider;
-    int room = hasLimitHandles() || m_hasBestValue ? BVSliderGeometry::roomForLimits(layout) : 0;
-    int core = 0;
     // The style centres the groove, so room on one side is room on both.
-    if (orientation() == Qt::Horizontal)
-        core = geometry().handleAt(minimum()).height();
-    else
-        core = geometry().handleAt(minimum()).width();
-    if (m_dvValueSlider) {
-        const QRect band = geometry().band();
-        core = qMin(band.width(), band.height());
-        room = BVSliderGeometry::roomForCurve();
-    }
-    if (room > 0) {
-        const int across = core + 2 * room;
-        size =
-            size.expandedTo(orientation() == Qt::Horizontal ? QSize(0, across) : QSize(across, 0));
-    }
-    return size;
+    const BVSliderGeometry &geometry = this->geometry();
+    const int room = hasLimitHandles() || m_hasBestValue ? geometry.roomForLimits() : 0;
+    int across = geometry.handleThickness() + 2 * room;
+    if (m_dvValueSlider)
+        across = qMax(across, 2 * geometry.roomForCurve());
+    const bool isHorizontal = orientation() == Qt::Horizontal;
+    return QSlider::sizeHint().expandedTo(isHorizontal ? QSize(0, across) : QSize(across, 0));
 }
 
 QSize BVSlider::minimumSizeHint() const
@@ -693,8 +685,8 @@ QBrush BVSlider::gradientBrush(const QBrush &brush, const QRegion &region)
 bool BVSlider::needsOwnPainting() const
 {
     return m_admissibleMinimum > minimum() || m_admissibleMaximum < maximum() ||
-           hasLimitHandles() || m_extended || m_dvValueSlider || m_hasBestValue ||
-           !m_markers.isEmpty() || m_grooveBaseBrush.style() != Qt::NoBrush ||
+           hasLimitHandles() || !m_inputEnabled || isLocked() || m_extended || m_dvValueSlider ||
+           m_hasBestValue || !m_markers.isEmpty() || m_grooveBaseBrush.style() != Qt::NoBrush ||
            BVWidgetStatus::getDominantStatusFromFlag(getBvStatus()) != BVWidgetStatus::Normal;
 }
 
@@ -717,25 +709,26 @@ void BVSlider::fillScene(BVSliderScene &scene) const
         scene.upperLine = geometry.limitLine(m_admissibleMaximum);
     scene.curve = shapes.curve;
     if (m_hasBestValue && m_bestValue >= minimum() && m_bestValue <= maximum()) {
-        scene.best = geometry.bestShape(m_bestValue);
-        scene.bestTick = geometry.tick(m_bestValue, 2, 1, 1);
+        scene.bestShape = geometry.bestShape(m_bestValue);
+        scene.bestLine = geometry.bestLine(m_bestValue);
     }
     scene.hovered = m_hoveredHandle;
     scene.pressed = isSliderDown() ? ValueHandle : draggedLimit();
     if (hasFocus())
         scene.focused = m_focusedHandle;
-    scene.active = isEnabled() && (m_inputEnabled || hasLimitHandles());
+    scene.active = takesInput();
     scene.groove = m_grooveBaseBrush;
     const auto status = BVWidgetStatus::getDominantStatusFromFlag(getBvStatus());
-    const BVStatusColor &colors = BVStatusColor::colors();
     const bool isDark = palette().color(QPalette::Window).lightness() < 128;
     if (status != BVWidgetStatus::Normal)
-        scene.outline =
-            isDark ? colors.forDarkBackground(status) : colors.forLightBackground(status);
-    scene.tint = m_brushColor;
-    if (!m_brushColor.isValid())
-        scene.tint = colors.forButtons(
-            status == BVWidgetStatus::Normal ? BVWidgetStatus::UserEdit : status, false);
+        scene.outline = colorOf(status, isDark);
+    scene.best = colorOf(BVWidgetStatus::Different, isDark);
+    scene.tint = scene.outline;
+    if (m_brushColor.isValid())
+        scene.tint = m_brushColor;
+    else if (status == BVWidgetStatus::Normal)
+        scene.tint = isDark ? colorOf(BVWidgetStatus::UserEdit, isDark)
+                            : BVStatusColor::colors().forButtons(BVWidgetStatus::UserEdit, false);
 }
 
 void BVSlider::paintEvent(QPaintEvent *event)
@@ -748,8 +741,8 @@ void BVSlider::paintEvent(QPaintEvent *event)
     fillScene(scene);
     initStyleOption(&scene.handle);
     scene.handle.subControls = QStyle::SC_SliderHandle;
-    if (tickPosition() != NoTicks)
-        scene.handle.subControls |= QStyle::SC_SliderTickmarks;
+    if (!isHandleActive(ValueHandle))
+        scene.handle.state &= ~QStyle::State_Enabled;
     if (scene.focused != ValueHandle)
         scene.handle.state &= ~QStyle::State_HasFocus;
     if (isSliderDown())

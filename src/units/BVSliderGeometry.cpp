@@ -127,8 +127,7 @@ int BVSliderGeometry::positionOfHandleAt(int pixel) const
 
 bool BVSliderGeometry::jumpsAt(const QPoint &point, int position) const
 {
-    const int handleThickness = thickness(m_layout.handleAtMinimum);
-    const int reach = m_layout.extended ? handleThickness * 3 / 2 : handleThickness;
+    const int reach = m_layout.extended ? handleThickness() * 3 / 2 : handleThickness();
     if (isHorizontal()) {
         const QRect shortened = m_layout.groove.adjusted(0, 0, 0, -reach);
         if (shortened.height() > 0)
@@ -206,26 +205,45 @@ QRect BVSliderGeometry::dvMarker(int position) const
                 s_dvMarkerThickness, s_dvMarkerThickness);
 }
 
+QRect BVSliderGeometry::dvLine(int position) const
+{
+    return tick(position, 2, curveHeight(), 0);
+}
+
+int BVSliderGeometry::curveHeight() const
+{
+    const int free = m_farSign > 0 ? firstAcross(m_band) - firstAcross(m_layout.area)
+                                   : lastAcross(m_layout.area) - lastAcross(m_band);
+    return qBound(0, free - 1, s_curveHeight);
+}
+
+int BVSliderGeometry::bestTip() const
+{
+    const QRect body = m_layout.span || m_layout.dvValue ? m_band : m_layout.handleAtMinimum;
+    const int room = 2 * s_bestSize;
+    return m_farSign > 0 ? std::max(firstAcross(body), firstAcross(m_layout.area) + room)
+                         : std::min(lastAcross(body), lastAcross(m_layout.area) - room);
+}
+
 QPolygon BVSliderGeometry::bestShape(int position) const
 {
-    QRect body = m_layout.handleAtMinimum;
-    if (m_layout.span || m_layout.dvValue)
-        body = m_band;
-    const int touch = m_farSign > 0 ? firstAcross(body) : lastAcross(body);
-    const int limit = m_farSign > 0 ? firstAcross(m_layout.area) + 2 * s_bestSize
-                                    : lastAcross(m_layout.area) - 2 * s_bestSize;
-    const int tip = m_farSign > 0 ? std::max(touch, limit) : std::min(touch, limit);
+    const int tip = bestTip();
     const int middle = pixelAt(position);
     return QPolygon({point(middle, tip), point(middle - s_bestSize, tip - far(s_bestSize)),
                      point(middle, tip - far(2 * s_bestSize)),
                      point(middle + s_bestSize, tip - far(s_bestSize))});
 }
 
+QRect BVSliderGeometry::bestLine(int position) const
+{
+    const int start = m_farSign > 0 ? firstAcross(m_band) : lastAcross(m_band);
+    return tick(position, 1, std::max(0, far(start - bestTip())), 0);
+}
+
 QPolygonF BVSliderGeometry::curve(double mean, double deviation) const
 {
     const int foot = m_farSign > 0 ? firstAcross(m_band) : lastAcross(m_band) + 1;
-    const int edge = m_farSign > 0 ? firstAcross(m_layout.area) + 1 : lastAcross(m_layout.area);
-    const double height = std::min(s_curveHeight, std::abs(foot - edge));
+    const double height = curveHeight();
     const double range = double(m_layout.maximum) - double(m_layout.minimum);
     QPolygonF points;
     points.reserve(m_trackSpan + 1);
@@ -240,12 +258,17 @@ QPolygonF BVSliderGeometry::curve(double mean, double deviation) const
     return points;
 }
 
-int BVSliderGeometry::roomForLimits(const BVSliderLayout &layout)
+int BVSliderGeometry::handleThickness() const
 {
-    return limitSize(layout) - (layout.span ? 0 : s_limitOverlap) + 1;
+    return thickness(m_layout.handleAtMinimum);
 }
 
-int BVSliderGeometry::roomForCurve()
+int BVSliderGeometry::roomForLimits() const
 {
-    return s_curveHeight + 1;
+    return std::max(limitSize(m_layout), 2 * s_bestSize) + 1;
+}
+
+int BVSliderGeometry::roomForCurve() const
+{
+    return s_curveHeight + thickness(m_band) / 2 + 1;
 }

@@ -62,13 +62,20 @@ public:
     QRect limitLine(int position) const;
     /// The marker that a design-variable slider has for a handle.
     QRect dvMarker(int position) const;
+    /// The line from it to the top of the curve.
+    QRect dvLine(int position) const;
+    /// The diamond of the best value, and the line across the band to it.
     QPolygon bestShape(int position) const;
+    QRect bestLine(int position) const;
     /// A Gaussian curve from one end of the band to the other, ends included.
     QPolygonF curve(double mean, double deviation) const;
 
-    /// How many pixels beyond handle or band the shapes want, on each side.
-    static int roomForLimits(const BVSliderLayout &layout);
-    static int roomForCurve();
+    /// The style's handle, across.
+    int handleThickness() const;
+    /// How many pixels the shapes want: limits and best value beyond the handle, on each side; the
+    /// curve from the middle of the groove.
+    int roomForLimits() const;
+    int roomForCurve() const;
 
 private:
     QPoint point(int along, int across) const;
@@ -80,6 +87,8 @@ private:
     int thickness(const QRect &rect) const;
     int far(int pixels) const { return m_farSign * pixels; }
     int shapeStart() const;
+    int curveHeight() const;
+    int bestTip() const;
 
     BVSliderLayout m_layout;
     int m_farSign = 1;      // across, from the groove to the limit handles

@@ -42,18 +42,21 @@ BVSliderPainter::BVSliderPainter(QPainter &painter, const QWidget &widget,
     m_base = mixed(window, text, s_grooveShare);
     m_outline = scene.outline.isValid() ? scene.outline : mixed(window, text, s_outlineShare);
     m_tint = scene.tint;
+    m_best = scene.best;
     if (!scene.active) {
         m_outline = mixed(window, m_outline, s_offShare);
         m_tint = mixed(m_base, m_tint, s_offShare);
+        m_best = mixed(m_base, m_best, s_offShare);
     }
 }
 
 void BVSliderPainter::paint()
 {
+    paintTickMarks();
     m_painter.setRenderHint(QPainter::Antialiasing);
     paintCurve();
     paintGroove();
-    paintLimitLines();
+    paintLines();
     const bool isSpan = m_scene.geometry->layout().span;
     const bool isDVValue = m_scene.geometry->layout().dvValue && !isSpan;
     if (isDVValue)
@@ -108,10 +111,11 @@ void BVSliderPainter::paintGroove()
     m_painter.drawRoundedRect(QRectF(band).adjusted(0.5, 0.5, -0.5, -0.5), s_radius, s_radius);
 }
 
-void BVSliderPainter::paintLimitLines()
+void BVSliderPainter::paintLines()
 {
     for (const QRect &line : {m_scene.lowerLine, m_scene.upperLine})
         m_painter.fillRect(line, m_tint);
+    m_painter.fillRect(m_scene.bestLine, m_best);
 }
 
 QColor BVSliderPainter::handleColor(BVSlider::Handle handle) const
@@ -149,7 +153,7 @@ void BVSliderPainter::paintDVMarker()
     const BVSliderGeometry &geometry = *m_scene.geometry;
     const int position = m_scene.handle.sliderPosition;
     const QColor dark = mixed(m_widget.palette().color(QPalette::WindowText), m_tint, 0.2);
-    m_painter.fillRect(geometry.tick(position, 2, BVSliderGeometry::roomForCurve() - 2, 0), dark);
+    m_painter.fillRect(geometry.dvLine(position), dark);
     const QRectF knob = QRectF(geometry.dvMarker(position)).adjusted(1, 1, -1, -1);
     const bool isFocused = m_scene.focused == BVSlider::ValueHandle;
     if (isFocused) {
@@ -160,6 +164,15 @@ void BVSliderPainter::paintDVMarker()
     m_painter.setPen(QPen(m_widget.palette().color(QPalette::Base), 1.5));
     m_painter.setBrush(handleColor(BVSlider::ValueHandle));
     m_painter.drawEllipse(knob);
+}
+
+void BVSliderPainter::paintTickMarks()
+{
+    if (m_scene.handle.tickPosition == QSlider::NoTicks)
+        return;
+    QStyleOptionSlider marks = m_scene.handle;
+    marks.subControls = QStyle::SC_SliderTickmarks;
+    m_widget.style()->drawComplexControl(QStyle::CC_Slider, &marks, &m_painter, &m_widget);
 }
 
 void BVSliderPainter::paintHandle()
@@ -174,11 +187,9 @@ void BVSliderPainter::paintHandle()
 
 void BVSliderPainter::paintBest()
 {
-    if (m_scene.best.isEmpty())
+    if (m_scene.bestShape.isEmpty())
         return;
-    const QColor color = m_scene.active ? BVSlider::greenBrush().color() : m_outline;
-    m_painter.fillRect(m_scene.bestTick, color);
-    m_painter.setPen(QPen(m_widget.palette().color(QPalette::Window), 1));
-    m_painter.setBrush(color);
-    m_painter.drawPolygon(QPolygonF(m_scene.best).translated(0.5, 0.5));
+    m_painter.setPen(m_widget.palette().color(QPalette::Window));
+    m_painter.setBrush(m_best);
+    m_painter.drawPolygon(QPolygonF(m_scene.bestShape).translated(0.5, 0.5));
 }

@@ -31,8 +31,8 @@ struct BVSliderScene
     QRect lowerLine; // from groove to handle
     QRect upperLine;
     QPolygonF curve;
-    QPolygon best;
-    QRect bestTick;
+    QPolygon bestShape; // empty without a best value
+    QRect bestLine;
     BVSlider::Handle focused = BVSlider::NoHandle;
     BVSlider::Handle hovered = BVSlider::NoHandle;
     BVSlider::Handle pressed = BVSlider::NoHandle;
@@ -40,6 +40,7 @@ struct BVSliderScene
     QBrush groove;      // without a style for the palette's colour
     QColor outline;     // invalid for the palette's colour
     QColor tint;
+    QColor best;
 };
 
 /// Paints a slider that shows more than the style's drawing.
@@ -54,10 +55,11 @@ public:
 private:
     void paintCurve();
     void paintGroove();
-    void paintLimitLines();
+    void paintLines();
     void paintBest();
     void paintLimit(const QPolygon &shape, BVSlider::Handle handle);
     void paintDVMarker();
+    void paintTickMarks();
     void paintHandle();
     QColor handleColor(BVSlider::Handle handle) const;
 
@@ -67,4 +69,5 @@ private:
     QColor m_base; // of the groove
     QColor m_outline;
     QColor m_tint;
+    QColor m_best;
 };

@@ -1,0 +1,536 @@
+// SPDX-License-Identifier: MIT
+#include "TestRows.h"
+#include "TestSupport.h"
+#include "foundation/VirtualSliderEvent.h"
+#include "units/BVFormatter.h"
+#include "units/BVSlider.h"
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QStyleOptionSlider>
+#include <QtTest>
+#include <QtWidgets>
+
+#include <memory>
+
+namespace {
+
+constexpr int s_lowest = std::numeric_limits<int>::min();
+constexpr int s_highest = std::numeric_limits<int>::max();
+constexpr int s_length = 219; // px, so that a horizontal track has 200 pixels
+
+/// A slider from 0 to 200 at 100, shown without a style sheet.
+std::unique_ptr<BVSlider> shownSlider(Qt::Orientation orientation = Qt::Horizontal)
+{
+    auto slider = std::make_unique<BVSlider>(orientation);
+    slider->setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    slider->style()->setParent(slider.get());
+    slider->setRange(0, 200);
+    slider->setValue(100);
+    slider->resize(orientation == Qt::Horizontal ? QSize(s_length, 40) : QSize(40, s_length));
+    slider->show();
+    return slider;
+}
+
+QStyleOptionSlider optionOf(const BVSlider &slider)
+{
+    struct Opened : BVSlider
+    {
+        using BVSlider::initStyleOption;
+    };
+    QStyleOptionSlider option;
+    (slider.*(&Opened::initStyleOption))(&option);
+    return option;
+}
+
+void moveMouse(QWidget *widget, const QPoint &position)
+{
+    QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+QPoint onGroove(const BVSlider &slider, int pixel)
+{
+    const QPoint middle = slider.rect().center();
+    return slider.orientation() == Qt::Horizontal ? QPoint(pixel, middle.y()) : QPoint(middle.x(), pixel);
+}
+
+} // namespace
+
+class tst_BVSlider : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void pixelToPosition_data();
+    void pixelToPosition();
+    void handlePixels_data();
+    void handlePixels();
+    void admissibleRange_data();
+    void admissibleRange();
+    void press_data();
+    void press();
+    void limitDrag();
+    void limitDragVertical();
+    void handleStaysAdmissible();
+    void keys_data();
+    void keys();
+    void tabGoesThroughHandles();
+    void virtualSlider_data();
+    void virtualSlider();
+    void wheelNeedsFocus();
+    void values_data();
+    void values();
+    void texts();
+    void spanSlider();
+    void accessibility();
+    void slotsMayDelete();
+    void painting_data();
+    void painting();
+};
+
+void tst_BVSlider::initTestCase()
+{
+    muteOffscreenWarnings();
+}
+
+void tst_BVSlider::pixelToPosition_data()
+{
+    const Table<bool, bool, bool, bool, int, int> row("vertical", "extended", "rightToLeft", "inverted", "pixel", "position");
+    row("in the left margin", false, false, false, false, 3, 0);
+    row("at the left margin", false, false, false, false, 8, 0);
+    row("behind it", false, false, false, false, 9, 1);
+    row("middle", false, false, false, false, 108, 100);
+    row("before the right margin", false, false, false, false, s_length - 12, 199);
+    row("in the right margin", false, false, false, false, s_length - 5, 200);
+    row("far left", false, false, false, false, s_lowest, 0);
+    row("far right", false, false, false, false, s_highest, 200);
+    row("extended, at the left margin", false, true, false, false, 6, 0);
+    row("extended, at the right margin", false, true, false, false, s_length - 6, 200);
+    row("extended, before it", false, true, false, false, s_length - 8, 198);
+    row("right to left", false, false, true, false, s_length - 9, 0);
+    row("right to left, behind it", false, false, true, false, s_length - 10, 1);
+    row("inverted", false, false, false, true, s_length - 10, 1);
+    row("both", false, false, true, true, 9, 1);
+    row("vertical, top", true, false, false, false, 8, 200);
+    row("vertical, bottom", true, false, false, false, s_length - 8, 0);
+    row("vertical, before it", true, true, false, false, s_length - 10, 2);
+    row("vertical, inverted", true, false, false, true, 10, 2);
+}
+
+void tst_BVSlider::pixelToPosition()
+{
+    const auto [vertical, extended, rightToLeft, inverted, pixel, position] =
+        fetched<bool, bool, bool, bool, int, int>("vertical", "extended", "rightToLeft", "inverted", "pixel", "position");
+    const auto slider = shownSlider(vertical ? Qt::Vertical : Qt::Horizontal);
+    slider->setExtended(extended);
+    slider->setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    slider->setInvertedAppearance(inverted);
+    QCOMPARE(slider->pixelPosToValue(pixel), position);
+    QCOMPARE(slider->pixelPosToValue(vertical ? QPoint(0, pixel) : QPoint(pixel, 0)), position);
+}
+
+void tst_BVSlider::handlePixels_data()
+{
+    const Table<Qt::Orientation, int, int, QString> row("orientation", "minimum", "maximum", "sheet");
+    row("horizontal", Qt::Horizontal, 0, 200, QString());
+    row("vertical", Qt::Vertical, -5, 5, QString());
+    row("all", Qt::Horizontal, s_lowest, s_highest, QString());
+    row("one", Qt::Vertical, 7, 7, QString());
+    row("sheet", Qt::Horizontal, 0, 1000,
+        QStringLiteral("QSlider{padding:9px} QSlider::groove{height:4px;margin:0 6px;border:1px solid red} QSlider::handle{width:12px;border:2px "
+                       "solid blue;margin:-8px 0}"));
+}
+
+void tst_BVSlider::handlePixels()
+{
+    const auto [orientation, minimum, maximum, sheet] = fetched<Qt::Orientation, int, int, QString>("orientation", "minimum", "maximum", "sheet");
+    const auto slider = shownSlider(orientation);
+    slider->setStyleSheet(sheet);
+    slider->setRange(minimum, maximum);
+    QStyleOptionSlider option = optionOf(*slider);
+    for (const int value : {minimum, minimum / 2 + maximum / 2, maximum}) {
+        option.sliderPosition = value;
+        const QPoint middle = slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider.get()).center();
+        QCOMPARE(slider->valueToPixelPos(value), orientation == Qt::Horizontal ? middle.x() : middle.y());
+    }
+}
+
+void tst_BVSlider::admissibleRange_data()
+{
+    // From 10..150 and the value 100.
+    const Table<int, int, int, int, int, int> row("minimum", "maximum", "newMinimum", "newMaximum", "value", "signalCount");
+    row("unchanged", 10, 150, 10, 150, 100, 0);
+    row("narrower around the value", 50, 120, 50, 120, 100, 1);
+    row("above the value", 110, 150, 110, 150, 110, 1);
+    row("below the value", 10, 90, 10, 90, 90, 1);
+    row("maximum below the minimum", 10, 5, 10, 10, 10, 1);
+    row("minimum above the maximum", 160, 150, 150, 150, 150, 1);
+    row("both crossed", 90, 80, 80, 80, 80, 1);
+    row("beyond the range", s_lowest, s_highest, s_lowest, s_highest, 100, 1);
+    row("beside the range", 300, 400, 300, 400, 200, 1);
+}
+
+void tst_BVSlider::admissibleRange()
+{
+    const auto [minimum, maximum, newMinimum, newMaximum, value, signalCount] =
+        fetched<int, int, int, int, int, int>("minimum", "maximum", "newMinimum", "newMaximum", "value", "signalCount");
+    const auto slider = shownSlider();
+    slider->setAdmissibleRange(10, 150, false);
+    QSignalSpy spy(slider.get(), &BVSlider::admissibleRangeChanged);
+    slider->setAdmissibleRange(minimum, maximum, true);
+    QVERIFY(slider->limitHandlesActive());
+    QCOMPARE(spy.count(), signalCount);
+    if (signalCount > 0)
+        QCOMPARE(spy.last(), QVariantList({newMinimum, newMaximum}));
+    QCOMPARE(slider->admissibleMinimum(), newMinimum);
+    QCOMPARE(slider->admissibleMaximum(), newMaximum);
+    QCOMPARE(slider->value(), value);
+    slider->clearAdmissibleRange();
+    QCOMPARE(slider->admissibleMinimum(), s_lowest);
+    QCOMPARE(slider->admissibleMaximum(), s_highest);
+    slider->setValue(3); // the program may go where the user may not
+    slider->setAdmissibleRange(0, 50, true);
+    slider->setValue(199);
+    QCOMPARE(slider->value(), 199);
+}
+
+void tst_BVSlider::press_data()
+{
+    const Table<QString, QPoint, int, int> row("setting", "offset", "value", "requests");
+    // The offset counts from the middle of the handle, which stands at 100.
+    row("on the groove", QString(), QPoint(50, 0), 150, 1);
+    row("at the end", QString(), QPoint(109, 0), 200, 1);
+    row("beside the groove, along the handle", QString(), QPoint(50, 6), 150, 1);
+    row("on the handle", QString(), QPoint(2, 2), 100, 0);
+    row("beyond the admissible range", QStringLiteral("range"), QPoint(80, 0), 150, 1);
+    row("input off", QStringLiteral("inputOff"), QPoint(50, 0), 100, 0);
+    row("locked", QStringLiteral("locked"), QPoint(50, 0), 100, 0);
+    row("span", QStringLiteral("span"), QPoint(50, 0), 100, 0);
+    row("vertical", QStringLiteral("vertical"), QPoint(0, -50), 150, 1);
+    row("vertical, on the handle", QStringLiteral("vertical"), QPoint(0, 3), 100, 0);
+}
+
+void tst_BVSlider::press()
+{
+    const auto [setting, offset, value, requests] = fetched<QString, QPoint, int, int>("setting", "offset", "value", "requests");
+    const bool isVertical = setting == QLatin1String("vertical");
+    const auto slider = shownSlider(isVertical ? Qt::Vertical : Qt::Horizontal);
+    if (setting == QLatin1String("range"))
+        slider->setAdmissibleRange(50, 150, true);
+    slider->setInputEnabled(setting != QLatin1String("inputOff"));
+    slider->setLocked(setting == QLatin1String("locked"));
+    slider->setUseAsSpanSlider(setting == QLatin1String("span"));
+    QSignalSpy spy(slider.get(), &BVSlider::requestValueChange);
+    // Where the click stands for 100: a little off the handle's middle, as the margins differ.
+    const int middle = isVertical ? s_length / 2 : 108;
+    QTest::mouseClick(slider.get(), Qt::LeftButton, Qt::NoModifier, onGroove(*slider, middle) + offset);
+    QCOMPARE(slider->value(), value);
+    QCOMPARE(spy.count(), requests);
+}
+
+void tst_BVSlider::limitDrag()
+{
+    const auto slider = shownSlider();
+    slider->setAdmissibleRange(50, 150, true);
+    slider->setExtended(true);
+    QSignalSpy spy(slider.get(), &BVSlider::admissibleRangeChanged);
+    const QPoint start = slider->handleRect(BVSlider::LowerLimitHandle).center();
+    QTest::mousePress(slider.get(), Qt::LeftButton, Qt::NoModifier, start);
+    QCOMPARE(slider->focusedHandle(), BVSlider::LowerLimitHandle);
+    const QPoint first(40, start.y());
+    moveMouse(slider.get(), first);
+    QCOMPARE(slider->admissibleMinimum(), slider->pixelPosToValue(40));
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(QToolTip::text(), QString::number(slider->admissibleMinimum(), 'g', 3));
+    moveMouse(slider.get(), first);                  // the same place
+    moveMouse(slider.get(), QPoint(180, start.y())); // within the 60 ms
+    QCOMPARE(spy.count(), 1);
+    QTRY_COMPARE(spy.count(), 2); // when they are over; the other limit stops it
+    QCOMPARE(slider->admissibleMinimum(), 150);
+    QCOMPARE(slider->value(), 150);
+    moveMouse(slider.get(), QPoint(80, start.y()));
+    QTest::mouseRelease(slider.get(), Qt::LeftButton, Qt::NoModifier, QPoint(80, start.y()));
+    QCOMPARE(spy.count(), 3); // the open move and the release are one
+    QCOMPARE(slider->admissibleMinimum(), slider->pixelPosToValue(80));
+    QTRY_VERIFY(QToolTip::text().isEmpty());
+    QTest::mouseClick(slider.get(), Qt::LeftButton, Qt::NoModifier, slider->handleRect(BVSlider::UpperLimitHandle).center());
+    QCOMPARE(spy.count(), 4);
+    QCOMPARE(spy.last().last().toInt(), 150); // a click moves nothing, but tells
+}
+
+void tst_BVSlider::limitDragVertical()
+{
+    const auto slider = shownSlider(Qt::Vertical);
+    slider->setAdmissibleRange(50, 150, true);
+    slider->setInputEnabled(false);
+    QSignalSpy spy(slider.get(), &BVSlider::admissibleRangeChanged);
+    const QPoint start = slider->handleRect(BVSlider::UpperLimitHandle).center();
+    QTest::mousePress(slider.get(), Qt::LeftButton, Qt::NoModifier, start);
+    for (const int pixel : {40, 30, 20}) {
+        moveMouse(slider.get(), QPoint(start.x(), pixel));
+        QCOMPARE(slider->admissibleMaximum(), slider->pixelPosToValue(pixel));
+    }
+    QTest::keyClick(slider.get(), Qt::Key_Escape);
+    QCOMPARE(spy.last(), QVariantList({50, 150}));
+    QTest::mouseRelease(slider.get(), Qt::LeftButton, Qt::NoModifier, QPoint(start.x(), 20));
+    QCOMPARE(slider->admissibleMaximum(), 150);
+    QCOMPARE(spy.count(), 4); // three moves and the way back
+}
+
+void tst_BVSlider::handleStaysAdmissible()
+{
+    const auto slider = shownSlider();
+    slider->setAdmissibleRange(50, 150, false);
+    QSignalSpy moved(slider.get(), &QSlider::sliderMoved);
+    QTest::mousePress(slider.get(), Qt::LeftButton, Qt::NoModifier, slider->handleRect(BVSlider::ValueHandle).center());
+    for (const int pixel : {120, 190, 10})
+        moveMouse(slider.get(), onGroove(*slider, pixel));
+    QTest::mouseRelease(slider.get(), Qt::LeftButton, Qt::NoModifier, onGroove(*slider, 10));
+    QCOMPARE(slider->value(), 50);
+    for (const QVariantList &signal : moved)
+        QVERIFY(signal.first().toInt() >= 50 && signal.first().toInt() <= 150);
+}
+
+void tst_BVSlider::keys_data()
+{
+    const Table<BVSlider::Handle, int, bool, int, int, int> row("handle", "key", "rightToLeft", "value", "minimum", "maximum");
+    row("value up", BVSlider::ValueHandle, Qt::Key_Right, false, 101, 50, 150);
+    row("value to the end", BVSlider::ValueHandle, Qt::Key_End, false, 150, 50, 150);
+    row("lower down", BVSlider::LowerLimitHandle, Qt::Key_Down, false, 100, 49, 150);
+    row("lower left, mirrored", BVSlider::LowerLimitHandle, Qt::Key_Left, true, 100, 51, 150);
+    row("lower to the other limit", BVSlider::LowerLimitHandle, Qt::Key_End, false, 150, 150, 150);
+    row("lower to the minimum", BVSlider::LowerLimitHandle, Qt::Key_Home, false, 100, 0, 150);
+    row("upper by a page", BVSlider::UpperLimitHandle, Qt::Key_PageUp, false, 100, 50, 160);
+    row("upper to the maximum", BVSlider::UpperLimitHandle, Qt::Key_End, false, 100, 50, 200);
+}
+
+void tst_BVSlider::keys()
+{
+    const auto [handle, key, rightToLeft, value, minimum, maximum] =
+        fetched<BVSlider::Handle, int, bool, int, int, int>("handle", "key", "rightToLeft", "value", "minimum", "maximum");
+    const auto slider = shownSlider();
+    slider->setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    slider->setAdmissibleRange(50, 150, true);
+    slider->setFocusedHandle(handle);
+    QSignalSpy spy(slider.get(), &BVSlider::admissibleRangeChanged);
+    QTest::keyClick(slider.get(), Qt::Key(key));
+    QCOMPARE(slider->value(), value);
+    QCOMPARE(slider->admissibleMinimum(), minimum);
+    QCOMPARE(slider->admissibleMaximum(), maximum);
+    QCOMPARE(spy.count(), handle == BVSlider::ValueHandle ? 0 : 1);
+    slider->setLocked(true);
+    QTest::keyClick(slider.get(), Qt::Key_PageDown);
+    QCOMPARE(slider->value(), value);
+    QCOMPARE(spy.count(), handle == BVSlider::ValueHandle ? 0 : 1);
+}
+
+void tst_BVSlider::tabGoesThroughHandles()
+{
+    QWidget window;
+    QVBoxLayout layout(&window);
+    QLineEdit before;
+    BVSlider slider;
+    QLineEdit after;
+    for (QWidget *widget : {static_cast<QWidget *>(&before), static_cast<QWidget *>(&slider), static_cast<QWidget *>(&after)})
+        layout.addWidget(widget);
+    slider.setAdmissibleRange(10, 300, true); // the upper limit has no handle
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    before.setFocus();
+    QList<int> handles;
+    for (const auto key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Backtab}) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        handles << (slider.hasFocus() ? slider.focusedHandle() : BVSlider::NoHandle);
+    }
+    QCOMPARE(handles, QList<int>({BVSlider::ValueHandle, BVSlider::LowerLimitHandle, BVSlider::NoHandle, BVSlider::LowerLimitHandle,
+                                  BVSlider::ValueHandle, BVSlider::NoHandle}));
+    slider.setFocus();
+    slider.setFocusedHandle(BVSlider::LowerLimitHandle);
+    slider.setLimitHandlesActive(false);
+    QCOMPARE(slider.focusedHandle(), BVSlider::ValueHandle);
+}
+
+void tst_BVSlider::virtualSlider_data()
+{
+    const Table<int, Qt::KeyboardModifiers, int, QString> row("keys", "modifiers", "value", "setting");
+    row("steps", 5, Qt::NoModifier, 110, QString());
+    row("steps back", -5, Qt::NoModifier, 90, QString());
+    row("far", 3, Qt::ControlModifier, 150, QString());
+    row("a tenth", 30, Qt::ShiftModifier, 106, QString());
+    row("one at least", -1, Qt::ShiftModifier, 99, QString());
+    row("none", 0, Qt::ControlModifier, 100, QString());
+    row("overflow", s_lowest, Qt::ControlModifier, 50, QString());
+    row("arrow", Qt::Key_Left, Qt::NoModifier, 98, QString());
+    row("page", Qt::Key_PageUp, Qt::NoModifier, 110, QString());
+    row("home", Qt::Key_Home, Qt::ShiftModifier, 50, QString());
+    row("input off", 5, Qt::NoModifier, 100, QStringLiteral("inputEnabled"));
+    row("disabled", 5, Qt::NoModifier, 100, QStringLiteral("enabled"));
+}
+
+void tst_BVSlider::virtualSlider()
+{
+    const auto [keys, modifiers, value, setting] = fetched<int, Qt::KeyboardModifiers, int, QString>("keys", "modifiers", "value", "setting");
+    const auto slider = shownSlider();
+    slider->setSingleStep(2);
+    slider->setAdmissibleRange(50, 150, true);
+    slider->setProperty(qUtf8Printable(setting.isEmpty() ? QStringLiteral("unused") : setting), false);
+    Brimvale::VirtualSliderEvent event(keys, modifiers);
+    QApplication::sendEvent(slider.get(), &event);
+    QCOMPARE(slider->value(), value);
+    QCOMPARE(event.isAccepted(), setting.isEmpty());
+}
+
+void tst_BVSlider::wheelNeedsFocus()
+{
+    const auto slider = shownSlider();
+    slider->setAdmissibleRange(50, 101, false);
+    QVERIFY(QTest::qWaitForWindowActive(slider.get()));
+    for (const bool focused : {true, false}) {
+        focused ? slider->setFocus() : slider->clearFocus();
+        QCOMPARE(slider->hasFocus(), focused);
+        QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, focused ? 240 : -240), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(slider.get(), &event);
+        QCOMPARE(event.isAccepted(), focused);
+        QCOMPARE(slider->value(), 101);
+    }
+}
+
+void tst_BVSlider::values_data()
+{
+    const Table<double, double, bool, int, double> row("atMinimum", "atMaximum", "logarithmic", "position", "value");
+    row("linear", -1.0, 1.0, false, 150, 0.5);
+    row("reversed", 10.0, 0.0, false, 50, 7.5);
+    row("logarithmic", 1e-3, 1e5, true, 100, 10.0);
+    row("logarithmic, reversed", 100.0, 1.0, true, 50, 100.0 / std::sqrt(10.0));
+    row("huge", -1e308, 1e308, false, 200, 1e308);
+}
+
+void tst_BVSlider::values()
+{
+    const auto [atMinimum, atMaximum, logarithmic, position, value] =
+        fetched<double, double, bool, int, double>("atMinimum", "atMaximum", "logarithmic", "position", "value");
+    const auto slider = shownSlider();
+    QVERIFY(slider->setUserRange(atMinimum, atMaximum, logarithmic ? BVSlider::Logarithmic : BVSlider::Linear));
+    QCOMPARE(slider->positionToValue(position), value);
+    QCOMPARE(slider->valueToPosition(value), position);
+    QCOMPARE(slider->positionToValue(0), atMinimum);
+    QCOMPARE(slider->positionToValue(s_highest), atMaximum);
+    const bool isReversed = atMinimum > atMaximum;
+    QCOMPARE(slider->valueToPosition(s_inf), isReversed ? 0 : 200);
+    QCOMPARE(slider->valueToPosition(-s_inf), isReversed ? 200 : 0);
+    QCOMPARE(slider->valueToPosition(s_nan), 0);
+    for (const double bad : {s_nan, s_inf, atMaximum})
+        QVERIFY(!slider->setUserRange(bad, atMaximum));
+    QVERIFY(!slider->setUserRange(0, 1, BVSlider::Logarithmic));
+    QCOMPARE(slider->positionToValue(0), atMinimum);
+}
+
+void tst_BVSlider::texts()
+{
+    const auto slider = shownSlider();
+    QCOMPARE(slider->toolTipText(), QStringLiteral("100"));
+    slider->setUserRange(0, 0.4);
+    QVERIFY(slider->getFormatter()->setValueUnit(QStringLiteral("m")));
+    QVERIFY(slider->getFormatter()->setGlobalOff(QStringLiteral("mm")));
+    slider->setToolTip(QStringLiteral("Depth"));
+    QCOMPARE(slider->intPositionToUserRelevantValue(100), 200.0);
+    QCOMPARE(slider->toolTipText(), QStringLiteral("Depth\n200 mm"));
+    slider->setProperty("ReferenceValue", 0.1);
+    QVERIFY(BVReferenceValueInterface::composedToolTip(slider.get()).endsWith(QLatin1String(": 100 mm")));
+    slider->setUseAsSpanSlider(true);
+    slider->setAdmissibleRange(50, 100, false);
+    QCOMPARE(slider->toolTipText(), QStringLiteral("Depth\n100 mm to 200 mm"));
+    slider->setCustomToolTipConverter(BVSlider::MultiplierBasedConverter(0.25, 2));
+    QCOMPARE(slider->positionToText(-3), QStringLiteral("-0.75"));
+}
+
+void tst_BVSlider::spanSlider()
+{
+    const auto slider = shownSlider();
+    slider->setUseAsSpanSlider(true);
+    QCOMPARE(slider->admissibleMinimum(), 0);
+    QCOMPARE(slider->admissibleMaximum(), 200);
+    QCOMPARE(slider->focusedHandle(), BVSlider::LowerLimitHandle);
+    slider->setRange(50, 100);
+    QCOMPARE(slider->admissibleMaximum(), 100);
+    QVERIFY(slider->handleRect(BVSlider::ValueHandle).isEmpty());
+    QTest::keyClick(slider.get(), Qt::Key_Right);
+    QCOMPARE(slider->admissibleMinimum(), 51);
+}
+
+void tst_BVSlider::accessibility()
+{
+    const auto slider = shownSlider();
+    QAccessibleInterface *shown = QAccessible::queryAccessibleInterface(slider.get());
+    QCOMPARE(shown->role(), QAccessible::Slider);
+    QCOMPARE(shown->childCount(), 0);
+    slider->setAdmissibleRange(50, 150, true);
+    slider->setUserRange(0, 20);
+    QCOMPARE(shown->childCount(), 2);
+    QCOMPARE(shown->text(QAccessible::Value), QStringLiteral("10"));
+    shown->valueInterface()->setCurrentValue(180);
+    QCOMPARE(shown->valueInterface()->currentValue().toInt(), 150);
+    QAccessibleInterface *upper = shown->child(1);
+    QCOMPARE(upper->text(QAccessible::Name), QStringLiteral("Upper limit"));
+    QCOMPARE(upper->text(QAccessible::Value), QStringLiteral("15"));
+    QCOMPARE(upper->valueInterface()->minimumValue().toInt(), 50);
+    upper->actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+    QCOMPARE(slider->admissibleMaximum(), 149);
+    upper->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    QTRY_COMPARE(shown->focusChild(), upper);
+    QVERIFY(upper->state().focused && !shown->state().focused);
+    QCOMPARE(shown->childAt(upper->rect().center().x(), upper->rect().center().y()), upper);
+    QCOMPARE(shown->indexOfChild(upper), 1);
+}
+
+void tst_BVSlider::slotsMayDelete()
+{
+    auto *slider = shownSlider().release();
+    slider->setAdmissibleRange(50, 150, true);
+    connect(slider, &QSlider::valueChanged, slider, [slider] { delete slider; });
+    const QPointer<BVSlider> watched(slider);
+    slider->setAdmissibleRange(120, 150, true);
+    QVERIFY(!watched);
+}
+
+void tst_BVSlider::painting_data()
+{
+    const Table<QString, int> row("settings", "direction");
+    for (const int direction : {Qt::LeftToRight, Qt::RightToLeft})
+        for (const char *settings : {"extended", "dvValueSlider", "spanSlider", "dvValueSlider spanSlider", "limitHandlesActive"})
+            row(QString::fromLatin1(settings), direction);
+}
+
+// Nothing is painted outside, and each pixel of the limits' shapes answers to the pointer.
+void tst_BVSlider::painting()
+{
+    const auto [settings, direction] = fetched<QString, int>("settings", "direction");
+    for (const auto orientation : {Qt::Horizontal, Qt::Vertical}) {
+        const auto slider = shownSlider(orientation);
+        slider->setLayoutDirection(Qt::LayoutDirection(direction));
+        slider->setAdmissibleRange(100, 100, true);
+        for (const QString &setting : settings.split(QLatin1Char(' ')))
+            QVERIFY(slider->setProperty(qUtf8Printable(setting), true));
+        slider->setRange(s_lowest, s_highest);
+        slider->mark(10, -10, BVSlider::redBrush());
+        slider->setBestValue(5);
+        slider->setDistribution(1e300, 1e-300);
+        slider->resize(orientation == Qt::Horizontal ? QSize(s_length, slider->sizeHint().height()) : QSize(slider->sizeHint().width(), s_length));
+        const QRect lower = slider->handleRect(BVSlider::LowerLimitHandle);
+        const QRect upper = slider->handleRect(BVSlider::UpperLimitHandle);
+        QVERIFY(slider->rect().contains(lower) && slider->rect().contains(upper));
+        const QRect shared = lower.intersected(upper); // the line on which both stand
+        QVERIFY(shared.width() <= 1 || shared.height() <= 1);
+        QVERIFY(slider->grab().toImage().convertToFormat(QImage::Format_RGB32) != QImage());
+        for (const int size : {0, 1, 3}) { // too small for anything
+            slider->resize(size, size);
+            slider->grab();
+        }
+    }
+}
+
+QTEST_MAIN(tst_BVSlider)
+#include "tst_bvslider.moc"
