@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "units/BVDoubleSpinBox.h"
 
-#include "foundation/BVCursorTable.h"
 #include "foundation/BVWidgetStatusChangedEvent.h"
 #include "foundation/StandardSymbolPainter.h"
 #include "platform/PropertyChangeFilter.h"
 #include "units/BVSpinBoxDrag_p.h"
+#include "units/BVSpinBoxSteps_p.h"
+#include "units/BVSpinBoxTexts_p.h"
 #include "units/BVStepping_p.h"
-#include "units/BVUnitSymbols.h"
 #include "units/BVUnitValidator.h"
 #include "units/BVValueTexts_p.h"
 
 #include <QAccessible>
 #include <QAction>
-#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -38,35 +37,10 @@ constexpr int s_factorDigits = 6;            // significant
 constexpr int s_hintCharacters = 18;         // of a number, at most
 constexpr int s_cursorWidth = 2;             // px, for the text cursor to blink in
 
-/// The value that a step leads to.
-class StepEvent : public QEvent
-{
-public:
-    static const QEvent::Type s_eventType;
-
-    StepEvent(double value, quint32 serial)
-        : QEvent(s_eventType)
-        , m_value(value)
-        , m_serial(serial)
-    {
-    }
-
-    double value() const { return m_value; }
-    quint32 serial() const { return m_serial; }
-
-private:
-    double m_value;
-    quint32 m_serial;
-};
-
-const QEvent::Type StepEvent::s_eventType = static_cast<QEvent::Type>(QEvent::registerEventType());
-
 /// The toolkit's validator of a spin box, but for that no text is invalid: a line edit swallows the
 /// keys that would make it so, and what is left often reads as another value.
 class EditValidator : public QValidator
 {
-    Q_OBJECT
-
 public:
     EditValidator(const QValidator *judge, QObject *parent)
         : QValidator(parent)
@@ -90,18 +64,6 @@ private:
 bool isKnown(UnitConverter::Unit unit)
 {
     return unit == UnitConverter::Unit_None || !UnitConverter::UnitFromTag(unit).isEmpty();
-}
-
-/// The decimal point behind the cursor that the one before it takes the place of; -1 if none does.
-int replacedPoint(const QString &text, int cursor)
-{
-    if (cursor <= 0 || cursor > text.size() ||
-        !BVDoubleValidator::isDecimalPoint(text.at(cursor - 1)))
-        return -1;
-    const int later = BVDoubleValidator::indexOfDecimalPoint(text, cursor);
-    const bool isOfDenominator =
-        later >= 0 && text.midRef(cursor, later - cursor).contains(QLatin1Char('/'));
-    return isOfDenominator ? -1 : later;
 }
 
 int characterCount(BVDoubleSpinBox::InputFieldSize size)
@@ -137,13 +99,15 @@ private:
 BVDoubleSpinBox::BVDoubleSpinBox(QWidget *parent)
     : BVStatusControl<QDoubleSpinBox>(parent)
     , m_formatter(new BVFormatter(this))
+    , m_drag(std::make_unique<BVSpinBoxDrag>(this))
+    , m_steps(std::make_unique<BVSpinBoxSteps>(this))
 {
+    qRegisterMetaType<ComboType>(); // so that sheets select on the name
     setFocusPolicy(Qt::StrongFocus);
     updateTolerance();
     QDoubleSpinBox::setDecimals(s_baseDecimals);
     lineEdit()->setValidator(new EditValidator(lineEdit()->validator(), this));
     lineEdit()->installEventFilter(this);
-    new BVSpinBoxDrag(this);
     connect(m_formatter, &BVFormatter::settingsChanged, this, &BVDoubleSpinBox::onFormatterChanged);
     connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             &BVDoubleSpinBox::onValueChanged);
@@ -168,41 +132,18 @@ void BVDoubleSpinBox::setRange(double minimum, double maximum)
 {
     if (std::isnan(minimum) || std::isnan(maximum))
         return;
-    dropSteps();
+    m_steps->drop();
     const QPointer<BVDoubleSpinBox> self(this);
     QDoubleSpinBox::setRange(minimum, maximum);
-    if (self)
-        updateValidator();
-}
-
-double BVDoubleSpinBox::minimumInDisplayUnit() const
-{
-    return m_formatter->valueToDisplayValue(minimum());
-}
-
-double BVDoubleSpinBox::maximumInDisplayUnit() const
-{
-    return m_formatter->valueToDisplayValue(maximum());
-}
-
-void BVDoubleSpinBox::setMinimumInDisplayUnit(double minimum)
-{
-    setMinimum(m_formatter->displayValueToValue(minimum));
-}
-
-void BVDoubleSpinBox::setMaximumInDisplayUnit(double maximum)
-{
-    setMaximum(m_formatter->displayValueToValue(maximum));
+    if (!self)
+        return;
+    updateValidator();
+    forgetSizeHint();
 }
 
 void BVDoubleSpinBox::setRangeInDisplayUnit(double minimum, double maximum)
 {
     setRange(m_formatter->displayValueToValue(minimum), m_formatter->displayValueToValue(maximum));
-}
-
-int BVDoubleSpinBox::decimals() const
-{
-    return m_formatter->decimals();
 }
 
 void BVDoubleSpinBox::setDecimals(int decimals)
@@ -211,41 +152,16 @@ void BVDoubleSpinBox::setDecimals(int decimals)
     m_formatter->setDecimals(m_decimals);
 }
 
-int BVDoubleSpinBox::precision() const
-{
-    return m_formatter->precision();
-}
-
-void BVDoubleSpinBox::setPrecision(int precision)
-{
-    m_formatter->setPrecision(precision);
-}
-
-QString BVDoubleSpinBox::unitString() const
-{
-    return m_formatter->valueUnit();
-}
-
 void BVDoubleSpinBox::setUnitString(const QString &unit)
 {
     if (m_formatter->setValueUnit(unit) && m_decimals >= 0)
         m_formatter->setDecimals(m_decimals);
 }
 
-UnitConverter::Unit BVDoubleSpinBox::unitTag() const
-{
-    return UnitConverter::TagFromUnit(unitString());
-}
-
 void BVDoubleSpinBox::setUnitTag(UnitConverter::Unit unit)
 {
     if (isKnown(unit))
         setUnitString(UnitConverter::UnitFromTag(unit));
-}
-
-UnitConverter::Unit BVDoubleSpinBox::unitDisplayTag() const
-{
-    return UnitConverter::TagFromUnit(m_formatter->displayUnit());
 }
 
 bool BVDoubleSpinBox::setUnitDisplayTag(UnitConverter::Unit unit)
@@ -264,31 +180,6 @@ void BVDoubleSpinBox::setUseGlobalDisplayUnit(bool on)
         m_formatter->setGlobalOn();
     else
         m_formatter->setGlobalOff(m_formatter->displayUnit());
-}
-
-bool BVDoubleSpinBox::isUserDisplayUnit() const
-{
-    return !m_formatter->isGlobalOn();
-}
-
-bool BVDoubleSpinBox::isDifferentUnit() const
-{
-    return m_formatter->displayUnit() != m_formatter->valueUnit();
-}
-
-BVFormatter::OutputNotation BVDoubleSpinBox::getNotation() const
-{
-    return m_formatter->notation();
-}
-
-void BVDoubleSpinBox::setNotation(BVFormatter::OutputNotation notation)
-{
-    m_formatter->setNotation(notation);
-}
-
-bool BVDoubleSpinBox::isScientificNotation() const
-{
-    return getNotation() == BVFormatter::Scientific;
 }
 
 void BVDoubleSpinBox::setScientificNotation(bool on)
@@ -380,11 +271,6 @@ void BVDoubleSpinBox::setComboType(ComboType type)
     PropertyChangeFilter::repolish(this);
 }
 
-void BVDoubleSpinBox::setReadOnly(bool readOnly)
-{
-    QDoubleSpinBox::setReadOnly(readOnly);
-}
-
 void BVDoubleSpinBox::setReadOnlyAndDisableRuvix(bool on)
 {
     setReadOnly(on);
@@ -392,11 +278,6 @@ void BVDoubleSpinBox::setReadOnlyAndDisableRuvix(bool on)
         return;
     m_ruvixDisabled = on;
     setRuvixEnabled(!on);
-}
-
-QAbstractSpinBox::CorrectionMode BVDoubleSpinBox::correctionMode() const
-{
-    return m_correctionMode;
 }
 
 void BVDoubleSpinBox::setCorrectionMode(CorrectionMode mode)
@@ -416,29 +297,24 @@ QRect BVDoubleSpinBox::getPaintingRect() const
 
 void BVDoubleSpinBox::forgetSizeHint()
 {
-    m_sizeHint.reset();
+    m_sizeHint = QSize();
     updateGeometry();
 }
 
-QString BVDoubleSpinBox::affixes() const
-{
-    return m_fitText ? lineEdit()->text() : prefix() + suffix() + specialValueText();
-}
-
-int BVDoubleSpinBox::widthForText(int &characters) const
+int BVDoubleSpinBox::widthForText() const
 {
     const QFontMetrics metrics(fontMetrics());
-    characters = characterCount(m_inputFieldSize);
+    m_hintCharacters = characterCount(m_inputFieldSize);
     if (m_fitText)
         return metrics.horizontalAdvance(lineEdit()->text() + QLatin1Char(' '));
     if (m_inputFieldSize != FieldDefault)
-        return metrics.horizontalAdvance(QLatin1Char('0')) * characters;
+        return metrics.horizontalAdvance(QLatin1Char('0')) * m_hintCharacters;
     int width = metrics.horizontalAdvance(specialValueText());
-    characters = 0;
-    for (const double value : {minimum(), maximum(), this->value()}) {
-        const QString number = m_formatter->textFromValue(value, false).left(s_hintCharacters);
+    m_hintCharacters = 0;
+    for (const double shown : {minimum(), maximum(), value()}) {
+        const QString number = m_formatter->textFromValue(shown, false).left(s_hintCharacters);
         const QString text = prefix() + number + suffix() + QLatin1Char(' ');
-        characters = qMax(characters, number.size());
+        m_hintCharacters = qMax(m_hintCharacters, number.size());
         width = qMax(width, metrics.horizontalAdvance(text));
     }
     return width;
@@ -446,19 +322,18 @@ int BVDoubleSpinBox::widthForText(int &characters) const
 
 QSize BVDoubleSpinBox::sizeHint() const
 {
-    const QString around = affixes();
-    if (m_sizeHint && m_sizeHint->minimum == minimum() && m_sizeHint->maximum == maximum() &&
-        m_sizeHint->around == around)
-        return m_sizeHint->size;
+    const QString affixes = prefix() + suffix() + specialValueText();
+    if (m_sizeHint.isValid() && affixes == m_hintAffixes)
+        return m_sizeHint;
+    m_hintAffixes = affixes;
     ensurePolished();
-    SizeHint hint{minimum(), maximum(), around, 0, QSize()};
     QStyleOptionSpinBox option;
     initStyleOption(&option);
-    const QSize contents(widthForText(hint.characters) + s_cursorWidth,
-                         lineEdit()->sizeHint().height());
-    hint.size = style()->sizeFromContents(QStyle::CT_SpinBox, &option, contents, this);
-    m_sizeHint = hint;
-    return hint.size;
+    const QMargins lock = lineEdit()->textMargins();
+    const int width = widthForText() + s_cursorWidth + lock.left() + lock.right();
+    const QSize contents(width, lineEdit()->sizeHint().height());
+    m_sizeHint = style()->sizeFromContents(QStyle::CT_SpinBox, &option, contents, this);
+    return m_sizeHint;
 }
 
 QSize BVDoubleSpinBox::minimumSizeHint() const
@@ -467,11 +342,6 @@ QSize BVDoubleSpinBox::minimumSizeHint() const
 }
 
 // Stepping
-
-void BVDoubleSpinBox::setIsSliding(bool sliding)
-{
-    m_sliding = sliding;
-}
 
 bool BVDoubleSpinBox::isSlidingPossible() const
 {
@@ -572,26 +442,6 @@ double BVDoubleSpinBox::logSlide(double count) const
     return BVStepping::logarithmic(current, decades, count);
 }
 
-void BVDoubleSpinBox::setSlideSteps(int steps)
-{
-    m_slideSteps = steps > 0 ? steps : -1;
-}
-
-void BVDoubleSpinBox::setLogSlideSteps(int steps)
-{
-    m_logSlideSteps = steps > 0 ? steps : -1;
-}
-
-void BVDoubleSpinBox::setLogarithmic(bool on)
-{
-    m_logarithmic = on;
-}
-
-void BVDoubleSpinBox::setSnapToSteps(bool on)
-{
-    m_snapToSteps = on;
-}
-
 double BVDoubleSpinBox::toValidValue(double value) const
 {
     return BVStepping::snappedToLimit(value, minimum(), maximum(), m_tolerance);
@@ -613,36 +463,24 @@ double BVDoubleSpinBox::round(double value, double step, int direction, double t
 
 double BVDoubleSpinBox::steppedValue() const
 {
-    return m_pendingSteps > 0 ? m_pendingValue : value();
+    return m_steps->pendingValue().value_or(value());
 }
 
 void BVDoubleSpinBox::postStep(double value)
 {
     const double bounded = qBound(minimum(), value, maximum());
-    if (bounded == steppedValue())
-        return;
-    m_pendingValue = bounded;
-    ++m_pendingSteps;
-    QCoreApplication::postEvent(this, new StepEvent(bounded, m_stepSerial));
-}
-
-void BVDoubleSpinBox::dropSteps()
-{
-    m_pendingSteps = 0;
-    ++m_stepSerial;
+    if (bounded != steppedValue())
+        m_steps->post(bounded);
 }
 
 void BVDoubleSpinBox::customEvent(QEvent *event)
 {
-    if (event->type() != StepEvent::s_eventType)
+    const std::optional<double> stepped = m_steps->take(*event);
+    if (!stepped)
         return BVStatusControl<QDoubleSpinBox>::customEvent(event);
-    const auto *step = static_cast<StepEvent *>(event);
-    if (step->serial() != m_stepSerial)
-        return;
-    --m_pendingSteps;
     const QPointer<BVDoubleSpinBox> self(this);
     m_applyingStep = true;
-    assign(step->value());
+    assign(*stepped);
     if (!self)
         return;
     m_applyingStep = false;
@@ -660,7 +498,7 @@ void BVDoubleSpinBox::setValue(double value)
 {
     if (std::isnan(value))
         return;
-    dropSteps();
+    m_steps->drop();
     const bool wasEmpty = std::exchange(m_empty, false);
     const QPointer<BVDoubleSpinBox> self(this);
     assign(qBound(minimum(), value, maximum()));
@@ -672,9 +510,11 @@ void BVDoubleSpinBox::setValue(double value)
 /// of hundreds of digits; so it gets the value as what a text reads as.
 void BVDoubleSpinBox::assign(double value)
 {
-    const QPointer<BVDoubleSpinBox> self(this);
     m_assigned = value;
-    interpretText();
+    m_settledValue = value;
+    m_settledEmpty = m_empty;
+    const QPointer<BVDoubleSpinBox> self(this);
+    QDoubleSpinBox::interpretText();
     if (!self || !m_assigned)
         return;
     m_assigned.reset(); // a cleared box reads no text
@@ -690,7 +530,7 @@ void BVDoubleSpinBox::setEmpty(bool empty)
 {
     if (empty == m_empty)
         return;
-    dropSteps();
+    m_steps->drop();
     m_empty = empty;
     showValue();
     announceEmpty();
@@ -719,9 +559,9 @@ void BVDoubleSpinBox::setAcceptEmpty(bool accept)
 void BVDoubleSpinBox::onValueChanged()
 {
     if (!m_applyingStep)
-        dropSteps();
-    const bool isWider = m_sizeHint && m_inputFieldSize == FieldDefault &&
-                         qMin(shownText().size(), s_hintCharacters) > m_sizeHint->characters;
+        m_steps->drop();
+    const int characters = qMin(shownText().size(), s_hintCharacters);
+    const bool isWider = m_inputFieldSize == FieldDefault && characters > m_hintCharacters;
     if (m_fitText || isWider)
         forgetSizeHint();
     if (m_empty && !typedText().isEmpty()) {
@@ -740,33 +580,50 @@ void BVDoubleSpinBox::onTextChanged()
     }
 }
 
-/// Makes a text being typed the value; false if it does not read, and the last value is back.
+/// Makes a text being typed the value; false if it is not acceptable, and has been mended or has
+/// made way for the last value.
 bool BVDoubleSpinBox::takeTypedText()
 {
     if (isSpecialText(lineEdit()->text()) || typedText() == shownText())
         return true;
-    const bool acceptable = judge(typedText()) == QValidator::Acceptable;
+    const bool acceptable = hasAcceptableInput();
     const QPointer<BVDoubleSpinBox> self(this);
     interpretText();
-    if (self && typedText() != shownText())
-        showValue(); // a cleared box reads no text
     return self && acceptable;
 }
 
-/// Settles what the toolkit does not when editing ends: a deleted text, and a first text in an
-/// empty box.
+/// Makes what is shown that to which a text that is no value gives way.
+void BVDoubleSpinBox::settle()
+{
+    m_settledValue = value();
+    m_settledEmpty = m_empty;
+}
+
+void BVDoubleSpinBox::interpretText()
+{
+    const QPointer<BVDoubleSpinBox> self(this);
+    settleText();
+    if (!self)
+        return;
+    QDoubleSpinBox::interpretText();
+    if (self)
+        settle();
+}
+
+/// Settles what the toolkit does not when editing ends: a text that is no value, of which it has
+/// taken what it could while it was typed, a deleted text, and a first text in an empty box.
 void BVDoubleSpinBox::settleText()
 {
     const QString typed = typedText();
-    if (typed == shownText())
+    if (typed == shownText() || isSpecialText(lineEdit()->text()))
         return;
-    if (typed.isEmpty()) {
-        if (acceptEmpty())
-            setEmpty(true);
-        else
-            showValue();
-    } else if (m_empty && (judge(typed) == QValidator::Acceptable ||
-                           judge(fixedText(typed)) == QValidator::Acceptable)) {
+    const QPointer<BVDoubleSpinBox> self(this);
+    if (typed.isEmpty() || !BVSpinBoxTexts(*this).isMendable(typed)) {
+        const bool empty = m_settledEmpty || (typed.isEmpty() && acceptEmpty());
+        assign(qBound(minimum(), m_settledValue, maximum()));
+        if (self)
+            setEmpty(empty);
+    } else if (m_empty) {
         m_empty = false;
         announceEmpty();
     }
@@ -795,14 +652,9 @@ QString BVDoubleSpinBox::textFromValue(double value) const
     return m_shownText;
 }
 
-QString BVDoubleSpinBox::shownText() const
-{
-    return textFromValue(value());
-}
-
 QString BVDoubleSpinBox::typedText() const
 {
-    return stripped(lineEdit()->text());
+    return BVSpinBoxTexts(*this).stripped(lineEdit()->text());
 }
 
 double BVDoubleSpinBox::valueFromText(const QString &text) const
@@ -811,58 +663,18 @@ double BVDoubleSpinBox::valueFromText(const QString &text) const
         return *std::exchange(m_assigned, std::nullopt);
     if (isSpecialText(text))
         return minimum();
-    const QString typed = stripped(text);
+    const BVSpinBoxTexts texts(*this);
+    const QString typed = texts.stripped(text);
     if (typed.isEmpty() || typed == shownText())
         return value();
     bool ok = false;
-    const double read = valueOfTyped(typed, ok);
-    if (!ok)
-        return value();
-    if (isLimit(typed))
-        return qBound(minimum(), read, maximum());
-    return read;
+    const double read = texts.validValue(typed, ok);
+    return ok ? read : value();
 }
 
 bool BVDoubleSpinBox::isSpecialText(const QString &text) const
 {
     return !text.isEmpty() && text == specialValueText();
-}
-
-QString BVDoubleSpinBox::stripped(const QString &text, int *prefixLength) const
-{
-    const QString before = prefix();
-    const QString behind = suffix();
-    const int start = text.startsWith(before) ? before.size() : 0;
-    const int end = text.midRef(start).endsWith(behind) ? text.size() - behind.size() : text.size();
-    if (prefixLength)
-        *prefixLength = start;
-    return text.mid(start, end - start);
-}
-
-QString BVDoubleSpinBox::withAffixes(const QString &original, const QString &text) const
-{
-    QString whole = text;
-    if (original.startsWith(prefix()))
-        whole.prepend(prefix());
-    if (original.endsWith(suffix()))
-        whole.append(suffix());
-    return whole;
-}
-
-/// The value of a text without prefix and suffix; @p ok tells whether it reads, in range or not.
-double BVDoubleSpinBox::valueOfTyped(const QString &typed, bool &ok) const
-{
-    QString number;
-    QString unit;
-    BVUnitValidator::split(BVValueTexts::withDisplayUnit(*m_formatter, typed), number, unit);
-    const double read = BVDoubleValidator::toDoubleValue(number, ok);
-    if (!ok || unit.isEmpty())
-        return read;
-    BVUnitSymbols::replaceSymbols(unit, true);
-    double value = read;
-    ok = m_formatter->isValueUnitSet() && m_formatter->valueFromUnit(read, unit, value) &&
-         (std::isfinite(value) || !std::isfinite(read));
-    return value;
 }
 
 void BVDoubleSpinBox::updateValidator() const
@@ -877,100 +689,24 @@ QValidator::State BVDoubleSpinBox::validate(QString &text, int &pos) const
     if (m_assigned || isSpecialText(text))
         return QValidator::Acceptable;
     updateValidator();
+    const BVSpinBoxTexts texts(*this);
     int prefixLength = 0;
-    QString typed = stripped(text, &prefixLength);
-    const int point = replacedPoint(typed, pos - prefixLength);
+    QString typed = texts.stripped(text, &prefixLength);
+    const int point = BVSpinBoxTexts::replacedPoint(typed, pos - prefixLength);
     if (point >= 0) {
         typed.remove(point, 1);
         text.remove(prefixLength + point, 1);
     }
-    return judge(typed);
-}
-
-QValidator::State BVDoubleSpinBox::judge(const QString &typed) const
-{
-    if (!typed.isEmpty() && typed == shownText())
-        return QValidator::Acceptable;
-    QString complete = BVValueTexts::withDisplayUnit(*m_formatter, typed);
-    int end = complete.size();
-    const QValidator::State state =
-        wrapping() ? judgeWrapping(complete) : m_formatter->getValidator()->validate(complete, end);
-    return state == QValidator::Acceptable || !isLimit(typed) ? state : QValidator::Acceptable;
-}
-
-QValidator::State BVDoubleSpinBox::judgeWrapping(const QString &typed) const
-{
-    BVUnitValidator validator(-DBL_MAX, DBL_MAX, m_formatter->precision());
-    validator.setBaseUnit(m_formatter->valueUnit());
-    validator.setAcceptEmpty(acceptEmpty());
-    QString text = typed;
-    int end = text.size();
-    const QValidator::State state = validator.validate(text, end);
-    if (state != QValidator::Acceptable || typed.isEmpty())
-        return state;
-    bool ok = false;
-    const double value = valueOfTyped(typed, ok);
-    return ok && isValueInRange(value, m_tolerance, true, true) ? state : QValidator::Intermediate;
-}
-
-/// Whether a text out of range stands for a limit: it misses it by less than the tolerance, or is
-/// how the limit is shown, which may be rounded.
-bool BVDoubleSpinBox::isLimit(const QString &typed) const
-{
-    bool ok = false;
-    const double value = valueOfTyped(typed, ok);
-    if (!ok || (value >= minimum() && value <= maximum()))
-        return false;
-    return toValidValue(value) != value ||
-           typed == m_formatter->textFromValue(value < minimum() ? minimum() : maximum(), false);
+    // The text that shows the value counts as it, even if rounding has taken it out of range.
+    return !typed.isEmpty() && typed == shownText() ? QValidator::Acceptable : texts.judge(typed);
 }
 
 void BVDoubleSpinBox::fixup(QString &text) const
 {
-    const QString typed = stripped(text);
+    const BVSpinBoxTexts texts(*this);
+    const QString typed = texts.stripped(text);
     if (!typed.isEmpty() && !isSpecialText(text))
-        text = withAffixes(text, fixedText(typed));
-}
-
-QString BVDoubleSpinBox::fixedText(const QString &typed) const
-{
-    bool ok = false;
-    const double value = valueOfTyped(typed, ok);
-    if (!ok)
-        return typed;
-    QString complete = typed;
-    BVUnitValidator::appendUnitIfNone(complete, m_formatter->displayUnit());
-    QString fixed = textInRange(value, preciseText(value, complete));
-    BVUnitValidator::appendUnitIfNone(fixed, m_formatter->displayUnit());
-    return fixed;
-}
-
-/// The value with as many decimals as are read, if that reads as the value.
-QString BVDoubleSpinBox::preciseText(double value, const QString &otherwise) const
-{
-    BVFormatter formatter;
-    formatter.copyFrom(m_formatter);
-    formatter.setEmpty(false);
-    formatter.checkForEmptyValue(false);
-    formatter.setDecimals(precision());
-    const QString text = formatter.textFromValue(value, false);
-    bool ok = false;
-    const double read = valueOfTyped(text, ok);
-    return ok && std::fabs(read - value) <= std::pow(10.0, -precision()) ? text : otherwise;
-}
-
-QString BVDoubleSpinBox::textInRange(double value, const QString &text) const
-{
-    if (isValueInRange(value, m_tolerance, true, true))
-        return text;
-    if (wrapping()) {
-        const double inside = BVStepping::wrapped(value, minimum(), maximum(), m_tolerance);
-        return inside == value ? text
-                               : preciseText(inside, m_formatter->textFromValue(inside, false));
-    }
-    if (m_correctionMode != CorrectToNearestValue)
-        return text;
-    return m_formatter->textFromValue(value < minimum() ? minimum() : maximum(), false);
+        text = texts.withAffixes(text, texts.mended(typed));
 }
 
 QString BVDoubleSpinBox::referenceValueText(const QVariant &reference) const
@@ -1002,12 +738,18 @@ bool BVDoubleSpinBox::event(QEvent *event)
     }
     if (type == BVWidgetStatusChangedEvent::s_eventType) {
         updateLock();
-        updateCursors();
+        m_drag->updateCursors();
         update(); // the arrows, too
     } else if (type == QEvent::ReadOnlyChange || type == QEvent::EnabledChange) {
-        updateCursors();
+        m_drag->updateCursors();
     } else if (type == QEvent::FontChange || type == QEvent::StyleChange) {
         forgetSizeHint();
+    } else if (type == QEvent::ActivationChange || type == QEvent::Hide || type == QEvent::Close) {
+        const QPointer<BVDoubleSpinBox> self(this);
+        if (type != QEvent::ActivationChange || !isActiveWindow())
+            interpretText(); // before the toolkit does
+        if (!self)
+            return true;
     }
     return QDoubleSpinBox::event(event); // past the lock, which stands in the line edit here
 }
@@ -1024,23 +766,19 @@ bool BVDoubleSpinBox::eventFilter(QObject *watched, QEvent *event)
 void BVDoubleSpinBox::updateLock()
 {
     BVWidgetStatusChangedEvent change(getBvStatus(), getBvStatus(), this);
+    const QMargins margins = lineEdit()->textMargins();
     StandardSymbolPainter::handleStandardLocked(lineEdit(), &change);
-}
-
-void BVDoubleSpinBox::updateCursors()
-{
-    if (isSlidingPossible()) {
-        unsetCursor();
-        lineEdit()->setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Text));
-    } else {
-        setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Locked));
-        lineEdit()->setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Locked));
-    }
+    if (lineEdit()->textMargins() != margins)
+        forgetSizeHint();
 }
 
 QMenu *BVDoubleSpinBox::createContextMenu()
 {
     QMenu *menu = lineEdit()->createStandardContextMenu();
+    if (auto *all = menu->findChild<QAction *>(QStringLiteral("select-all"))) {
+        all->disconnect(lineEdit());
+        connect(all, &QAction::triggered, this, &QAbstractSpinBox::selectAll); // without the prefix
+    }
     const StepEnabled enabled = stepEnabled();
     menu->addSeparator();
     QAction *up = menu->addAction(tr("&Step up"), this, &QAbstractSpinBox::stepUp);
@@ -1053,7 +791,7 @@ QMenu *BVDoubleSpinBox::createContextMenu()
 void BVDoubleSpinBox::focusOutEvent(QFocusEvent *event)
 {
     const QPointer<BVDoubleSpinBox> self(this);
-    settleText();
+    interpretText();
     if (self)
         BVStatusControl<QDoubleSpinBox>::focusOutEvent(event);
 }
@@ -1062,10 +800,13 @@ void BVDoubleSpinBox::keyPressEvent(QKeyEvent *event)
 {
     const QPointer<BVDoubleSpinBox> self(this);
     const EventModifiers modifiers(this, *event);
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn)
         settleText();
     if (self)
         BVStatusControl<QDoubleSpinBox>::keyPressEvent(event);
+    if (self && isReturn)
+        settle();
 }
 
 void BVDoubleSpinBox::mousePressEvent(QMouseEvent *event)
@@ -1086,5 +827,3 @@ void BVDoubleSpinBox::wheelEvent(QWheelEvent *event)
     if (stepEnabled() & (step > 0 ? StepUpEnabled : StepDownEnabled))
         stepByWheel(step);
 }
-
-#include "BVDoubleSpinBox.moc"

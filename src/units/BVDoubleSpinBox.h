@@ -11,7 +11,11 @@
 
 #include <QDoubleSpinBox>
 
+#include <memory>
 #include <optional>
+
+class BVSpinBoxDrag;
+class BVSpinBoxSteps;
 
 /// A spin box for one physical value.
 ///
@@ -38,9 +42,10 @@
 /// the range. A value on a limit stays there, and a range without a finite width does not wrap.
 ///
 /// **Typing.** Any text can be typed, with or without a unit; a number alone is meant in the
-/// display unit. What is left unacceptable is mended as correctionMode() says, and makes way for
-/// the last value if it does not read. The text that shows the value, or a limit, reads as that
-/// with all its digits. The validator of the line edit is the box's own and not to be replaced.
+/// display unit. What is left unacceptable is mended as correctionMode() says, or else makes way
+/// for the value that was there before it was typed. The text that shows the value, or a limit,
+/// reads as that with all its digits. The validator of the line edit is the box's own and not to be
+/// replaced.
 ///
 /// **Empty.** An empty box shows no number, while value() keeps its own; unless empty is accepted,
 /// it carries the status NeedInput. Setting a value, stepping or typing one ends it. A text that
@@ -67,9 +72,10 @@ class BVWIDGETS_EXPORT BVDoubleSpinBox :
     Q_PROPERTY(QString unitString READ unitString WRITE setUnitString NOTIFY valueUnitChanged)
     Q_PROPERTY(bool scientificNotation READ isScientificNotation WRITE setScientificNotation)
     Q_PROPERTY(double factor READ factor WRITE setFactor)
-    Q_PROPERTY(InputFieldSize inputFieldWidth READ inputFieldWidth WRITE setInputFieldWidth)
+    Q_PROPERTY(BVDoubleSpinBox::InputFieldSize inputFieldWidth READ inputFieldWidth WRITE
+                   setInputFieldWidth)
     Q_PROPERTY(bool fitText READ isFitText WRITE setFitText)
-    Q_PROPERTY(ComboType comboType READ comboType WRITE setComboType)
+    Q_PROPERTY(BVDoubleSpinBox::ComboType comboType READ comboType WRITE setComboType)
     Q_PROPERTY(int slideSteps READ slideSteps WRITE setSlideSteps)
     Q_PROPERTY(int logSlideSteps READ logSlideSteps WRITE setLogSlideSteps)
     Q_PROPERTY(bool logarithmic READ isLogarithmic WRITE setLogarithmic)
@@ -104,43 +110,52 @@ public:
     void setMaximum(double maximum);
     void setRange(double minimum, double maximum);
     /// The same in the display unit. An infinite limit stays infinite.
-    double minimumInDisplayUnit() const;
-    double maximumInDisplayUnit() const;
-    void setMinimumInDisplayUnit(double minimum);
-    void setMaximumInDisplayUnit(double maximum);
+    double minimumInDisplayUnit() const { return m_formatter->valueToDisplayValue(minimum()); }
+    double maximumInDisplayUnit() const { return m_formatter->valueToDisplayValue(maximum()); }
+    void setMinimumInDisplayUnit(double minimum)
+    {
+        setMinimum(m_formatter->displayValueToValue(minimum));
+    }
+    void setMaximumInDisplayUnit(double maximum)
+    {
+        setMaximum(m_formatter->displayValueToValue(maximum));
+    }
     void setRangeInDisplayUnit(double minimum, double maximum);
 
     /// The decimals shown; those of the unit until they are set. See BVFormatter::setDecimals().
-    int decimals() const;
+    int decimals() const { return m_formatter->decimals(); }
     void setDecimals(int decimals);
     /// See BVFormatter::setPrecision(). Also the decimals to which typed texts are read.
-    int precision() const;
-    void setPrecision(int precision);
+    int precision() const { return m_formatter->precision(); }
+    void setPrecision(int precision) { m_formatter->setPrecision(precision); }
 
     /// The value unit. Text that is no unit is ignored; an empty one stands for none. The number
     /// stays.
-    QString unitString() const;
+    QString unitString() const { return m_formatter->valueUnit(); }
     void setUnitString(const QString &unit);
     /// The same as a tag; Unit_None for a unit without one.
-    UnitConverter::Unit unitTag() const;
+    UnitConverter::Unit unitTag() const { return UnitConverter::TagFromUnit(unitString()); }
     void setUnitTag(UnitConverter::Unit unit);
     UnitConverter::Unit getValueUnitTag() const { return unitTag(); }
     void setValueUnitTag(UnitConverter::Unit unit) { setUnitTag(unit); }
     /// The unit in which the value is shown; Unit_None for a unit without a tag.
-    UnitConverter::Unit unitDisplayTag() const;
+    UnitConverter::Unit unitDisplayTag() const
+    {
+        return UnitConverter::TagFromUnit(m_formatter->displayUnit());
+    }
     /// Fixes the display unit against the user's choice; Unit_None lets it follow that again.
     /// False, with nothing changed, if the value unit does not convert into it.
     bool setUnitDisplayTag(UnitConverter::Unit unit);
     /// Lets the display unit follow the user's choice of units, or fixes it as it is.
     void setUseGlobalDisplayUnit(bool on);
     /// Whether the display unit is fixed.
-    bool isUserDisplayUnit() const;
+    bool isUserDisplayUnit() const { return !m_formatter->isGlobalOn(); }
     /// Whether value and display unit differ.
-    bool isDifferentUnit() const;
+    bool isDifferentUnit() const { return m_formatter->displayUnit() != m_formatter->valueUnit(); }
 
-    BVFormatter::OutputNotation getNotation() const;
-    void setNotation(BVFormatter::OutputNotation notation);
-    bool isScientificNotation() const;
+    BVFormatter::OutputNotation getNotation() const { return m_formatter->notation(); }
+    void setNotation(BVFormatter::OutputNotation notation) { m_formatter->setNotation(notation); }
+    bool isScientificNotation() const { return getNotation() == BVFormatter::Scientific; }
     /// Scientific notation, or the fixed notation that the box starts with.
     void setScientificNotation(bool on);
 
@@ -159,18 +174,18 @@ public:
     ComboType comboType() const { return m_comboType; }
     void setComboType(ComboType type);
 
-    void setReadOnly(bool readOnly);
+    void setReadOnly(bool readOnly) { QDoubleSpinBox::setReadOnly(readOnly); }
     /// Sets the box read-only and clears its flag RuvixEnabled, or makes it editable again and sets
     /// the flag if it was cleared by this.
     void setReadOnlyAndDisableRuvix(bool on);
 
     /// What becomes of a text that is out of range when it is left.
-    CorrectionMode correctionMode() const;
+    CorrectionMode correctionMode() const { return m_correctionMode; }
     void setCorrectionMode(CorrectionMode mode);
 
     /// Whether the value is being dragged; keys, buttons and wheel do not step meanwhile.
     bool isSliding() const { return m_sliding; }
-    void setIsSliding(bool sliding);
+    void setIsSliding(bool sliding) { m_sliding = sliding; }
     bool isSlidingPossible() const;
     /// Moves the value by @p steps, Control making it ten times as many if @p accelerate; see the
     /// class for when it arrives. False, with nothing changed, if there is no such value.
@@ -183,17 +198,17 @@ public:
     /// The number of steps that the range has, -1 for steps of singleStep(); what is below 1 counts
     /// as -1.
     int slideSteps() const { return m_slideSteps; }
-    void setSlideSteps(int steps);
+    void setSlideSteps(int steps) { m_slideSteps = steps > 0 ? steps : -1; }
     /// The same for logarithmic steps; with -1 a step is singleStep() powers of ten.
     int logSlideSteps() const { return m_logSlideSteps; }
-    void setLogSlideSteps(int steps);
+    void setLogSlideSteps(int steps) { m_logSlideSteps = steps > 0 ? steps : -1; }
     /// Whether steps are logarithmic. Off at first.
     bool isLogarithmic() const { return m_logarithmic; }
-    void setLogarithmic(bool on);
+    void setLogarithmic(bool on) { m_logarithmic = on; }
     /// Whether a linear step from between the multiples of the step goes to the nearest one, if it
     /// lies ahead. Off at first.
     bool isSnapToSteps() const { return m_snapToSteps; }
-    void setSnapToSteps(bool on);
+    void setSnapToSteps(bool on) { m_snapToSteps = on; }
 
     /// One tenth of the last decimal in fixed notation, else 1e-6; in the value unit.
     double tolerance() const { return m_tolerance; }
@@ -215,6 +230,8 @@ public:
     bool acceptEmpty() const;
     void setAcceptEmpty(bool accept);
 
+    /// Takes over a text being typed, as when it is left.
+    void interpretText();
     /// Emits editingFinished().
     void emitEditingFinished();
     void clearSelection();
@@ -265,50 +282,29 @@ protected:
 private:
     class EventModifiers;
 
-    /// A size hint and what it was measured for.
-    struct SizeHint
-    {
-        double minimum;
-        double maximum;
-        QString around; // the number
-        int characters; // of the number
-        QSize size;
-    };
-
     bool isSteppingPossible() const;
     double slideDistance(int steps, bool accelerate) const;
     double steppedValue() const;
     void postStep(double value);
-    void dropSteps();
     void assign(double value);
     void showValue();
     bool takeTypedText();
     void settleText();
+    void settle();
     void announceEmpty();
     void onFormatterChanged();
     void onValueChanged();
     void onTextChanged();
-    void updateCursors();
     void updateLock();
     void forgetSizeHint();
 
-    QString shownText() const;
+    QString shownText() const { return textFromValue(value()); }
     QString typedText() const;
-    QString stripped(const QString &text, int *prefixLength = nullptr) const;
-    QString withAffixes(const QString &original, const QString &text) const;
     bool isSpecialText(const QString &text) const;
     void updateValidator() const;
-    QValidator::State judge(const QString &typed) const;
-    QValidator::State judgeWrapping(const QString &typed) const;
-    double valueOfTyped(const QString &typed, bool &ok) const;
-    bool isLimit(const QString &typed) const;
-    QString fixedText(const QString &typed) const;
-    QString preciseText(double value, const QString &otherwise) const;
-    QString textInRange(double value, const QString &text) const;
     void updateTolerance();
     double toleranceInDisplayUnit() const;
-    QString affixes() const;
-    int widthForText(int &characters) const;
+    int widthForText() const;
 
     BVFormatter *m_formatter; // child of this
     int m_decimals = -1;      // set by hand, or -1
@@ -327,14 +323,17 @@ private:
     bool m_empty = false;
     bool m_ruvixDisabled = false;                     // by setReadOnlyAndDisableRuvix()
     std::optional<Qt::KeyboardModifiers> m_modifiers; // of the event being handled
-    quint32 m_stepSerial = 0;                         // of the posted steps that still count
-    int m_pendingSteps = 0;                           // posted and not arrived
-    double m_pendingValue = 0.0;                      // after those
+    std::unique_ptr<BVSpinBoxDrag> m_drag;
+    std::unique_ptr<BVSpinBoxSteps> m_steps;
     bool m_applyingStep = false;
     mutable std::optional<double> m_assigned;   // taken by valueFromText() in place of the text
     mutable std::optional<double> m_shownValue; // the value that m_shownText shows
     mutable QString m_shownText;
-    mutable std::optional<SizeHint> m_sizeHint;
-    QString m_announcedUnit; // the value unit that was announced last
+    double m_settledValue = 0.0; // before the text being typed
+    bool m_settledEmpty = false;
+    mutable QSize m_sizeHint;         // invalid if it is to be measured
+    mutable QString m_hintAffixes;    // for which it was measured
+    mutable int m_hintCharacters = 0; // of the number
+    QString m_announcedUnit;          // the value unit that was announced last
     QString m_announcedDisplayUnit;
 };

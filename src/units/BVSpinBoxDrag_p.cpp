@@ -12,6 +12,7 @@
 #include <QStyleOptionSpinBox>
 
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -91,16 +92,19 @@ void BVSpinBoxDrag::press(QObject *watched, const QMouseEvent &event)
 bool BVSpinBoxDrag::move(const QMouseEvent &event)
 {
     if (m_state == Idle) {
-        if (event.buttons() == Qt::NoButton)
-            showPrefixCursor(isOnPrefix(event.pos()) && m_box->isSlidingPossible());
+        const bool isOverPrefix = event.buttons() == Qt::NoButton && isOnPrefix(event.pos());
+        if (std::exchange(m_isOverPrefix, isOverPrefix) != isOverPrefix)
+            updateCursors();
         return false;
     }
     const int offset = offsetOf(event);
     if (m_state == Pressed && std::abs(offset) >= QApplication::startDragDistance())
         start(offset);
+    if (m_state == Pressed)
+        return m_onPrefix; // the edit would select it
     if (m_state == Dragging)
-        slide(offset - m_origin);
-    return m_state != Pressed || m_onPrefix; // the edit would select the prefix
+        slide(offset - m_origin); // a slot may delete the box
+    return true;
 }
 
 void BVSpinBoxDrag::start(int offset)
@@ -110,10 +114,9 @@ void BVSpinBoxDrag::start(int offset)
     const int distance = QApplication::startDragDistance();
     m_origin = offset > 0 ? distance : -distance;
     m_box->setIsSliding(true);
-    if (m_onPrefix)
-        return;
-    stopAutoRepeat();
-    m_box->setCursor(BVCursorTable::cursor(BVCursorTable::Cursor::SlideVertical));
+    if (!m_onPrefix)
+        stopAutoRepeat();
+    updateCursors();
 }
 
 void BVSpinBoxDrag::slide(int offset)
@@ -141,13 +144,12 @@ void BVSpinBoxDrag::cancel()
 
 void BVSpinBoxDrag::end()
 {
-    if (m_state == Dragging) {
-        m_box->setIsSliding(false);
-        if (!m_onPrefix)
-            m_box->unsetCursor();
-    }
-    m_state = Idle;
+    const bool wasDragging = std::exchange(m_state, Idle) == Dragging;
     m_onPrefix = false;
+    if (!wasDragging)
+        return;
+    m_box->setIsSliding(false);
+    updateCursors();
 }
 
 /// The toolkit's box repeats the step of a button until that is released.
@@ -179,14 +181,19 @@ bool BVSpinBoxDrag::isOnPrefix(const QPoint &position) const
            m_edit->cursorPositionAt(position) < prefix.size();
 }
 
-void BVSpinBoxDrag::showPrefixCursor(bool on)
+void BVSpinBoxDrag::updateCursors()
 {
-    if (on == m_cursorShown)
-        return;
-    m_cursorShown = on;
-    if (m_box->isSlidingPossible())
-        m_edit->setCursor(BVCursorTable::cursor(on ? BVCursorTable::Cursor::SlideHorizontal
-                                                   : BVCursorTable::Cursor::Text));
+    using Cursor = BVCursorTable::Cursor;
+    Cursor edit = m_isOverPrefix ? Cursor::SlideHorizontal : Cursor::Text;
+    if (!m_box->isSlidingPossible()) {
+        edit = Cursor::Locked;
+        m_box->setCursor(BVCursorTable::cursor(edit));
+    } else if (m_state == Dragging && !m_onPrefix) {
+        m_box->setCursor(BVCursorTable::cursor(Cursor::SlideVertical));
+    } else {
+        m_box->unsetCursor();
+    }
+    m_edit->setCursor(BVCursorTable::cursor(edit));
 }
 
 int BVSpinBoxDrag::offsetOf(const QMouseEvent &event) const

@@ -8,13 +8,17 @@ class BVDoubleSpinBox;
 class QLineEdit;
 class QMouseEvent;
 
-/// Slides the value of a spin box while its step buttons or its prefix are dragged.
+/// Slides the value of a spin box while its step buttons or its prefix are dragged, and shows by
+/// the cursor where that is possible.
 ///
 /// Filters the events of the box and of its line edit. A press without movement is left to them.
 class BVSpinBoxDrag : public QObject
 {
 public:
     explicit BVSpinBoxDrag(BVDoubleSpinBox *box);
+
+    /// Shows whether the value can be dragged, and is, on the box and on its line edit.
+    void updateCursors();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -35,16 +39,15 @@ private:
     void end();
     bool isOnButton(const QPoint &position) const;
     bool isOnPrefix(const QPoint &position) const;
-    void showPrefixCursor(bool on);
     int offsetOf(const QMouseEvent &event) const;
     void stopAutoRepeat();
 
     BVDoubleSpinBox *m_box; // parent of this
     QLineEdit *m_edit;      // child of the box
     State m_state = Idle;
-    bool m_onPrefix = false;    // what was pressed; else a button
-    bool m_cursorShown = false; // the cursor over the prefix
-    double m_startValue = 0.0;  // when pressed
+    bool m_onPrefix = false;     // what was pressed; else a button
+    bool m_isOverPrefix = false; // where the pointer is
+    double m_startValue = 0.0;   // when pressed
     bool m_startEmpty = false;
     QPoint m_pressedAt; // on the screen
     int m_origin = 0;   // px, from the press to where the drag has started

@@ -1,0 +1,515 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/BVCursorTable.h"
+#include "units/BVDoubleSpinBox.h"
+#include "units/UnitsConfiguration.h"
+
+#include "TestRows.h"
+#include "TestSupport.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include <cfloat>
+
+using Box = BVDoubleSpinBox;
+using Length = UnitsConfiguration;
+
+namespace {
+
+/// A box in a window of its own, with a second field to go to.
+struct Form
+{
+    explicit Form(const QString &unit = QString(), const QString &choice = QString())
+    {
+        if (!choice.isEmpty())
+            UnitsConfiguration::instance().setCurrentUnit(Length::Length, choice);
+        auto *layout = new QVBoxLayout(&m_window);
+        m_box = new Box;
+        m_box->setUnitString(unit);
+        m_edit = m_box->findChild<QLineEdit *>();
+        m_other = new QLineEdit;
+        layout->addWidget(m_box);
+        layout->addWidget(m_other);
+        m_window.show();
+    }
+
+    bool start()
+    {
+        m_box->setFocus();
+        return QTest::qWaitForWindowActive(&m_window) && m_box->hasFocus();
+    }
+
+    void enter(const QString &text)
+    {
+        m_box->selectAll();
+        QTest::keyClick(m_box, Qt::Key_Delete);
+        QTest::keyClicks(m_box, text);
+        QTest::keyClick(m_box, Qt::Key_Return);
+    }
+
+    QWidget m_window;
+    Box *m_box;
+    QLineEdit *m_edit;
+    QLineEdit *m_other;
+};
+
+/// Turns the wheel over a box and takes the step; returns whether the box has taken the event.
+bool turnWheel(Box *box, const QPoint &angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QWheelEvent event(QPointF(5, 5), QPointF(), QPoint(), angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    event.accept();
+    box->event(&event);
+    QCoreApplication::sendPostedEvents(box);
+    return event.isAccepted();
+}
+
+void moveMouse(QWidget *widget, const QPoint &position)
+{
+    QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &event);
+    QCoreApplication::sendPostedEvents();
+}
+
+bool isNear(double value, double expected)
+{
+    return value == expected || qAbs(value - expected) < 1e-9 * qMax(1.0, qAbs(expected));
+}
+
+} // namespace
+
+class tst_BVDoubleSpinBox : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { muteOffscreenWarnings(); }
+    void cleanup();
+    void steps_data();
+    void steps();
+    void pendingSteps();
+    void wheel();
+    void refusesSteps();
+    void drag_data();
+    void drag();
+    void judges_data();
+    void judges();
+    void types_data();
+    void types();
+    void keepsDigits();
+    void tolerance();
+    void empty();
+    void hostileNumbers();
+    void unitChoice();
+    void look();
+};
+
+void tst_BVDoubleSpinBox::cleanup()
+{
+    UnitsConfiguration::instance().setDefaultValues();
+    QLocale::setDefault(QLocale::c());
+}
+
+void tst_BVDoubleSpinBox::steps_data()
+{
+    const Table<double, double, double, double, QString, int, Qt::KeyboardModifiers, double> row("minimum", "maximum", "value", "step", "mode", "key",
+                                                                                                 "modifiers", "stepped");
+    const Qt::KeyboardModifiers none = Qt::NoModifier;
+    row("up", 0, 100, 5, 1, "", Qt::Key_Up, none, 6);
+    row("page down", 0, 100, 25, 1, "", Qt::Key_PageDown, none, 15);
+    row("Control once", 0, 100, 5, 1, "", Qt::Key_Up, Qt::ControlModifier, 15);
+    row("Shift", 0, 100, 5, 1, "", Qt::Key_Down, Qt::ShiftModifier, 4.9);
+    row("stops at the limit", 0, 10, 9.5, 1, "", Qt::Key_Up, none, 10);
+    row("zero step", 0, 10, 5, 0, "", Qt::Key_Up, none, 5);
+    row("share of the range", 0, 50, 0, 1, "slide", Qt::Key_Up, none, 2);
+    row("share of an endless range", -s_inf, s_inf, 0, 1, "slide", Qt::Key_Up, none, 1);
+    row("wraps", 0, 360, 355, 10, "wrap", Qt::Key_Up, none, 5);
+    row("wraps by widths", 0, 3, 1, 1, "wrap", Qt::Key_PageDown, none, 3);
+    row("stays on the limit", 0, 360, 355, 5, "wrap", Qt::Key_Up, none, 360);
+    row("leaves the limit", 0, 360, 360, 5, "wrap", Qt::Key_Up, none, 5);
+    row("below the lower limit", 0, 360, 0, 5, "wrap", Qt::Key_Down, none, 355);
+    row("no width to wrap", 4, 4, 4, 1, "wrap", Qt::Key_Up, none, 4);
+    row("no end to wrap", 0, s_inf, 1, 10, "wrap", Qt::Key_Down, none, 0);
+    row("to the grid ahead", 0, 10, 2.7, 1, "snap", Qt::Key_Up, none, 3);
+    row("grid behind", 0, 10, 2.3, 1, "snap", Qt::Key_Up, none, 3.3);
+    row("to the grid below", 0, 10, 2.3, 1, "snap", Qt::Key_Down, none, 2);
+    row("logarithmic", 1, 1000, 10, 1, "log slide", Qt::Key_Up, none, 100);
+    row("decades", 0, 1000, 10, 1, "log", Qt::Key_Down, none, 1);
+    row("no logarithm of zero", 0, 1000, 0, 1, "log", Qt::Key_Up, none, 1);
+    row("no logarithm of the minimum", 0, 1000, 10, 1, "log slide", Qt::Key_Up, none, 11);
+}
+
+void tst_BVDoubleSpinBox::steps()
+{
+    const auto [minimum, maximum, value, step] = fetched<double, double, double, double>("minimum", "maximum", "value", "step");
+    const auto [mode, key, modifiers] = fetched<QString, int, Qt::KeyboardModifiers>("mode", "key", "modifiers");
+    Box box;
+    box.setRange(minimum, maximum);
+    box.setValue(value);
+    box.setSingleStep(step);
+    box.setWrapping(mode.contains("wrap"));
+    box.setSnapToSteps(mode.contains("snap"));
+    box.setLogarithmic(mode.contains("log"));
+    box.setSlideSteps(mode == "slide" ? 25 : -1);
+    box.setLogSlideSteps(mode == "log slide" ? 3 : -1);
+    QTest::keyClick(&box, Qt::Key(key), modifiers);
+    QCOMPARE(box.value(), value);
+    QCoreApplication::sendPostedEvents(&box);
+    QFETCH(double, stepped);
+    QVERIFY2(isNear(box.value(), stepped), qPrintable(QString::number(box.value())));
+}
+
+void tst_BVDoubleSpinBox::pendingSteps()
+{
+    Box box;
+    QStringList log;
+    connect(&box, QOverload<double>::of(&Box::valueChanged), [&log](double v) { log << QString("changed %1").arg(v); });
+    connect(&box, &Box::valueStepped, [&log](double v) { log << QString("stepped %1").arg(v); });
+    box.stepBy(1);
+    box.stepBy(1);
+    QVERIFY(log.isEmpty());
+    QCoreApplication::sendPostedEvents(&box);
+    QCOMPARE(log, QStringList({"changed 1", "stepped 1", "changed 2", "stepped 2"}));
+    box.stepBy(1);
+    box.setValue(2.0);
+    QCoreApplication::sendPostedEvents(&box);
+    QCOMPARE(box.value(), 2.0);
+    auto *gone = new Box;
+    gone->stepBy(1);
+    connect(&box, &Box::valueStepped, gone, &QObject::deleteLater);
+    box.stepBy(200);
+    delete gone;
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(box.value(), box.maximum());
+
+    auto *deletesItself = new Box;
+    connect(deletesItself, QOverload<double>::of(&Box::valueChanged), [deletesItself] { delete deletesItself; });
+    deletesItself->stepBy(1);
+    QCoreApplication::sendPostedEvents(deletesItself);
+}
+
+void tst_BVDoubleSpinBox::wheel()
+{
+    Form form;
+    form.m_other->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&form.m_window));
+    QVERIFY(!turnWheel(form.m_box, QPoint(0, 120)));
+    QCOMPARE(form.m_box->value(), 0.0);
+    QVERIFY(form.start());
+    QVERIFY(turnWheel(form.m_box, QPoint(0, -120))); // at the limit
+    QVERIFY(turnWheel(form.m_box, QPoint(0, 15)));
+    QCOMPARE(form.m_box->value(), 1.0);
+    turnWheel(form.m_box, QPoint(0, 120), Qt::ControlModifier);
+    QCOMPARE(form.m_box->value(), 11.0);
+    turnWheel(form.m_box, QPoint(0, 120), Qt::ShiftModifier);
+    turnWheel(form.m_box, QPoint(120, 0));
+    QVERIFY(isNear(form.m_box->value(), 10.1));
+}
+
+void tst_BVDoubleSpinBox::refusesSteps()
+{
+    Form form;
+    Box *box = form.m_box;
+    const auto isFixed = [box] {
+        box->stepBy(1);
+        box->stepByWheel(1);
+        QCoreApplication::sendPostedEvents(box);
+        return box->value() == 0.0;
+    };
+    box->setIsSliding(true);
+    QVERIFY(isFixed());
+    box->setIsSliding(false);
+    const Qt::CursorShape locked = BVCursorTable::cursor(BVCursorTable::Cursor::Locked).shape();
+    for (void (*setFixed)(Box *, bool) : {+[](Box *b, bool on) { b->setStandardLocked(on); }, +[](Box *b, bool on) { b->setReadOnly(on); }}) {
+        setFixed(box, true);
+        QVERIFY(isFixed() && !box->isSlidingPossible());
+        QCOMPARE(form.m_edit->cursor().shape(), locked);
+        setFixed(box, false);
+        QVERIFY(box->isSlidingPossible() && box->cursor().shape() != locked);
+    }
+    box->setRuvixEnabled(true);
+    box->setReadOnlyAndDisableRuvix(true);
+    QVERIFY(!box->isRuvixEnabled());
+    box->setReadOnlyAndDisableRuvix(false);
+    QVERIFY(box->isRuvixEnabled());
+}
+
+void tst_BVDoubleSpinBox::drag_data()
+{
+    const Table<bool, bool, QPoint, bool, double> row("prefix", "mirrored", "way", "escaped", "value");
+    row("button up", false, false, QPoint(0, -22), false, 54.0); // the press is a step
+    row("button down", false, false, QPoint(0, 22), false, 48.0);
+    row("button escaped", false, false, QPoint(0, -22), true, 50.0);
+    row("not far enough", false, false, QPoint(0, -9), false, 51.0);
+    row("prefix", true, false, QPoint(30, 0), false, 55.0);
+    row("prefix mirrored", true, true, QPoint(30, 0), false, 45.0);
+}
+
+void tst_BVDoubleSpinBox::drag()
+{
+    const auto [onPrefix, mirrored, way, escaped, value] = fetched<bool, bool, QPoint, bool, double>("prefix", "mirrored", "way", "escaped", "value");
+    Form form;
+    form.m_window.setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+    form.m_box->setPrefix("length ");
+    form.m_box->setValue(50.0);
+    QVERIFY(form.start());
+    QWidget *pressed = onPrefix ? static_cast<QWidget *>(form.m_edit) : form.m_box;
+    form.m_edit->setCursorPosition(3);
+    const QPoint start = onPrefix ? form.m_edit->rect().center() - QPoint(form.m_edit->width() / 2 - 8, 0) : QPoint(form.m_box->width() - 6, 6);
+    QTest::mousePress(pressed, Qt::LeftButton, Qt::NoModifier, start);
+    moveMouse(pressed, start + way / 2);
+    moveMouse(pressed, start + way);
+    QCOMPARE(form.m_box->isSliding(), way.manhattanLength() >= QApplication::startDragDistance());
+    if (escaped)
+        QTest::keyClick(form.m_box, Qt::Key_Escape);
+    QTest::mouseRelease(pressed, Qt::LeftButton, Qt::NoModifier, start + way);
+    QVERIFY(!form.m_box->isSliding());
+    QCOMPARE(form.m_box->value(), value);
+}
+
+void tst_BVDoubleSpinBox::judges_data()
+{
+    const Table<QString, QString, int, QValidator::State, QString, QString> row("mode", "typed", "cursor", "state", "text", "mended");
+    const auto acceptable = QValidator::Acceptable;
+    const auto intermediate = QValidator::Intermediate;
+    row("fraction", "", "1/4", 3, acceptable, "1/4", "0.250000000 mm");
+    row("typed unit", "", "5cm", 3, acceptable, "5cm", "50.000000000 mm");
+    row("in the shown unit", "inch", "5", 1, intermediate, "5", "5.000000000 inch"); // 127 mm
+    row("out of range", "", "101", 3, intermediate, "101", "101.000000000 mm");
+    row("nearest maximum", "nearest", "200", 3, intermediate, "200", "100.00 mm");
+    row("nearest minimum", "nearest", "-200", 4, intermediate, "-200", "-10.00 mm");
+    row("within the tolerance", "nearest", "100.0005", 8, acceptable, "100.0005", "100.000500000 mm");
+    row("no number", "", "x", 1, QValidator::Invalid, "x", "x");
+    row("another quantity", "nearest", "12 kg", 5, intermediate, "12 kg", "12 kg");
+    row("empty", "nearest", "", 0, intermediate, "", "");
+    row("prefix and suffix", "affixes", "~50 mm!", 3, acceptable, "~50 mm!", "~50.000000000 mm!");
+    row("moved point", "affixes", "~1.2.5!", 3, acceptable, "~1.25!", "~1.250000000 mm!");
+    row("point of the denominator", "", "1./2.5", 2, acceptable, "1./2.5", "0.400000000 mm");
+    row("wrapped down", "wrap", "215", 3, intermediate, "215", "-5.000000000 mm");
+    row("wrapped up", "wrap", "-15", 3, intermediate, "-15", "95.000000000 mm");
+    row("wrapping near a limit", "wrap", "100.0005", 8, acceptable, "100.0005", "100.000500000 mm");
+}
+
+void tst_BVDoubleSpinBox::judges()
+{
+    const auto [mode, typed, cursor, mended] = fetched<QString, QString, int, QString>("mode", "typed", "cursor", "mended");
+    Form form("mm", mode == "inch" ? "inch" : "mm");
+    form.m_box->setRange(-10.0, 100.0);
+    form.m_box->setCorrectionMode(mode == "nearest" ? Box::CorrectToNearestValue : Box::CorrectToPreviousValue);
+    form.m_box->setWrapping(mode == "wrap");
+    form.m_box->setPrefix(mode == "affixes" ? "~" : "");
+    form.m_box->setSuffix(mode == "affixes" ? "!" : "");
+    QString text = typed;
+    int position = cursor;
+    const QValidator::State state = form.m_box->validate(text, position);
+    QTEST(state, "state");
+    QTEST(text, "text");
+    QCOMPARE(position, cursor);
+    form.m_box->fixup(text);
+    QCOMPARE(text, mended);
+}
+
+void tst_BVDoubleSpinBox::types_data()
+{
+    const Table<QString, QString, QString, double, QString> row("choice", "mode", "typed", "value", "text"); // value unit mm
+    row("plain", "mm", "", "12.5", 12.5, "12.50 mm");
+    row("shown unit", "inch", "", "2", 50.8, "2.000 inch");
+    row("typed unit", "inch", "", "5.08cm", 50.8, "2.000 inch");
+    row("behind a prefix", "mm", "prefix", "12,5", 12.5, "~ 12.50 mm");
+    row("another quantity", "mm", "", "12 kg", 7.0, "7.00 mm");
+    row("no number, nearest", "mm", "nearest", "x", 7.0, "7.00 mm");
+    row("out of range", "mm", "", "500", 7.0, "7.00 mm");
+    row("out of range, nearest", "mm", "nearest", "500", 90.006, "90.01 mm");
+    row("deleted", "mm", "", "", 7.0, "7.00 mm");
+    row("untracked", "mm", "untracked", "12.5", 12.5, "12.50 mm");
+}
+
+void tst_BVDoubleSpinBox::types()
+{
+    QLocale::setDefault(QLocale::German);
+    const auto [choice, mode, typed, value, text] = fetched<QString, QString, QString, double, QString>("choice", "mode", "typed", "value", "text");
+    Form form("mm", choice);
+    form.m_box->setRange(5.0, 90.006);
+    form.m_box->setValue(7.0);
+    form.m_box->setPrefix(mode == "prefix" ? "~ " : "");
+    form.m_box->setKeyboardTracking(mode != "untracked");
+    form.m_box->setCorrectionMode(mode == "nearest" ? Box::CorrectToNearestValue : Box::CorrectToPreviousValue);
+    QVERIFY(form.start());
+    form.enter(typed);
+    QVERIFY2(isNear(form.m_box->value(), value), qPrintable(QString::number(form.m_box->value())));
+    QCOMPARE(form.m_box->text(), text);
+}
+
+void tst_BVDoubleSpinBox::keepsDigits()
+{
+    const double value = 12.3456789012345;
+    for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
+        for (const char *choice : {"mm", "inch", "m"}) {
+            QLocale::setDefault(language);
+            Form form("mm", choice);
+            form.m_box->setValue(value);
+            QVERIFY(form.start());
+            for (int i = 0; i < 50; ++i) {
+                form.m_box->setFocus();
+                QTest::keyClick(form.m_box, Qt::Key_End);
+                QTest::keyClicks(form.m_box, "x");
+                QTest::keyClick(form.m_box, Qt::Key_Backspace);
+                if (i % 2)
+                    QTest::keyClick(form.m_box, Qt::Key_Return);
+                form.m_other->setFocus();
+                QCOMPARE(form.m_box->value(), value);
+            }
+        }
+    }
+}
+
+void tst_BVDoubleSpinBox::tolerance()
+{
+    const auto toleranceOf = [](const QString &unit, const char *display, BVFormatter::OutputNotation notation) {
+        Box box;
+        box.setUnitString(unit);
+        box.setUnitDisplayTag(UnitConverter::TagFromUnit(display));
+        box.setDecimals(3);
+        box.setNotation(notation);
+        return box.tolerance();
+    };
+    QVERIFY(isNear(1e6 * toleranceOf("m", "mm", BVFormatter::Fixed), 0.1));
+    QVERIFY(isNear(1e4 * toleranceOf("K", "degF", BVFormatter::Fixed), 1.0 / 1.8)); // of a difference
+    QCOMPARE(toleranceOf("m", "mm", BVFormatter::Automatic), 1e-6);
+    Box box;
+    QCOMPARE(box.toValidValue(-0.00005), 0.0);
+    QCOMPARE(box.toValidValue(-0.0002), -0.0002);
+    QVERIFY(box.isValueInRange(-0.1, 0.1, true, true));
+    QVERIFY(!box.isValueInRange(-0.2, 0.1, true, false));
+    QVERIFY(box.isValueInRange(-0.2, 0.1, false, true));
+}
+
+void tst_BVDoubleSpinBox::empty()
+{
+    Form form("mm", "mm");
+    Box *box = form.m_box;
+    box->setValue(7.0);
+    QSignalSpy announced(box, &Box::emptyChanged);
+    box->setEmpty(true);
+    QCOMPARE(box->text(), QString());
+    QVERIFY(box->isNeedInputStatus() && box->value() == 7.0);
+    QVERIFY(form.start());
+    form.m_other->setFocus(); // empty stays empty
+    QVERIFY(box->isEmpty());
+    box->setFocus();
+    form.enter("x"); // and so it does for nothing
+    QVERIFY(box->isEmpty());
+    form.enter("5x");
+    QVERIFY(box->isEmpty() && box->value() == 7.0);
+    form.enter("7");
+    QVERIFY(!box->isEmpty() && !box->isNeedInputStatus());
+    QCOMPARE(box->text(), QString("7.00 mm"));
+    box->setAcceptEmpty(true);
+    form.enter("");
+    QVERIFY(box->isEmpty() && !box->isNeedInputStatus() && box->value() == 7.0);
+    box->stepBy(1);
+    QTRY_COMPARE(box->text(), QString("8.00 mm"));
+    box->setEmpty(true);
+    box->setValue(8.0);
+    QCOMPARE(box->text(), QString("8.00 mm"));
+    QCOMPARE(announced.last().first().toBool(), false);
+}
+
+void tst_BVDoubleSpinBox::hostileNumbers()
+{
+    const double numbers[] = {s_nan, s_inf, -s_inf, 0.0, -0.0, 5e-324, 1e-310, DBL_MAX, -DBL_MAX, 1e300, -1.0};
+    Box box;
+    box.setMinimum(200.0);
+    QCOMPARE(box.maximum(), 200.0);
+    box.setMaximum(-5.0);
+    QCOMPARE(box.minimum(), -5.0);
+    for (int mode = 0; mode < 8; ++mode) {
+        box.setWrapping(mode & 1);
+        box.setLogarithmic(mode & 2);
+        box.setSnapToSteps(mode & 4);
+        for (const double limit : numbers) {
+            box.setMaximum(limit);
+            for (const double number : numbers) {
+                box.setMinimum(number);
+                box.setValue(limit);
+                box.setSingleStep(number);
+                box.setFactor(number);
+                box.slideValue(-3, true);
+                box.slideValue(2000000000, false);
+                QCoreApplication::sendPostedEvents(&box);
+                QString text = QString::number(number, 'g', 17);
+                box.fixup(text);
+                box.setValue(number);
+                QVERIFY(box.value() >= box.minimum() && box.value() <= box.maximum());
+            }
+        }
+    }
+}
+
+void tst_BVDoubleSpinBox::unitChoice()
+{
+    Form form("mm", "mm");
+    form.m_box->setRange(0.0, 254000.0);
+    form.m_box->setValue(25.4);
+    QSignalSpy shown(form.m_box, &Box::displayUnitChanged);
+    const int width = form.m_box->sizeHint().width();
+    UnitsConfiguration::instance().setCurrentUnit(Length::Length, "m");
+    QCOMPARE(form.m_box->text(), form.m_box->getFormatter()->textFromValue(25.4, false));
+    QVERIFY(form.m_box->text().endsWith(" m"));
+    QCOMPARE(form.m_box->value(), 25.4);
+    QCOMPARE(shown.count(), 1);
+    QVERIFY(form.m_box->sizeHint().width() != width && form.m_box->isDifferentUnit());
+    QVERIFY(form.m_box->setUnitDisplayTag(UnitConverter::TagFromUnit("inch")));
+    QVERIFY(form.m_box->isUserDisplayUnit());
+    form.m_box->setMaximumInDisplayUnit(2.0);
+    QVERIFY(isNear(form.m_box->maximum(), 50.8));
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(form.m_box);
+    QCOMPARE(accessible->role(), QAccessible::SpinBox);
+    QCOMPARE(accessible->text(QAccessible::Value), form.m_box->text());
+    form.m_box->setUseGlobalDisplayUnit(true);
+    QVERIFY(form.m_box->text().endsWith(" m"));
+
+    form.m_box->setUnitString("degC");
+    QVERIFY(form.m_box->setUnitDisplayTag(UnitConverter::TagFromUnit("degF")));
+    form.m_box->setRangeInDisplayUnit(32.0, 212.0);
+    form.m_box->setValue(10.0);
+    form.m_box->setSlideSteps(10);
+    QVERIFY(isNear(form.m_box->linearSlide(1.0), 68.0));
+}
+
+void tst_BVDoubleSpinBox::look()
+{
+    Form form("mm", "mm");
+    Box *box = form.m_box;
+    const int width = box->sizeHint().width();
+    box->setRange(-1e9, 1e300);
+    QVERIFY(box->sizeHint().width() > width && box->sizeHint().width() < 4 * width);
+    box->setInputFieldWidth(Box::FieldLarge);
+    const int large = box->sizeHint().width();
+    box->setInputFieldWidth(Box::FieldSmall);
+    QVERIFY(box->sizeHint().width() < large);
+    box->setFitText(true);
+    const int fit = box->sizeHint().width();
+    box->setValue(1e6);
+    QVERIFY(box->sizeHint().width() > fit);
+    box->setComboType(Box::ComboInFront);
+    QCOMPARE(box->property("comboType").toString(), QString("ComboInFront")); // what sheets select on
+    QVERIFY(box->rect().contains(box->getPaintingRect()));
+    box->setProperty("ReferenceValue", 1.5);
+    QVERIFY(BVReferenceValueInterface::composedToolTip(box).contains("1.50 mm"));
+    QVERIFY(box->toolTipText().contains("1000 m"));
+    box->setPrefix("about ");
+    box->setFactor(2.5);
+    box->setFactor(s_nan);
+    QCOMPARE(box->prefix(), QStringLiteral("about 2.5 \u00d7 "));
+    box->setPrefix("near ");
+    QCOMPARE(box->prefix(), QStringLiteral("near 2.5 \u00d7 "));
+    box->setFactor(1.0);
+    QCOMPARE(box->prefix(), QString("near "));
+}
+
+QTEST_MAIN(tst_BVDoubleSpinBox)
+#include "tst_bvdoublespinbox.moc"
