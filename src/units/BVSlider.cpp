@@ -2,13 +2,14 @@
 #include "units/BVSlider.h"
 
 #include "foundation/BVCursorTable.h"
-#include "foundation/BVStatusColor.h"
 #include "foundation/BVWidgetStatusChangedEvent.h"
 #include "foundation/VirtualSliderEvent.h"
 #include "units/BVFormatter.h"
 #include "units/BVSliderAccessible_p.h"
 #include "units/BVSliderGeometry_p.h"
 #include "units/BVSliderPainter_p.h"
+#include "units/BVSliderScale_p.h"
+#include "units/BVSliderSteps_p.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -16,6 +17,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QPointer>
 #include <QRegion>
 #include <QStyleOptionSlider>
@@ -23,16 +25,11 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include <algorithm>
-#include <cmath>
-
 namespace {
 
-constexpr int s_throttleTime = 60;        // ms, between two moves of a limit
-constexpr int s_toolTipDigits = 3;        // significant, while dragging a limit
-constexpr int s_largeFactor = 10;         // of steps with Ctrl; they are divided by it with Shift
-constexpr int s_firstKeyCode = 0x1000000; // the toolkit's codes of keys without a character
-constexpr qint64 s_farthestStep = Q_INT64_C(1) << 33; // beyond any two positions
+constexpr int s_throttleTime = 60;   // ms, between two moves of a limit
+constexpr int s_toolTipDigits = 3;   // significant, while dragging a limit
+constexpr double s_deviations = 6.0; // in the admissible range, of the default curve
 
 enum class NamedBrush {
     AlmostBlack,
@@ -76,48 +73,23 @@ QBrush namedBrush(NamedBrush name)
     return QBrush(QColor::fromRgba(row.color), row.style);
 }
 
-/// The step of a slider action, in the direction of larger positions; 0 for all others.
-struct KeyRow
-{
-    int key;
-    int direction;
-    bool isPage;
-    bool mirrors; // in right-to-left layouts
-};
-
-constexpr KeyRow s_keys[] = {
-    {Qt::Key_Left, -1, false, true},  {Qt::Key_Right, 1, false, true},
-    {Qt::Key_Up, 1, false, false},    {Qt::Key_Down, -1, false, false},
-    {Qt::Key_PageUp, 1, true, false}, {Qt::Key_PageDown, -1, true, false},
-};
-
-QColor colorOf(BVWidgetStatus::Status status, bool onDark)
-{
-    const BVStatusColor &colors = BVStatusColor::colors();
-    return onDark ? colors.forDarkBackground(status) : colors.forLightBackground(status);
-}
-
-/// A value between two others, without overflow on the way.
-double between(double first, double second, double part)
-{
-    return first * (1.0 - part) + second * part;
-}
-
-double partBetween(double first, double second, double value)
-{
-    return (value / 2 - first / 2) / (second / 2 - first / 2);
-}
-
 } // namespace
 
 /// What follows from the layout, kept until something that it follows from changes.
 struct BVSlider::Shapes
 {
-    BVSliderGeometry geometry;
+    Shapes(const BVSliderLayout &layout, QSlider::TickPosition tickPosition)
+        : scene(layout)
+        , ticks(tickPosition)
+    {
+    }
+
+    ~Shapes() { QPixmapCache::remove(decoration); }
+
+    BVSliderScene scene;
     QSlider::TickPosition ticks;
-    QPolygon lowerLimit; // empty without a handle
-    QPolygon upperLimit;
-    QPolygonF curve;
+    BVSliderState decorationState;
+    QPixmapCache::Key decoration; // a pixmap of all but the handle of the value
 };
 
 // Converters
@@ -149,6 +121,7 @@ BVSlider::BVSlider(Qt::Orientation orientation, QWidget *parent)
     : BVStatusControl<QSlider>(orientation, parent)
     , m_formatter(new BVFormatter(this))
     , m_moveThrottle(new QTimer(this))
+    , m_scale(new BVSliderScale)
 {
     BVSliderAccessible::install();
     setFocusPolicy(Qt::StrongFocus);
@@ -356,7 +329,7 @@ const BVSlider::Shapes &BVSlider::shapes() const
     const bool upsideDown = orientation() == Qt::Horizontal ? reversed : !invertedAppearance();
     if (m_shapes) {
         // The toolkit announces none of these to the slider.
-        const BVSliderLayout &known = m_shapes->geometry.layout();
+        const BVSliderLayout &known = m_shapes->scene.geometry.layout();
         if (known.area != rect() || known.orientation != orientation() ||
             known.upsideDown != upsideDown || m_shapes->ticks != tickPosition())
             m_shapes.reset();
@@ -388,24 +361,13 @@ void BVSlider::computeShapes() const
     layout.extended = m_extended;
     layout.dvValue = m_dvValueSlider;
     layout.span = m_spanSlider;
-    const BVSliderGeometry geometry(layout);
-    m_shapes = std::make_unique<Shapes>(Shapes{geometry, tickPosition(), {}, {}, {}});
-    if (isLimitShown(LowerLimitHandle))
-        m_shapes->lowerLimit = geometry.limitShape(m_admissibleMinimum, true);
-    if (isLimitShown(UpperLimitHandle))
-        m_shapes->upperLimit = geometry.limitShape(m_admissibleMaximum, false);
-    if (m_dvValueSlider) {
-        const double lower = boundToAdmissible(minimum());
-        const double upper = boundToAdmissible(maximum());
-        const double width = qMax(1.0, upper - lower);
-        m_shapes->curve = m_hasDistribution ? geometry.curve(m_mean, m_deviation)
-                                            : geometry.curve(between(lower, upper, 0.5), width / 6);
-    }
+    m_shapes = std::make_unique<Shapes>(layout, tickPosition());
+    fillScene(m_shapes->scene);
 }
 
 const BVSliderGeometry &BVSlider::geometry() const
 {
-    return shapes().geometry;
+    return shapes().scene.geometry;
 }
 
 int BVSlider::valueToPixelPos(int value) const
@@ -426,9 +388,9 @@ int BVSlider::pixelPosToValue(const QPoint &position) const
 QRect BVSlider::handleRect(Handle handle) const
 {
     if (handle == LowerLimitHandle)
-        return shapes().lowerLimit.boundingRect();
+        return shapes().scene.lowerLimit.boundingRect();
     if (handle == UpperLimitHandle)
-        return shapes().upperLimit.boundingRect();
+        return shapes().scene.upperLimit.boundingRect();
     return handle == ValueHandle && !m_spanSlider ? geometry().handleAt(sliderPosition()) : QRect();
 }
 
@@ -436,58 +398,31 @@ QRect BVSlider::handleRect(Handle handle) const
 
 bool BVSlider::setUserRange(double atMinimum, double atMaximum, Scale scale)
 {
-    const bool isUsable = std::isfinite(atMinimum) && std::isfinite(atMaximum) &&
-                          atMinimum != atMaximum && (scale == Linear || scale == Logarithmic);
-    if (!isUsable || (scale == Logarithmic && !(atMinimum > 0 && atMaximum > 0)))
+    if (!m_scale->setRange(atMinimum, atMaximum, scale))
         return false;
-    m_hasUserRange = true;
-    m_userMinimum = atMinimum;
-    m_userMaximum = atMaximum;
-    m_scale = scale;
     announceHandle(ValueHandle, false);
-    update();
     return true;
 }
 
 void BVSlider::clearUserRange()
 {
-    m_hasUserRange = false;
-    m_scale = Linear;
+    m_scale->clear();
     announceHandle(ValueHandle, false);
-    update();
+}
+
+BVSlider::Scale BVSlider::scale() const
+{
+    return m_scale->scale();
 }
 
 double BVSlider::positionToValue(int position) const
 {
-    if (!m_hasUserRange)
-        return position;
-    const double width = double(maximum()) - minimum();
-    const double bounded = qBound(minimum(), position, maximum());
-    const double part = width > 0 ? (bounded - minimum()) / width : 0.0;
-    if (part == 0.0 || part == 1.0) // exactly, whatever the scale
-        return part == 0.0 ? m_userMinimum : m_userMaximum;
-    if (m_scale == Linear)
-        return between(m_userMinimum, m_userMaximum, part);
-    return std::exp(between(std::log(m_userMinimum), std::log(m_userMaximum), part));
+    return m_scale->valueAt(position, minimum(), maximum());
 }
 
 int BVSlider::valueToPosition(double value) const
 {
-    if (std::isnan(value))
-        return minimum();
-    double position = value;
-    if (m_hasUserRange) {
-        double part = partBetween(m_userMinimum, m_userMaximum, value);
-        if (m_scale == Logarithmic) {
-            part = value > 0 ? partBetween(std::log(m_userMinimum), std::log(m_userMaximum),
-                                           std::log(value))
-                             : double(m_userMinimum > m_userMaximum);
-        }
-        if (std::isnan(part))
-            return minimum();
-        position = between(minimum(), maximum(), qBound(0.0, part, 1.0));
-    }
-    return static_cast<int>(std::round(qBound(double(minimum()), position, double(maximum()))));
+    return m_scale->positionOf(value, minimum(), maximum());
 }
 
 double BVSlider::intPositionToUserRelevantValue(int position) const
@@ -581,6 +516,7 @@ void BVSlider::changeSize()
 
 QSize BVSlider::sizeHint() const
 {
+    ensurePolished();
     // The style centres the groove, so room on one side is room on both.
     const BVSliderGeometry &geometry = this->geometry();
     const int room = hasLimitHandles() || m_hasBestValue ? geometry.roomForLimits() : 0;
@@ -606,13 +542,13 @@ void BVSlider::mark(int from, int to, const QBrush &brush)
     if (brush.style() == Qt::NoBrush)
         return;
     m_markers.append({qMin(from, to), qMax(from, to), brush});
-    update();
+    changeLook();
 }
 
 void BVSlider::clearMarkers()
 {
     m_markers.clear();
-    update();
+    changeLook();
 }
 
 void BVSlider::setDistribution(double mean, double deviation)
@@ -647,7 +583,7 @@ void BVSlider::clearBestValue()
 void BVSlider::setGrooveBaseBrush(const QBrush &brush)
 {
     m_grooveBaseBrush = brush;
-    update();
+    changeLook();
 }
 
 void BVSlider::setBrushColor(const QColor &color)
@@ -684,51 +620,76 @@ QBrush BVSlider::gradientBrush(const QBrush &brush, const QRegion &region)
 
 bool BVSlider::needsOwnPainting() const
 {
-    return m_admissibleMinimum > minimum() || m_admissibleMaximum < maximum() ||
-           hasLimitHandles() || !m_inputEnabled || isLocked() || m_extended || m_dvValueSlider ||
-           m_hasBestValue || !m_markers.isEmpty() || m_grooveBaseBrush.style() != Qt::NoBrush ||
-           BVWidgetStatus::getDominantStatusFromFlag(getBvStatus()) != BVWidgetStatus::Normal;
+    if (m_admissibleMinimum > minimum() || m_admissibleMaximum < maximum() || hasLimitHandles() ||
+        m_extended || m_dvValueSlider || m_hasBestValue || !m_inputEnabled ||
+        !m_markers.isEmpty() || m_grooveBaseBrush.style() != Qt::NoBrush)
+        return true;
+    const BVWidgetStatus::Stati stati = getBvStatus();
+    return BVWidgetStatus::testFlag(stati, BVWidgetStatus::StandardLocked) ||
+           BVWidgetStatus::getDominantStatusFromFlag(stati) != BVWidgetStatus::Normal;
 }
 
 void BVSlider::fillScene(BVSliderScene &scene) const
 {
-    const Shapes &shapes = this->shapes();
-    const BVSliderGeometry &geometry = shapes.geometry;
-    scene.geometry = &geometry;
+    const BVSliderGeometry &geometry = scene.geometry;
     scene.showsAdmissible =
         m_spanSlider || m_admissibleMinimum > minimum() || m_admissibleMaximum < maximum();
-    if (scene.showsAdmissible)
-        scene.admissible = geometry.stretch(m_admissibleMinimum, m_admissibleMaximum);
+    scene.admissible = geometry.stretch(m_admissibleMinimum, m_admissibleMaximum);
     for (const Marker &marker : m_markers)
         scene.markers.append({geometry.stretch(marker.from, marker.to), marker.brush});
-    scene.lowerLimit = shapes.lowerLimit;
-    scene.upperLimit = shapes.upperLimit;
-    if (!scene.lowerLimit.isEmpty())
+    if (isLimitShown(LowerLimitHandle)) {
+        scene.lowerLimit = geometry.limitShape(m_admissibleMinimum, true);
         scene.lowerLine = geometry.limitLine(m_admissibleMinimum);
-    if (!scene.upperLimit.isEmpty())
+    }
+    if (isLimitShown(UpperLimitHandle)) {
+        scene.upperLimit = geometry.limitShape(m_admissibleMaximum, false);
         scene.upperLine = geometry.limitLine(m_admissibleMaximum);
-    scene.curve = shapes.curve;
+    }
     if (m_hasBestValue && m_bestValue >= minimum() && m_bestValue <= maximum()) {
         scene.bestShape = geometry.bestShape(m_bestValue);
         scene.bestLine = geometry.bestLine(m_bestValue);
     }
-    scene.hovered = m_hoveredHandle;
-    scene.pressed = isSliderDown() ? ValueHandle : draggedLimit();
-    if (hasFocus())
-        scene.focused = m_focusedHandle;
-    scene.active = takesInput();
+    const double lower = boundToAdmissible(minimum());
+    const double upper = boundToAdmissible(maximum());
+    if (m_dvValueSlider && m_hasDistribution)
+        scene.curve = geometry.curve(m_mean, m_deviation);
+    else if (m_dvValueSlider)
+        scene.curve = geometry.curve((lower + upper) / 2, qMax(1.0, upper - lower) / s_deviations);
     scene.groove = m_grooveBaseBrush;
-    const auto status = BVWidgetStatus::getDominantStatusFromFlag(getBvStatus());
-    const bool isDark = palette().color(QPalette::Window).lightness() < 128;
-    if (status != BVWidgetStatus::Normal)
-        scene.outline = colorOf(status, isDark);
-    scene.best = colorOf(BVWidgetStatus::Different, isDark);
-    scene.tint = scene.outline;
-    if (m_brushColor.isValid())
-        scene.tint = m_brushColor;
-    else if (status == BVWidgetStatus::Normal)
-        scene.tint = isDark ? colorOf(BVWidgetStatus::UserEdit, isDark)
-                            : BVStatusColor::colors().forButtons(BVWidgetStatus::UserEdit, false);
+}
+
+BVSliderState BVSlider::currentState() const
+{
+    BVSliderState state;
+    state.hovered = m_hoveredHandle;
+    state.pressed = isSliderDown() ? ValueHandle : draggedLimit();
+    if (hasFocus())
+        state.focused = m_focusedHandle;
+    state.active = takesInput();
+    state.setColors(palette(), BVWidgetStatus::getDominantStatusFromFlag(getBvStatus()),
+                    m_brushColor);
+    return state;
+}
+
+QPixmap BVSlider::decoration(const BVSliderState &state, qreal pixelRatio) const
+{
+    Shapes &kept = *m_shapes;
+    QPixmap pixmap;
+    if (state == kept.decorationState && QPixmapCache::find(kept.decoration, &pixmap) &&
+        pixmap.devicePixelRatioF() == pixelRatio)
+        return pixmap;
+    if (size().isEmpty())
+        return QPixmap();
+    pixmap = QPixmap((QSizeF(size()) * pixelRatio).toSize());
+    pixmap.setDevicePixelRatio(pixelRatio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    BVSliderPainter(painter, *this, kept.scene, state).paintDecoration();
+    painter.end();
+    QPixmapCache::remove(kept.decoration);
+    kept.decoration = QPixmapCache::insert(pixmap);
+    kept.decorationState = state;
+    return pixmap;
 }
 
 void BVSlider::paintEvent(QPaintEvent *event)
@@ -737,20 +698,22 @@ void BVSlider::paintEvent(QPaintEvent *event)
         QSlider::paintEvent(event);
         return;
     }
-    BVSliderScene scene;
-    fillScene(scene);
-    initStyleOption(&scene.handle);
-    scene.handle.subControls = QStyle::SC_SliderHandle;
-    if (!isHandleActive(ValueHandle))
-        scene.handle.state &= ~QStyle::State_Enabled;
-    if (scene.focused != ValueHandle)
-        scene.handle.state &= ~QStyle::State_HasFocus;
-    if (isSliderDown())
-        scene.handle.state |= QStyle::State_Sunken;
-    if (isSliderDown() || m_hoveredHandle == ValueHandle)
-        scene.handle.activeSubControls = QStyle::SC_SliderHandle;
+    const Shapes &shapes = this->shapes();
+    const BVSliderState state = currentState();
     QPainter painter(this);
-    BVSliderPainter(painter, *this, scene).paint();
+    painter.drawPixmap(0, 0,
+                       decoration(state.withoutValue(), painter.device()->devicePixelRatioF()));
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    if (!isHandleActive(ValueHandle))
+        option.state &= ~QStyle::State_Enabled;
+    if (state.focused != ValueHandle)
+        option.state &= ~QStyle::State_HasFocus;
+    if (isSliderDown())
+        option.state |= QStyle::State_Sunken;
+    if (isSliderDown() || m_hoveredHandle == ValueHandle)
+        option.activeSubControls = QStyle::SC_SliderHandle;
+    BVSliderPainter(painter, *this, shapes.scene, state).paintValue(option);
 }
 
 // Mouse
@@ -784,15 +747,16 @@ void BVSlider::mousePressEvent(QMouseEvent *event)
         event->ignore();
         return;
     }
-    focusHandle(ValueHandle);
+    if (isLeft)
+        focusHandle(ValueHandle);
     m_lastMove = event->pos();
-    const QPointer<BVSlider> self(this);
     if (isLeft && minimum() != maximum() && geometry().jumpsAt(event->pos(), sliderPosition())) {
         event->accept();
         update();
         Q_EMIT requestValueChange(boundToAdmissible(pixelPosToValue(event->pos())));
         return;
     }
+    const QPointer<BVSlider> self(this);
     QSlider::mousePressEvent(event);
     if (self && isSliderDown()) {
         const QRect handle = geometry().handleAt(sliderPosition());
@@ -987,28 +951,19 @@ void BVSlider::updateCursor()
 
 // Keys
 
-qint64 BVSlider::keyStep(int key) const
+BVSliderSteps BVSlider::steps() const
 {
-    const auto row = std::find_if(std::begin(s_keys), std::end(s_keys),
-                                  [key](const KeyRow &candidate) { return candidate.key == key; });
-    if (row == std::end(s_keys))
-        return 0;
-    const bool isReversed = (row->mirrors && isRightToLeft()) != invertedControls();
-    const qint64 step = row->isPage ? pageStep() : singleStep();
-    return (isReversed ? -row->direction : row->direction) * step;
+    return {singleStep(), pageStep(), isRightToLeft(), invertedControls()};
 }
 
 bool BVSlider::moveByKey(int key)
 {
-    const bool isEnd = key == Qt::Key_Home || key == Qt::Key_End;
-    const qint64 step = keyStep(key);
-    if (!isEnd && step == 0)
+    qint64 distance = 0;
+    if (!steps().ofKey(key, distance))
         return false;
     const qint64 lowest = handleMinimum(m_focusedHandle);
     const qint64 highest = handleMaximum(m_focusedHandle);
-    qint64 target = handlePosition(m_focusedHandle) + step;
-    if (isEnd)
-        target = key == Qt::Key_Home ? lowest : highest;
+    const qint64 target = handlePosition(m_focusedHandle) + distance;
     moveHandle(m_focusedHandle, static_cast<int>(qMax(lowest, qMin(target, highest))));
     return true;
 }
@@ -1035,20 +990,7 @@ bool BVSlider::handleVirtualSlider(QEvent *event)
     if (!event->isAccepted())
         return false;
     const auto *step = static_cast<Brimvale::VirtualSliderEvent *>(event);
-    const int key = step->getKeys();
-    const bool isKey =
-        key > s_firstKeyCode && (keyStep(key) != 0 || key == Qt::Key_Home || key == Qt::Key_End);
-    qint64 distance = isKey ? keyStep(key) : qint64(key) * singleStep();
-    distance = qBound(-s_farthestStep, distance, s_farthestStep);
-    if (step->getModifiers() & Qt::ControlModifier)
-        distance *= s_largeFactor;
-    if (step->getModifiers() & Qt::ShiftModifier && distance != 0)
-        distance =
-            distance / s_largeFactor != 0 ? distance / s_largeFactor : (distance < 0 ? -1 : 1);
-    if (isKey && key == Qt::Key_Home)
-        distance = -s_farthestStep;
-    else if (isKey && key == Qt::Key_End)
-        distance = s_farthestStep;
+    const qint64 distance = steps().ofVirtualKey(step->getKeys(), step->getModifiers());
     setValue(boundToAdmissible(sliderPosition() + distance));
     return true;
 }
@@ -1166,7 +1108,6 @@ bool BVSlider::event(QEvent *event)
         updateHover(event);
         break;
     case QEvent::Polish:
-    case QEvent::LayoutDirectionChange:
         changeLook();
         break;
     default:

@@ -17,9 +17,12 @@
 
 class BVFormatter;
 class BVSliderGeometry;
+class BVSliderScale;
 class QRegion;
 class QTimer;
 struct BVSliderScene;
+struct BVSliderState;
+struct BVSliderSteps;
 
 /// A slider whose integer positions stand for physical values.
 ///
@@ -171,7 +174,7 @@ public:
     bool setUserRange(double atMinimum, double atMaximum, Scale scale = Linear);
     /// Lets each position stand for itself again.
     void clearUserRange();
-    Scale scale() const { return m_scale; }
+    Scale scale() const;
     /// In the formatter's value unit. Positions outside the slider's range are moved into it if a
     /// user range is set.
     double positionToValue(int position) const;
@@ -305,7 +308,7 @@ private:
     void passMoveOn(QMouseEvent *event);
     void showDragToolTip();
 
-    qint64 keyStep(int key) const;
+    BVSliderSteps steps() const;
     bool moveByKey(int key);
     bool handleVirtualSlider(QEvent *event);
     void focusHandle(Handle handle);
@@ -315,6 +318,8 @@ private:
     void announceHandle(Handle handle, bool focus);
     bool needsOwnPainting() const;
     void fillScene(BVSliderScene &scene) const;
+    BVSliderState currentState() const;
+    QPixmap decoration(const BVSliderState &state, qreal pixelRatio) const;
 
     BVFormatter *m_formatter; // child of this
     QTimer *m_moveThrottle;   // child of this; while it runs, moves only wait
@@ -340,10 +345,7 @@ private:
     bool m_ownsCursor = false;
 
     std::unique_ptr<ValueToStringConverter> m_toolTipConverter;
-    bool m_hasUserRange = false;
-    double m_userMinimum = 0.0; // at minimum()
-    double m_userMaximum = 0.0;
-    Scale m_scale = Linear;
+    std::unique_ptr<BVSliderScale> m_scale; // never null
 
     QVector<Marker> m_markers;
     bool m_hasDistribution = false;

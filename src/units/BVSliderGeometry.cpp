@@ -17,6 +17,7 @@ constexpr int s_limitSizeExtended = 10;
 constexpr int s_limitOverlap = 2;       // px, of triangle and handle
 constexpr int s_dvMarkerThickness = 12; // px
 constexpr int s_curveHeight = 22;       // px
+constexpr int s_curveStep = 2;          // px, along
 constexpr int s_bestSize = 4;           // px, half the width
 constexpr double s_curveReach = 1e3;    // deviations; further off the curve is flat anyway
 
@@ -109,7 +110,7 @@ int BVSliderGeometry::positionAt(int pixel) const
     if (!isHorizontal())
         before = behind = s_marginVertical;
     // Seen from the end that has the minimum; a vertical slider's margins are equal.
-    const int distance = qBound(-1, pixel - first, length);
+    const int distance = static_cast<int>(qBound<qint64>(-1, qint64(pixel) - first, length));
     const int fromMinimum = m_layout.upsideDown ? length - 1 - distance : distance;
     if (isHorizontal())
         return QStyle::sliderValueFromPosition(m_layout.minimum, m_layout.maximum,
@@ -246,13 +247,13 @@ QPolygonF BVSliderGeometry::curve(double mean, double deviation) const
     const double height = curveHeight();
     const double range = double(m_layout.maximum) - double(m_layout.minimum);
     QPolygonF points;
-    points.reserve(m_trackSpan + 1);
-    for (int pixel = 0; pixel <= m_trackSpan; ++pixel) {
-        const double part = m_trackSpan > 0 ? double(pixel) / m_trackSpan : 0.5;
+    points.reserve(m_trackSpan / s_curveStep + 2);
+    for (int pixel = 0; pixel < m_trackSpan + s_curveStep; pixel += s_curveStep) {
+        const double part = m_trackSpan > 0 ? std::min(1.0, double(pixel) / m_trackSpan) : 0.5;
         const double position = m_layout.minimum + range * (m_layout.upsideDown ? 1 - part : part);
         const double away = qBound(-s_curveReach, (position - mean) / deviation, s_curveReach);
         const double across = foot - far(1) * height * std::exp(-away * away / 2);
-        const double along = m_trackStart + m_handleMiddle + pixel + 0.5;
+        const double along = m_trackStart + m_handleMiddle + std::min(pixel, m_trackSpan) + 0.5;
         points << (isHorizontal() ? QPointF(along, across) : QPointF(across, along));
     }
     return points;

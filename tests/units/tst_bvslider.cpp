@@ -139,7 +139,7 @@ void tst_BVSlider::handlePixels_data()
     row("all", Qt::Horizontal, s_lowest, s_highest, QString());
     row("one", Qt::Vertical, 7, 7, QString());
     row("sheet", Qt::Horizontal, 0, 1000,
-        QStringLiteral("QSlider{padding:9px} QSlider::groove{height:4px;margin:0 6px;border:1px solid red} QSlider::handle{width:12px;border:2px "
+        QStringLiteral("QSlider{padding:9px;margin:3px} QSlider::groove{height:4px;margin:0 6px;border:1px solid red} QSlider::handle{width:12px;border:2px "
                        "solid blue;margin:-8px 0}"));
 }
 

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+#include <qnamespace.h>
+
+/// How far keys move a handle of a slider.
+struct BVSliderSteps
+{
+    int single = 1; // positions, like the next
+    int page = 10;
+    bool rightToLeft = false;
+    bool inverted = false; // keys move the other way
+
+    /// Farther than any two positions are apart.
+    static constexpr qint64 s_farthest = Q_INT64_C(1) << 33;
+
+    /// In positions, towards larger ones; s_farthest for End, against it for Home. False, with @p
+    /// distance unchanged, for a key that moves nothing.
+    bool ofKey(int key, qint64 &distance) const;
+    /// That of a Brimvale::VirtualSliderEvent.
+    qint64 ofVirtualKey(int key, Qt::KeyboardModifiers modifiers) const;
+};
