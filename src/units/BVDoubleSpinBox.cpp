@@ -5,6 +5,7 @@
 #include "foundation/StandardSymbolPainter.h"
 #include "platform/PropertyChangeFilter.h"
 #include "units/BVSpinBoxDrag_p.h"
+#include "units/BVSpinBoxSize_p.h"
 #include "units/BVSpinBoxSteps_p.h"
 #include "units/BVSpinBoxTexts_p.h"
 #include "units/BVStepping_p.h"
@@ -34,8 +35,6 @@ constexpr double s_relativeTolerance = 1e-6; // value unit, for other notations 
 constexpr double s_acceleration = 10.0;      // steps a step, with Control
 constexpr double s_fineStep = 0.1;           // steps a step, with Shift
 constexpr int s_factorDigits = 6;            // significant
-constexpr int s_hintCharacters = 18;         // of a number, at most
-constexpr int s_cursorWidth = 2;             // px, for the text cursor to blink in
 
 /// The toolkit's validator of a spin box, but for that no text is invalid: a line edit swallows the
 /// keys that would make it so, and what is left often reads as another value.
@@ -66,12 +65,6 @@ bool isKnown(UnitConverter::Unit unit)
     return unit == UnitConverter::Unit_None || !UnitConverter::UnitFromTag(unit).isEmpty();
 }
 
-int characterCount(BVDoubleSpinBox::InputFieldSize size)
-{
-    constexpr int counts[] = {s_hintCharacters, 6, 10, 16};
-    return counts[qBound<int>(0, size, BVDoubleSpinBox::FieldLarge)];
-}
-
 } // namespace
 
 /// Notes the modifiers of the event that the box handles meanwhile.
@@ -100,6 +93,7 @@ BVDoubleSpinBox::BVDoubleSpinBox(QWidget *parent)
     : BVStatusControl<QDoubleSpinBox>(parent)
     , m_formatter(new BVFormatter(this))
     , m_drag(std::make_unique<BVSpinBoxDrag>(this))
+    , m_size(std::make_unique<BVSpinBoxSize>(*this, *lineEdit()))
     , m_steps(std::make_unique<BVSpinBoxSteps>(this))
 {
     qRegisterMetaType<ComboType>(); // so that sheets select on the name
@@ -297,43 +291,16 @@ QRect BVDoubleSpinBox::getPaintingRect() const
 
 void BVDoubleSpinBox::forgetSizeHint()
 {
-    m_sizeHint = QSize();
+    m_size->forget();
     updateGeometry();
-}
-
-int BVDoubleSpinBox::widthForText() const
-{
-    const QFontMetrics metrics(fontMetrics());
-    m_hintCharacters = characterCount(m_inputFieldSize);
-    if (m_fitText)
-        return metrics.horizontalAdvance(lineEdit()->text() + QLatin1Char(' '));
-    if (m_inputFieldSize != FieldDefault)
-        return metrics.horizontalAdvance(QLatin1Char('0')) * m_hintCharacters;
-    int width = metrics.horizontalAdvance(specialValueText());
-    m_hintCharacters = 0;
-    for (const double shown : {minimum(), maximum(), value()}) {
-        const QString number = m_formatter->textFromValue(shown, false).left(s_hintCharacters);
-        const QString text = prefix() + number + suffix() + QLatin1Char(' ');
-        m_hintCharacters = qMax(m_hintCharacters, number.size());
-        width = qMax(width, metrics.horizontalAdvance(text));
-    }
-    return width;
 }
 
 QSize BVDoubleSpinBox::sizeHint() const
 {
-    const QString affixes = prefix() + suffix() + specialValueText();
-    if (m_sizeHint.isValid() && affixes == m_hintAffixes)
-        return m_sizeHint;
-    m_hintAffixes = affixes;
     ensurePolished();
     QStyleOptionSpinBox option;
     initStyleOption(&option);
-    const QMargins lock = lineEdit()->textMargins();
-    const int width = widthForText() + s_cursorWidth + lock.left() + lock.right();
-    const QSize contents(width, lineEdit()->sizeHint().height());
-    m_sizeHint = style()->sizeFromContents(QStyle::CT_SpinBox, &option, contents, this);
-    return m_sizeHint;
+    return m_size->size(option);
 }
 
 QSize BVDoubleSpinBox::minimumSizeHint() const
@@ -560,9 +527,7 @@ void BVDoubleSpinBox::onValueChanged()
 {
     if (!m_applyingStep)
         m_steps->drop();
-    const int characters = qMin(shownText().size(), s_hintCharacters);
-    const bool isWider = m_inputFieldSize == FieldDefault && characters > m_hintCharacters;
-    if (m_fitText || isWider)
+    if (m_size->isOutgrownBy(shownText()))
         forgetSizeHint();
     if (m_empty && !typedText().isEmpty()) {
         m_empty = false;

@@ -15,6 +15,7 @@
 #include <optional>
 
 class BVSpinBoxDrag;
+class BVSpinBoxSize;
 class BVSpinBoxSteps;
 
 /// A spin box for one physical value.
@@ -304,7 +305,6 @@ private:
     void updateValidator() const;
     void updateTolerance();
     double toleranceInDisplayUnit() const;
-    int widthForText() const;
 
     BVFormatter *m_formatter; // child of this
     int m_decimals = -1;      // set by hand, or -1
@@ -324,6 +324,7 @@ private:
     bool m_ruvixDisabled = false;                     // by setReadOnlyAndDisableRuvix()
     std::optional<Qt::KeyboardModifiers> m_modifiers; // of the event being handled
     std::unique_ptr<BVSpinBoxDrag> m_drag;
+    std::unique_ptr<BVSpinBoxSize> m_size;
     std::unique_ptr<BVSpinBoxSteps> m_steps;
     bool m_applyingStep = false;
     mutable std::optional<double> m_assigned;   // taken by valueFromText() in place of the text
@@ -331,9 +332,6 @@ private:
     mutable QString m_shownText;
     double m_settledValue = 0.0; // before the text being typed
     bool m_settledEmpty = false;
-    mutable QSize m_sizeHint;         // invalid if it is to be measured
-    mutable QString m_hintAffixes;    // for which it was measured
-    mutable int m_hintCharacters = 0; // of the number
-    QString m_announcedUnit;          // the value unit that was announced last
+    QString m_announcedUnit; // the value unit that was announced last
     QString m_announcedDisplayUnit;
 };
