@@ -42,7 +42,7 @@ private Q_SLOTS:
     void limitDrag();
 
 private:
-    QWidget *input(const QString &name) const { return m_window->findChild<QWidget *>(name); }
+    QWidget *widget(const QString &name) const { return m_window->findChild<QWidget *>(name); }
     QString shown() const;
     QPoint grip(const QString &name) const;
 
@@ -78,7 +78,6 @@ void tst_Sliding::init()
     m_box->setPrefix(QStringLiteral("L = "));
     m_box->setUnitString(QStringLiteral("mm"));
     m_box->setRange(0.0, 100.0);
-    m_box->setKeyboardTracking(false); // the value waits for the whole text
     m_box->setValue(50.0);
     m_slider->setObjectName(QStringLiteral("slider"));
     m_slider->setRange(0, 1000);
@@ -86,6 +85,7 @@ void tst_Sliding::init()
     m_slider->setAdmissibleRange(200, 800, true);
     m_other->setFocus();
     QVERIFY(XdoTool::showActive(m_window.get()));
+    QVERIFY(XdoTool::movePointer(m_other, QPoint(1, 1)));
     QTRY_VERIFY(m_other->hasFocus());
 }
 
@@ -119,7 +119,7 @@ QPoint tst_Sliding::grip(const QString &name) const
 
 void tst_Sliding::wheel_data()
 {
-    const Table<QString, QString, QString, QString, bool> row("input", "state", "held", "shown", "pageScrolls");
+    const Table<QString, QString, QString, QString, bool> row("input", "state", "held", "expected", "pageScrolls");
     const QString unchanged = QStringLiteral("L = 50.00 mm, 200 [500] 800");
     row("box without focus", "box", "unfocused", "", unchanged, true);
     row("box", "box", "", "", "L = 49.00 mm, 200 [500] 800", false);
@@ -137,7 +137,8 @@ void tst_Sliding::wheel()
     QFETCH(const QString, state);
     QFETCH(const QString, held);
     QFETCH(const QString, input);
-    QWidget *widget = this->input(input);
+    QFETCH(const QString, expected);
+    QWidget *widget = this->widget(input);
     if (state == QLatin1String("standardLocked"))
         BVWidgetStatus::setStatus(widget, BVWidgetStatus::StandardLocked, true);
     else if (!state.isEmpty())
@@ -153,14 +154,14 @@ void tst_Sliding::wheel()
         QVERIFY(XdoTool::scroll(widget, -1));
         QTRY_COMPARE(notches.count(), 1);
     }
-    QTRY_COMPARE(shown(), *static_cast<QString *>(QTest::qData("shown", QMetaType::QString)));
+    QTRY_COMPARE(shown(), expected);
     QTEST(m_window->verticalScrollBar()->value() > 0, "pageScrolls");
     QCOMPARE(QApplication::focusWidget(), focus.data());
 }
 
 void tst_Sliding::keys_data()
 {
-    const Table<QString, QString, QString> row("input", "keys", "shown");
+    const Table<QString, QString, QString> row("input", "keys", "expected");
     row("arrow", "box", "Up", "L = 51.00 mm, 200 [500] 800");
     row("arrow down, with Shift", "box", "shift+Down", "L = 49.90 mm, 200 [500] 800");
     row("page keys", "box", "Prior Prior Next", "L = 60.00 mm, 200 [500] 800");
@@ -175,10 +176,11 @@ void tst_Sliding::keys()
 {
     QFETCH(const QString, input);
     QFETCH(const QString, keys);
-    this->input(input)->setFocus();
+    QFETCH(const QString, expected);
+    widget(input)->setFocus();
     for (const QString &key : keys.split(QLatin1Char(' ')))
         QVERIFY(XdoTool::pressKey(key));
-    QTRY_COMPARE(shown(), *static_cast<QString *>(QTest::qData("shown", QMetaType::QString)));
+    QTRY_COMPARE(shown(), expected);
     QCOMPARE(m_window->verticalScrollBar()->value(), 0);
 }
 
@@ -225,6 +227,7 @@ void tst_Sliding::boxDrag()
     QFETCH(const QString, grip);
     QFETCH(const QPoint, way);
     QFETCH(const QString, key);
+    QFETCH(const double, value);
     m_box->setFocus();
     const QPoint start = this->grip(grip);
     const auto giveUp = [this, &key] {
@@ -232,7 +235,7 @@ void tst_Sliding::boxDrag()
         return key.isEmpty() || (QTest::qWaitFor(hasSlid) && XdoTool::pressKey(key));
     };
     QVERIFY(XdoTool::drag(m_box, way.isNull() ? QVector<QPoint>{start} : QVector<QPoint>{start, start + way}, giveUp));
-    QTRY_COMPARE(m_box->value(), *static_cast<double *>(QTest::qData("value", QMetaType::Double)));
+    QTRY_COMPARE(m_box->value(), value);
     QTRY_VERIFY(!m_box->isSliding());
 }
 
@@ -270,7 +273,7 @@ void tst_Sliding::sliderDrag()
 
 void tst_Sliding::limitDrag_data()
 {
-    const Table<int, QString> row("handle", "end");
+    const Table<BVSlider::Handle, QString> row("handle", "end");
     row("lower, let go in the move", BVSlider::LowerLimitHandle, "");
     row("upper, let go in the move", BVSlider::UpperLimitHandle, "");
     row("lower, let go after a rest", BVSlider::LowerLimitHandle, "rest");
@@ -279,8 +282,8 @@ void tst_Sliding::limitDrag_data()
 
 void tst_Sliding::limitDrag()
 {
+    QFETCH(const BVSlider::Handle, handle);
     QFETCH(const QString, end);
-    const auto handle = static_cast<BVSlider::Handle>(*static_cast<int *>(QTest::qData("handle", QMetaType::Int)));
     const int sign = handle == BVSlider::LowerLimitHandle ? 1 : -1;
     const QPoint start = m_slider->handleRect(handle).center();
     const QPoint target = start + QPoint(sign * 137, 2); // takes the value along
