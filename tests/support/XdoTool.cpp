@@ -8,6 +8,25 @@
 namespace {
 
 constexpr int s_patience = 30000; // ms, for a machine under load
+constexpr int s_movesOfAWay = 12;
+
+/// The tool's command that moves the pointer.
+QStringList moveTo(const QWidget *widget, const QPointF &position)
+{
+    // The X server counts device pixels; the screen begins at its origin.
+    const QPointF target = (widget->mapToGlobal(QPoint()) + position) * widget->devicePixelRatioF();
+    return {QStringLiteral("mousemove"), QString::number(qRound(target.x())), QString::number(qRound(target.y()))};
+}
+
+/// The commands that draw the pointer from one position to the other at the pace of a hand: moves
+/// without a pause between them would reach the application as a single one.
+QStringList moveAlong(const QWidget *widget, const QPointF &from, const QPointF &to)
+{
+    QStringList commands;
+    for (int move = 1; move <= s_movesOfAWay; ++move)
+        commands += moveTo(widget, from + (to - from) * move / s_movesOfAWay) + QStringList{QStringLiteral("sleep"), QStringLiteral("0.01")};
+    return commands;
+}
 
 } // namespace
 
@@ -39,18 +58,54 @@ bool XdoTool::typeText(const QString &text)
 
 bool XdoTool::pressKey(const QString &key)
 {
-    return run({QStringLiteral("key"), QStringLiteral("--clearmodifiers"), QStringLiteral("--"), key});
+    return run({QStringLiteral("key"), QStringLiteral("--"), key}); // clearing modifiers would let go of a button, too
 }
 
 bool XdoTool::clickAt(const QWidget *widget, const QPoint &position, int button)
 {
-    // The X server counts device pixels; the screen begins at its origin.
-    const QPointF target = QPointF(widget->mapToGlobal(position)) * widget->devicePixelRatioF();
-    return run({QStringLiteral("mousemove"), QString::number(qRound(target.x())), QString::number(qRound(target.y())), QStringLiteral("click"),
-                QString::number(button)});
+    return run(moveTo(widget, position) + QStringList{QStringLiteral("click"), QString::number(button)});
 }
 
 bool XdoTool::click(const QWidget *widget)
 {
     return clickAt(widget, widget->rect().center());
+}
+
+bool XdoTool::movePointer(const QWidget *widget, const QPoint &position)
+{
+    return run(moveTo(widget, position));
+}
+
+bool XdoTool::drag(const QWidget *widget, const QVector<QPoint> &path, const std::function<bool()> &beforeRelease, int button)
+{
+    const QString number = QString::number(button);
+    QStringList commands = moveTo(widget, path.value(0)) + QStringList{QStringLiteral("mousedown"), number};
+    for (int i = 1; i < path.size(); ++i)
+        commands += moveAlong(widget, path.at(i - 1), path.at(i));
+    const bool done = run(commands) && (!beforeRelease || beforeRelease());
+    return run({QStringLiteral("mouseup"), number}) && done;
+}
+
+bool XdoTool::scroll(const QWidget *widget, const QPoint &position, int notches)
+{
+    return run(moveTo(widget, position) + QStringList{QStringLiteral("click"), QStringLiteral("--delay"), QStringLiteral("10"),
+                                                      QStringLiteral("--repeat"), QString::number(qAbs(notches)),
+                                                      notches > 0 ? QStringLiteral("4") : QStringLiteral("5")});
+}
+
+bool XdoTool::scroll(const QWidget *widget, int notches)
+{
+    return scroll(widget, widget->rect().center(), notches);
+}
+
+XdoTool::HeldKey::HeldKey(const QString &key)
+    : m_key(key)
+    , m_isHeld(key.isEmpty() || run({QStringLiteral("keydown"), key}))
+{
+}
+
+XdoTool::HeldKey::~HeldKey()
+{
+    if (!m_key.isEmpty())
+        run({QStringLiteral("keyup"), m_key});
 }

@@ -3,6 +3,9 @@
 
 #include <QPoint>
 #include <QString>
+#include <QVector>
+
+#include <functional>
 
 class QStringList;
 class QWidget;
@@ -30,5 +33,39 @@ bool clickAt(const QWidget *widget, const QPoint &position, int button = 1);
 
 /// Clicks with the left button in the widget's middle.
 bool click(const QWidget *widget);
+
+/// Moves the pointer to a position in the widget's coordinates.
+bool movePointer(const QWidget *widget, const QPoint &position);
+
+/// Presses a button at the first of the positions in the widget's coordinates and draws the pointer
+/// along the others, each way in many small moves that arrive one by one. Then it does what is to
+/// be done while the button is down, and lets go of the button, whatever has happened before.
+bool drag(const QWidget *widget, const QVector<QPoint> &path, const std::function<bool()> &beforeRelease = {}, int button = 1);
+
+/// Turns the wheel over a position in the widget's coordinates, away from the user for positive
+/// notches.
+bool scroll(const QWidget *widget, const QPoint &position, int notches);
+
+/// Turns the wheel over the widget's middle.
+bool scroll(const QWidget *widget, int notches);
+
+/// Holds a key down as long as it lives, for input with the mouse; keys with modifiers are typed
+/// by pressKey().
+class HeldKey
+{
+public:
+    /// Presses the key of the X name; an empty one stands for no key.
+    explicit HeldKey(const QString &key);
+    ~HeldKey();
+    HeldKey(const HeldKey &) = delete;
+    HeldKey &operator=(const HeldKey &) = delete;
+
+    /// Whether the key has been pressed.
+    bool isHeld() const { return m_isHeld; }
+
+private:
+    QString m_key;
+    bool m_isHeld;
+};
 
 } // namespace XdoTool
