@@ -4,17 +4,16 @@
 #include "foundation/BVWidgetStatusChangedEvent.h"
 #include "foundation/StandardSymbolPainter.h"
 #include "platform/PropertyChangeFilter.h"
+#include "units/BVSpinBoxContent_p.h"
 #include "units/BVSpinBoxDrag_p.h"
 #include "units/BVSpinBoxSize_p.h"
 #include "units/BVSpinBoxSteps_p.h"
-#include "units/BVSpinBoxTexts_p.h"
 #include "units/BVStepping_p.h"
 #include "units/BVUnitValidator.h"
 #include "units/BVValueTexts_p.h"
 
 #include <QAccessible>
 #include <QAction>
-#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -24,40 +23,25 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include <cfloat>
 #include <cmath>
-#include <utility>
 
 namespace {
 
-constexpr int s_baseDecimals = DBL_MAX_10_EXP + DBL_DIG; // the most that the toolkit's box takes
 constexpr double s_relativeTolerance = 1e-6; // value unit, for other notations than fixed
-constexpr double s_acceleration = 10.0;      // steps a step, with Control
-constexpr double s_fineStep = 0.1;           // steps a step, with Shift
 constexpr int s_factorDigits = 6;            // significant
 
-/// The toolkit's validator of a spin box, but for that no text is invalid: a line edit swallows the
-/// keys that would make it so, and what is left often reads as another value.
-class EditValidator : public QValidator
+/// Whether the event precedes one at which others read the value: a key that leaves the field, or
+/// the focus out.
+bool isBeforeLeaving(const QEvent &event)
 {
-public:
-    EditValidator(const QValidator *judge, QObject *parent)
-        : QValidator(parent)
-        , m_judge(judge)
-    {
-    }
-
-    State validate(QString &text, int &position) const override
-    {
-        const State state = m_judge->validate(text, position);
-        return state == Invalid ? Intermediate : state;
-    }
-
-    void fixup(QString &text) const override { m_judge->fixup(text); }
-
-private:
-    const QValidator *m_judge; // child of the box
-};
+    if (event.type() == QEvent::FocusAboutToChange)
+        return true;
+    if (event.type() != QEvent::ShortcutOverride)
+        return false;
+    const int key = static_cast<const QKeyEvent &>(event).key();
+    return key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Return ||
+           key == Qt::Key_Enter;
+}
 
 /// Whether the tag stands for a unit, or for none.
 bool isKnown(UnitConverter::Unit unit)
@@ -67,44 +51,24 @@ bool isKnown(UnitConverter::Unit unit)
 
 } // namespace
 
-/// Notes the modifiers of the event that the box handles meanwhile.
-class BVDoubleSpinBox::EventModifiers
-{
-    Q_DISABLE_COPY(EventModifiers)
-
-public:
-    EventModifiers(BVDoubleSpinBox *box, const QInputEvent &event)
-        : m_box(box)
-    {
-        m_box->m_modifiers = event.modifiers();
-    }
-
-    ~EventModifiers()
-    {
-        if (m_box) // else a slot has deleted it
-            m_box->m_modifiers.reset();
-    }
-
-private:
-    QPointer<BVDoubleSpinBox> m_box;
-};
-
 BVDoubleSpinBox::BVDoubleSpinBox(QWidget *parent)
     : BVStatusControl<QDoubleSpinBox>(parent)
     , m_formatter(new BVFormatter(this))
-    , m_drag(std::make_unique<BVSpinBoxDrag>(this))
+    , m_content(std::make_unique<BVSpinBoxContent>(this, lineEdit()))
+    , m_drag(std::make_unique<BVSpinBoxDrag>(this, lineEdit()))
     , m_size(std::make_unique<BVSpinBoxSize>(*this, *lineEdit()))
     , m_steps(std::make_unique<BVSpinBoxSteps>(this))
 {
-    qRegisterMetaType<ComboType>(); // so that sheets select on the name
+    qRegisterMetaType<ComboType>(); // so that sheets select on the names
+    qRegisterMetaType<Qt::LayoutDirection>();
     setFocusPolicy(Qt::StrongFocus);
     updateTolerance();
-    QDoubleSpinBox::setDecimals(s_baseDecimals);
-    lineEdit()->setValidator(new EditValidator(lineEdit()->validator(), this));
+    m_content->keepDigits();
     lineEdit()->installEventFilter(this);
     connect(m_formatter, &BVFormatter::settingsChanged, this, &BVDoubleSpinBox::onFormatterChanged);
     connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             &BVDoubleSpinBox::onValueChanged);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_content->onTextEdited(); });
     connect(lineEdit(), &QLineEdit::textChanged, this, &BVDoubleSpinBox::onTextChanged);
 }
 
@@ -131,7 +95,7 @@ void BVDoubleSpinBox::setRange(double minimum, double maximum)
     QDoubleSpinBox::setRange(minimum, maximum);
     if (!self)
         return;
-    updateValidator();
+    m_content->onRangeChanged();
     forgetSizeHint();
 }
 
@@ -184,16 +148,17 @@ void BVDoubleSpinBox::setScientificNotation(bool on)
 
 void BVDoubleSpinBox::onFormatterChanged()
 {
-    m_shownValue.reset();
+    const QPointer<BVDoubleSpinBox> self(this);
     updateTolerance();
-    updateValidator();
-    showValue();
+    m_content->updateValidator();
+    m_content->showAnew();
+    if (!self)
+        return;
     forgetSizeHint();
     const bool valueUnitIsNew = unitString() != m_announcedUnit;
     const bool displayUnitIsNew = m_formatter->displayUnit() != m_announcedDisplayUnit;
     m_announcedUnit = unitString();
     m_announcedDisplayUnit = m_formatter->displayUnit();
-    const QPointer<BVDoubleSpinBox> self(this);
     if (valueUnitIsNew)
         Q_EMIT valueUnitChanged(m_announcedUnit);
     if (self && displayUnitIsNew)
@@ -206,15 +171,9 @@ void BVDoubleSpinBox::updateTolerance()
     if (getNotation() != BVFormatter::Fixed)
         return;
     // As a difference, so that the offset between the scales of temperatures does not count.
-    const double shown = std::pow(10.0, -decimals() - 1);
-    m_tolerance =
-        std::fabs(m_formatter->displayValueToValue(shown) - m_formatter->displayValueToValue(0.0));
-}
-
-double BVDoubleSpinBox::toleranceInDisplayUnit() const
-{
-    return std::fabs(m_formatter->valueToDisplayValue(m_tolerance) -
-                     m_formatter->valueToDisplayValue(0.0));
+    const double scale =
+        m_formatter->displayValueToValue(1.0) - m_formatter->displayValueToValue(0.0);
+    m_tolerance = std::pow(10.0, -decimals() - 1) * std::fabs(scale);
 }
 
 // Look
@@ -274,13 +233,6 @@ void BVDoubleSpinBox::setReadOnlyAndDisableRuvix(bool on)
     setRuvixEnabled(!on);
 }
 
-void BVDoubleSpinBox::setCorrectionMode(CorrectionMode mode)
-{
-    // The toolkit's own mode stays "previous value": with the other one it puts 0 in place of a
-    // text that does not read.
-    m_correctionMode = mode;
-}
-
 QRect BVDoubleSpinBox::getPaintingRect() const
 {
     QStyleOptionSpinBox option;
@@ -326,9 +278,9 @@ QAbstractSpinBox::StepEnabled BVDoubleSpinBox::stepEnabled() const
 {
     if (isReadOnly() || getBvStatus(BVWidgetStatus::StandardLocked))
         return StepNone;
-    if (wrapping() || m_empty)
+    if (wrapping() || isEmpty())
         return StepUpEnabled | StepDownEnabled;
-    const double value = steppedValue();
+    const double value = m_steps->value();
     StepEnabled enabled = StepNone;
     enabled.setFlag(StepUpEnabled, value < maximum());
     enabled.setFlag(StepDownEnabled, value > minimum());
@@ -338,75 +290,45 @@ QAbstractSpinBox::StepEnabled BVDoubleSpinBox::stepEnabled() const
 void BVDoubleSpinBox::stepBy(int steps)
 {
     static bool s_running = false;
-    if (s_running || !isSteppingPossible())
-        return;
-    const QScopedValueRollback<bool> running(s_running, true);
-    slideValue(steps, false);
+    stepUnlessRunning(steps, false, s_running);
 }
 
 void BVDoubleSpinBox::stepByWheel(int steps)
 {
     static bool s_running = false;
-    if (s_running || !isSteppingPossible())
+    stepUnlessRunning(steps, true, s_running);
+}
+
+void BVDoubleSpinBox::stepUnlessRunning(int steps, bool accelerate, bool &running)
+{
+    if (running || !isSteppingPossible())
         return;
-    const QScopedValueRollback<bool> running(s_running, true);
-    slideValue(steps, true);
+    const QScopedValueRollback<bool> guard(running, true);
+    slideValue(steps, accelerate);
 }
 
 bool BVDoubleSpinBox::slideValue(int steps, bool accelerate)
 {
     const QPointer<BVDoubleSpinBox> self(this); // a slot may delete the box
-    if (!takeTypedText())
+    if (!m_content->takeTyped())
         return false;
-    const double distance = slideDistance(steps, accelerate);
-    const double shown = m_logarithmic ? logSlide(distance) : linearSlide(distance);
-    double value = shown;
-    const QString unit = m_formatter->displayUnit();
-    if (m_formatter->isValueUnitSet() && !unit.isEmpty() &&
-        !m_formatter->valueFromUnit(shown, unit, value))
-        return false;
-    if (std::isnan(value))
+    const std::optional<double> value = m_steps->target(steps, accelerate);
+    if (!value)
         return false;
     setEmpty(false);
-    if (!self)
-        return true;
-    if (wrapping())
-        value = BVStepping::wrapped(value, minimum(), maximum(), m_tolerance);
-    postStep(toValidValue(value));
+    if (self)
+        m_steps->post(*value);
     return true;
-}
-
-double BVDoubleSpinBox::slideDistance(int steps, bool accelerate) const
-{
-    const Qt::KeyboardModifiers modifiers =
-        m_modifiers.value_or(QGuiApplication::keyboardModifiers());
-    if (modifiers & Qt::ControlModifier)
-        return accelerate ? steps * s_acceleration : steps;
-    return modifiers & Qt::ShiftModifier ? steps * s_fineStep : steps;
 }
 
 double BVDoubleSpinBox::linearSlide(double count) const
 {
-    const double current = m_formatter->valueToDisplayValue(steppedValue());
-    const double step = BVStepping::stepOfRange(minimumInDisplayUnit(), maximumInDisplayUnit(),
-                                                m_slideSteps, singleStep());
-    if (!m_snapToSteps)
-        return BVStepping::linear(current, step, count);
-    return BVStepping::linearOnGrid(current, step, count, toleranceInDisplayUnit());
+    return m_steps->linear(count);
 }
 
 double BVDoubleSpinBox::logSlide(double count) const
 {
-    const double current = m_formatter->valueToDisplayValue(steppedValue());
-    const bool sharesRange = m_logSlideSteps > 0;
-    const double minimum = minimumInDisplayUnit();
-    if (!(current > 0.0) || (sharesRange && !(minimum > 0.0)))
-        return linearSlide(count);
-    const double decades = sharesRange ? BVStepping::stepOfRange(std::log10(minimum),
-                                                                 std::log10(maximumInDisplayUnit()),
-                                                                 m_logSlideSteps, singleStep())
-                                       : singleStep();
-    return BVStepping::logarithmic(current, decades, count);
+    return m_steps->logarithmic(count);
 }
 
 double BVDoubleSpinBox::toValidValue(double value) const
@@ -428,29 +350,15 @@ double BVDoubleSpinBox::round(double value, double step, int direction, double t
     return BVStepping::roundedToStep(value, step, direction, tolerance);
 }
 
-double BVDoubleSpinBox::steppedValue() const
-{
-    return m_steps->pendingValue().value_or(value());
-}
-
-void BVDoubleSpinBox::postStep(double value)
-{
-    const double bounded = qBound(minimum(), value, maximum());
-    if (bounded != steppedValue())
-        m_steps->post(bounded);
-}
-
 void BVDoubleSpinBox::customEvent(QEvent *event)
 {
     const std::optional<double> stepped = m_steps->take(*event);
     if (!stepped)
         return BVStatusControl<QDoubleSpinBox>::customEvent(event);
     const QPointer<BVDoubleSpinBox> self(this);
-    m_applyingStep = true;
-    assign(*stepped);
+    m_content->show(*stepped, false);
     if (!self)
         return;
-    m_applyingStep = false;
     selectAll();
     if (QAccessible::isActive()) {
         QAccessibleValueChangeEvent change(this, value());
@@ -459,56 +367,27 @@ void BVDoubleSpinBox::customEvent(QEvent *event)
     Q_EMIT valueStepped(value());
 }
 
-// Value
+// Value and text
 
 void BVDoubleSpinBox::setValue(double value)
 {
     if (std::isnan(value))
         return;
     m_steps->drop();
-    const bool wasEmpty = std::exchange(m_empty, false);
-    const QPointer<BVDoubleSpinBox> self(this);
-    assign(qBound(minimum(), value, maximum()));
-    if (self && wasEmpty)
-        announceEmpty();
+    m_content->show(value, false);
 }
 
-/// Sets and shows the value, which must be in range. The toolkit's own setter rounds it in a text
-/// of hundreds of digits; so it gets the value as what a text reads as.
-void BVDoubleSpinBox::assign(double value)
+bool BVDoubleSpinBox::isEmpty() const
 {
-    m_assigned = value;
-    m_settledValue = value;
-    m_settledEmpty = m_empty;
-    const QPointer<BVDoubleSpinBox> self(this);
-    QDoubleSpinBox::interpretText();
-    if (!self || !m_assigned)
-        return;
-    m_assigned.reset(); // a cleared box reads no text
-    QDoubleSpinBox::setValue(value);
-}
-
-void BVDoubleSpinBox::showValue()
-{
-    assign(value());
+    return m_content->isEmpty();
 }
 
 void BVDoubleSpinBox::setEmpty(bool empty)
 {
-    if (empty == m_empty)
+    if (empty == isEmpty())
         return;
     m_steps->drop();
-    m_empty = empty;
-    showValue();
-    announceEmpty();
-}
-
-void BVDoubleSpinBox::announceEmpty()
-{
-    const QPointer<BVDoubleSpinBox> self(this);
-    setBvStatus(BVWidgetStatus::NeedInput, m_empty && !acceptEmpty());
-    if (self)
-        Q_EMIT emptyChanged(m_empty);
+    m_content->show(value(), empty);
 }
 
 bool BVDoubleSpinBox::acceptEmpty() const
@@ -519,79 +398,28 @@ bool BVDoubleSpinBox::acceptEmpty() const
 void BVDoubleSpinBox::setAcceptEmpty(bool accept)
 {
     m_formatter->getValidator()->setAcceptEmpty(accept);
-    if (m_empty)
-        setBvStatus(BVWidgetStatus::NeedInput, !accept);
+    m_content->showNeed();
 }
 
 void BVDoubleSpinBox::onValueChanged()
 {
-    if (!m_applyingStep)
+    const QPointer<BVDoubleSpinBox> self(this);
+    if (!m_content->onValueChanged() && self)
         m_steps->drop();
-    if (m_size->isOutgrownBy(shownText()))
+    if (self && m_size->isOutgrownBy(m_content->shownText()))
         forgetSizeHint();
-    if (m_empty && !typedText().isEmpty()) {
-        m_empty = false;
-        announceEmpty();
-    }
 }
 
 void BVDoubleSpinBox::onTextChanged()
 {
     if (m_fitText)
         forgetSizeHint();
-    if (m_empty && keyboardTracking() && !typedText().isEmpty() && hasAcceptableInput()) {
-        m_empty = false;
-        announceEmpty();
-    }
-}
-
-/// Makes a text being typed the value; false if it is not acceptable, and has been mended or has
-/// made way for the last value.
-bool BVDoubleSpinBox::takeTypedText()
-{
-    if (isSpecialText(lineEdit()->text()) || typedText() == shownText())
-        return true;
-    const bool acceptable = hasAcceptableInput();
-    const QPointer<BVDoubleSpinBox> self(this);
-    interpretText();
-    return self && acceptable;
-}
-
-/// Makes what is shown that to which a text that is no value gives way.
-void BVDoubleSpinBox::settle()
-{
-    m_settledValue = value();
-    m_settledEmpty = m_empty;
+    m_content->onTextChanged();
 }
 
 void BVDoubleSpinBox::interpretText()
 {
-    const QPointer<BVDoubleSpinBox> self(this);
-    settleText();
-    if (!self)
-        return;
-    QDoubleSpinBox::interpretText();
-    if (self)
-        settle();
-}
-
-/// Settles what the toolkit does not when editing ends: a text that is no value, of which it has
-/// taken what it could while it was typed, a deleted text, and a first text in an empty box.
-void BVDoubleSpinBox::settleText()
-{
-    const QString typed = typedText();
-    if (typed == shownText() || isSpecialText(lineEdit()->text()))
-        return;
-    const QPointer<BVDoubleSpinBox> self(this);
-    if (typed.isEmpty() || !BVSpinBoxTexts(*this).isMendable(typed)) {
-        const bool empty = m_settledEmpty || (typed.isEmpty() && acceptEmpty());
-        assign(qBound(minimum(), m_settledValue, maximum()));
-        if (self)
-            setEmpty(empty);
-    } else if (m_empty) {
-        m_empty = false;
-        announceEmpty();
-    }
+    m_content->takeOver();
 }
 
 void BVDoubleSpinBox::emitEditingFinished()
@@ -604,74 +432,24 @@ void BVDoubleSpinBox::clearSelection()
     lineEdit()->deselect();
 }
 
-// Text
-
 QString BVDoubleSpinBox::textFromValue(double value) const
 {
-    if (m_empty && value == this->value())
-        return QString();
-    if (m_shownValue != value) {
-        m_shownText = m_formatter->textFromValue(value, false);
-        m_shownValue = value;
-    }
-    return m_shownText;
-}
-
-QString BVDoubleSpinBox::typedText() const
-{
-    return BVSpinBoxTexts(*this).stripped(lineEdit()->text());
+    return m_content->textOf(value);
 }
 
 double BVDoubleSpinBox::valueFromText(const QString &text) const
 {
-    if (m_assigned)
-        return *std::exchange(m_assigned, std::nullopt);
-    if (isSpecialText(text))
-        return minimum();
-    const BVSpinBoxTexts texts(*this);
-    const QString typed = texts.stripped(text);
-    if (typed.isEmpty() || typed == shownText())
-        return value();
-    bool ok = false;
-    const double read = texts.validValue(typed, ok);
-    return ok ? read : value();
-}
-
-bool BVDoubleSpinBox::isSpecialText(const QString &text) const
-{
-    return !text.isEmpty() && text == specialValueText();
-}
-
-void BVDoubleSpinBox::updateValidator() const
-{
-    BVUnitValidator *validator = m_formatter->getValidator();
-    if (validator->bottom() != minimum() || validator->top() != maximum())
-        validator->setRange(minimum(), maximum(), m_formatter->precision());
+    return m_content->valueOf(text);
 }
 
 QValidator::State BVDoubleSpinBox::validate(QString &text, int &pos) const
 {
-    if (m_assigned || isSpecialText(text))
-        return QValidator::Acceptable;
-    updateValidator();
-    const BVSpinBoxTexts texts(*this);
-    int prefixLength = 0;
-    QString typed = texts.stripped(text, &prefixLength);
-    const int point = BVSpinBoxTexts::replacedPoint(typed, pos - prefixLength);
-    if (point >= 0) {
-        typed.remove(point, 1);
-        text.remove(prefixLength + point, 1);
-    }
-    // The text that shows the value counts as it, even if rounding has taken it out of range.
-    return !typed.isEmpty() && typed == shownText() ? QValidator::Acceptable : texts.judge(typed);
+    return m_content->validate(text, pos);
 }
 
 void BVDoubleSpinBox::fixup(QString &text) const
 {
-    const BVSpinBoxTexts texts(*this);
-    const QString typed = texts.stripped(text);
-    if (!typed.isEmpty() && !isSpecialText(text))
-        text = texts.withAffixes(text, texts.mended(typed));
+    m_content->fixup(text);
 }
 
 QString BVDoubleSpinBox::referenceValueText(const QVariant &reference) const
@@ -684,7 +462,7 @@ QString BVDoubleSpinBox::referenceValueText(const QVariant &reference) const
 QString BVDoubleSpinBox::toolTipText() const
 {
     QStringList lines;
-    if (!m_empty) {
+    if (!isEmpty()) {
         lines << BVValueTexts::fullValueText(*m_formatter, value())
               << BVValueTexts::valueInOtherUnits(*m_formatter, value());
     }
@@ -701,22 +479,38 @@ bool BVDoubleSpinBox::event(QEvent *event)
                            this, rect(), toolTipDuration());
         return true;
     }
+    const QPointer<BVDoubleSpinBox> self(this);
+    const bool isLeaving = type == QEvent::ActivationChange && !isActiveWindow();
+    if (isLeaving || type == QEvent::Hide || type == QEvent::Close || isBeforeLeaving(*event))
+        interpretText(); // before the toolkit does, and anyone reads the value
+    if (!self)
+        return true;
     if (type == BVWidgetStatusChangedEvent::s_eventType) {
+        m_content->onStatusChanged();
         updateLock();
-        m_drag->updateCursors();
-        update(); // the arrows, too
-    } else if (type == QEvent::ReadOnlyChange || type == QEvent::EnabledChange) {
-        m_drag->updateCursors();
+    }
+    if (type == BVWidgetStatusChangedEvent::s_eventType || type == QEvent::ReadOnlyChange ||
+        type == QEvent::EnabledChange) {
+        onAccessChanged();
     } else if (type == QEvent::FontChange || type == QEvent::StyleChange) {
         forgetSizeHint();
-    } else if (type == QEvent::ActivationChange || type == QEvent::Hide || type == QEvent::Close) {
-        const QPointer<BVDoubleSpinBox> self(this);
-        if (type != QEvent::ActivationChange || !isActiveWindow())
-            interpretText(); // before the toolkit does
-        if (!self)
-            return true;
+    } else if (type == QEvent::LayoutDirectionChange && m_comboType != NoCombo) {
+        PropertyChangeFilter::repolishPost(this);
     }
-    return QDoubleSpinBox::event(event); // past the lock, which stands in the line edit here
+    const bool done = QDoubleSpinBox::event(event); // past the lock, which stands in the line edit
+    if (self && type == QEvent::Show)
+        m_content->showNoValue();
+    return done;
+}
+
+/// What may be done with the box has changed.
+void BVDoubleSpinBox::onAccessChanged()
+{
+    lineEdit()->setReadOnly(isReadOnly() || getBvStatus(BVWidgetStatus::StandardLocked));
+    if (!isSlidingPossible())
+        m_steps->drop();
+    m_drag->update();
+    update(); // the arrows, too
 }
 
 bool BVDoubleSpinBox::eventFilter(QObject *watched, QEvent *event)
@@ -761,24 +555,31 @@ void BVDoubleSpinBox::focusOutEvent(QFocusEvent *event)
     interpretText();
     if (self)
         BVStatusControl<QDoubleSpinBox>::focusOutEvent(event);
+    if (self)
+        m_content->showNoValue();
 }
 
 void BVDoubleSpinBox::keyPressEvent(QKeyEvent *event)
 {
     const QPointer<BVDoubleSpinBox> self(this);
-    const EventModifiers modifiers(this, *event);
+    const BVSpinBoxSteps::Modifiers modifiers(*m_steps, *event);
+    const bool clears = event->key() == Qt::Key_U && (event->modifiers() & Qt::ControlModifier);
+    if (clears && lineEdit()->isReadOnly())
+        return; // the toolkit's box would clear a locked one
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn)
-        settleText();
+        interpretText();
+    if (self && isReturn)
+        m_content->pinValue(); // all is read, but the toolkit's box announces it
     if (self)
         BVStatusControl<QDoubleSpinBox>::keyPressEvent(event);
     if (self && isReturn)
-        settle();
+        m_content->unpinValue();
 }
 
 void BVDoubleSpinBox::mousePressEvent(QMouseEvent *event)
 {
-    const EventModifiers modifiers(this, *event);
+    const BVSpinBoxSteps::Modifiers modifiers(*m_steps, *event);
     BVStatusControl<QDoubleSpinBox>::mousePressEvent(event);
 }
 
@@ -788,7 +589,7 @@ void BVDoubleSpinBox::wheelEvent(QWheelEvent *event)
         event->ignore();
         return;
     }
-    const EventModifiers modifiers(this, *event);
+    const BVSpinBoxSteps::Modifiers modifiers(*m_steps, *event);
     const int step = event->angleDelta().y() > 0 ? 1 : -1;
     event->accept();
     if (stepEnabled() & (step > 0 ? StepUpEnabled : StepDownEnabled))

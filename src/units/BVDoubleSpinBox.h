@@ -12,8 +12,8 @@
 #include <QDoubleSpinBox>
 
 #include <memory>
-#include <optional>
 
+class BVSpinBoxContent;
 class BVSpinBoxDrag;
 class BVSpinBoxSize;
 class BVSpinBoxSteps;
@@ -23,7 +23,7 @@ class BVSpinBoxSteps;
 /// Value and range are kept in the value unit, with all their digits; the box shows them through
 /// its formatter in the display unit, with as many decimals as are set. The formatter writes "." as
 /// decimal point in every locale and no group separators. The tolerance() follows the decimals
-/// shown; a value that misses a limit by less counts as on it. NaN is ignored by all setters; a
+/// shown; a value outside a limit by less counts as on it. NaN is ignored by all setters; a
 /// limit that crosses the other one moves it along, and a value set out of range becomes the
 /// nearest limit.
 ///
@@ -31,30 +31,41 @@ class BVSpinBoxSteps;
 /// linear ones of singleStep() or of the range's share, in the display unit, or logarithmic ones.
 /// Where a logarithm is not defined, the step is linear. Shift makes a step a tenth, Control makes
 /// it ten. The value follows after the current input event, first with valueChanged(), then with
-/// valueStepped(); steps made before that add up, and are dropped when the value is set meanwhile.
-/// The wheel turns the value only while the box has the focus. Nothing steps while the box is
-/// read-only, locked by the standard (StandardLocked) or sliding. A text being typed is taken over
-/// first; one that does not read makes way for the last value instead of a step.
+/// valueStepped(); steps made before that add up, and are dropped when the value is set meanwhile,
+/// or the box becomes read-only, locked or disabled. A step that misses a limit by mere rounding
+/// lands on it. The wheel turns the value only while the box has the focus. Nothing steps while the
+/// box is read-only, locked by the standard (StandardLocked) or sliding. A text being typed is
+/// taken over first; one that does not read makes way for the last value instead of a step.
 ///
 /// **Dragging** up and down from a step button, or sideways from the prefix, slides the value one
-/// step for four pixels; Escape brings back the value at which it was pressed.
+/// step for four pixels; Escape brings back the value at which it was pressed. Another button, the
+/// context menu and the loss of the focus end it.
 ///
 /// **Wrapping** is periodic: beyond a limit the value goes on from the other end by whole widths of
 /// the range. A value on a limit stays there, and a range without a finite width does not wrap.
 ///
 /// **Typing.** Any text can be typed, with or without a unit; a number alone is meant in the
 /// display unit. What is left unacceptable is mended as correctionMode() says, or else makes way
-/// for the value that was there before it was typed. The text that shows the value, or a limit,
-/// reads as that with all its digits. The validator of the line edit is the box's own and not to be
-/// replaced.
+/// for the value that was there before it was typed; a change of the shown unit brings that back,
+/// too. The text that shows the value, or a limit, even without the unit that is shown behind the
+/// limit, reads as that with all its digits. Tab and Return take a text over before anyone else
+/// sees the key, and so does the focus before it leaves: a delegate or data mapper never reads the
+/// value of half a text. The validator of the line edit is the box's own and not to be replaced.
 ///
-/// **Empty.** An empty box shows no number, while value() keeps its own; unless empty is accepted,
-/// it carries the status NeedInput. Setting a value, stepping or typing one ends it. A text that
-/// the user has deleted empties the box when the field is left, or Return pressed, if empty is
-/// accepted; else the last value comes back.
+/// **Empty.** An empty box shows no number but what the formatter shows for no value, mostly the
+/// unit alone, while value() keeps its own; unless empty is accepted, it carries the status
+/// NeedInput, which it clears only if it has set it. Setting a value, stepping or typing one ends
+/// it. A number that the user has deleted empties the box when the field is left, or Return
+/// pressed, if empty is accepted; else the last value comes back.
 ///
-/// The toolkit's adaptive steps are not supported: singleStep() always counts. The lock of a locked
-/// box stands in its edit field.
+/// **Locked.** The lock of a box locked by the standard stands in its edit field, into which
+/// nothing can be typed, pasted, cut or deleted then; isReadOnly() stays and rules afterwards.
+///
+/// **As a QDoubleSpinBox.** The functions of the toolkit's class work on the box, with these
+/// exceptions: its setPrefix() drops the text of the factor; its setValue() with the present value
+/// neither ends the empty state nor drops pending steps; its interpretText() makes a text that does
+/// not read 0, or the limit nearest to it, if the correction is to the nearest value. Its adaptive
+/// steps are not supported: singleStep() always counts.
 class BVWIDGETS_EXPORT BVDoubleSpinBox :
     public BVStatusControl<QDoubleSpinBox>,
     public BVReferenceValueInterface
@@ -66,7 +77,6 @@ class BVWIDGETS_EXPORT BVDoubleSpinBox :
     Q_PROPERTY(double value READ value WRITE setValue USER true)
     Q_PROPERTY(QString prefix READ prefix WRITE setPrefix)
     Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly)
-    Q_PROPERTY(CorrectionMode correctionMode READ correctionMode WRITE setCorrectionMode)
     Q_PROPERTY(int decimals READ decimals WRITE setDecimals)
     Q_PROPERTY(int precision READ precision WRITE setPrecision)
     Q_PROPERTY(UnitConverter::Unit unit READ unitTag WRITE setUnitTag NOTIFY valueUnitChanged)
@@ -180,10 +190,6 @@ public:
     /// the flag if it was cleared by this.
     void setReadOnlyAndDisableRuvix(bool on);
 
-    /// What becomes of a text that is out of range when it is left.
-    CorrectionMode correctionMode() const { return m_correctionMode; }
-    void setCorrectionMode(CorrectionMode mode);
-
     /// Whether the value is being dragged; keys, buttons and wheel do not step meanwhile.
     bool isSliding() const { return m_sliding; }
     void setIsSliding(bool sliding) { m_sliding = sliding; }
@@ -225,7 +231,7 @@ public:
     double linearSlide(double count) const;
     double logSlide(double count) const;
 
-    bool isEmpty() const { return m_empty; }
+    bool isEmpty() const;
     void setEmpty(bool empty);
     /// Whether the user may empty the box. Off at first.
     bool acceptEmpty() const;
@@ -244,7 +250,7 @@ public:
     QString textFromValue(double value) const override;
     double valueFromText(const QString &text) const override;
     /// Judges a text, which may have prefix and suffix. A decimal point typed before another one
-    /// takes its place.
+    /// takes its place, but not that of a denominator ("1./2.5").
     QValidator::State validate(QString &text, int &pos) const override;
     /// Writes a text that reads in full, moved into the range as correctionMode() or wrapping say.
     void fixup(QString &text) const override;
@@ -281,30 +287,17 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
-    class EventModifiers;
+    friend class BVSpinBoxDrag; // for the style option of the buttons
 
     bool isSteppingPossible() const;
-    double slideDistance(int steps, bool accelerate) const;
-    double steppedValue() const;
-    void postStep(double value);
-    void assign(double value);
-    void showValue();
-    bool takeTypedText();
-    void settleText();
-    void settle();
-    void announceEmpty();
+    void stepUnlessRunning(int steps, bool accelerate, bool &running);
     void onFormatterChanged();
     void onValueChanged();
     void onTextChanged();
+    void onAccessChanged();
     void updateLock();
-    void forgetSizeHint();
-
-    QString shownText() const { return textFromValue(value()); }
-    QString typedText() const;
-    bool isSpecialText(const QString &text) const;
-    void updateValidator() const;
     void updateTolerance();
-    double toleranceInDisplayUnit() const;
+    void forgetSizeHint();
 
     BVFormatter *m_formatter; // child of this
     int m_decimals = -1;      // set by hand, or -1
@@ -318,20 +311,12 @@ private:
     InputFieldSize m_inputFieldSize = FieldDefault;
     bool m_fitText = false;
     ComboType m_comboType = NoCombo;
-    CorrectionMode m_correctionMode = CorrectToPreviousValue;
     bool m_sliding = false;
-    bool m_empty = false;
-    bool m_ruvixDisabled = false;                     // by setReadOnlyAndDisableRuvix()
-    std::optional<Qt::KeyboardModifiers> m_modifiers; // of the event being handled
+    bool m_ruvixDisabled = false; // by setReadOnlyAndDisableRuvix()
+    std::unique_ptr<BVSpinBoxContent> m_content;
     std::unique_ptr<BVSpinBoxDrag> m_drag;
     std::unique_ptr<BVSpinBoxSize> m_size;
     std::unique_ptr<BVSpinBoxSteps> m_steps;
-    bool m_applyingStep = false;
-    mutable std::optional<double> m_assigned;   // taken by valueFromText() in place of the text
-    mutable std::optional<double> m_shownValue; // the value that m_shownText shows
-    mutable QString m_shownText;
-    double m_settledValue = 0.0; // before the text being typed
-    bool m_settledEmpty = false;
     QString m_announcedUnit; // the value unit that was announced last
     QString m_announcedDisplayUnit;
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "units/BVSpinBoxDrag_p.h"
 
-#include "foundation/BVCursorTable.h"
 #include "units/BVDoubleSpinBox.h"
 
 #include <QApplication>
@@ -26,13 +25,22 @@ bool isEscape(const QEvent &event)
 
 } // namespace
 
-BVSpinBoxDrag::BVSpinBoxDrag(BVDoubleSpinBox *box)
+BVSpinBoxDrag::BVSpinBoxDrag(BVDoubleSpinBox *box, QLineEdit *edit)
     : QObject(box)
     , m_box(box)
-    , m_edit(box->findChild<QLineEdit *>())
+    , m_edit(edit)
+    , m_boxCursor(box)
+    , m_editCursor(edit)
 {
     m_box->installEventFilter(this);
     m_edit->installEventFilter(this);
+}
+
+void BVSpinBoxDrag::update()
+{
+    if (!m_box->isSlidingPossible())
+        end();
+    updateCursors();
 }
 
 bool BVSpinBoxDrag::eventFilter(QObject *watched, QEvent *event)
@@ -43,7 +51,9 @@ bool BVSpinBoxDrag::eventFilter(QObject *watched, QEvent *event)
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:
         return handleMouse(watched, static_cast<QMouseEvent *>(event));
+    case QEvent::ContextMenu:
     case QEvent::EnabledChange:
+    case QEvent::FocusOut:
     case QEvent::Hide:
     case QEvent::ReadOnlyChange:
     case QEvent::WindowDeactivate:
@@ -66,8 +76,11 @@ bool BVSpinBoxDrag::handleMouse(QObject *watched, QMouseEvent *event)
         return watched ==
                    (m_onPrefix || m_state == Idle ? m_edit : static_cast<QObject *>(m_box)) &&
                move(*event);
-    if (event->button() != Qt::LeftButton)
-        return m_state == Dragging;
+    if (event->button() != Qt::LeftButton) {
+        const bool wasDragging = m_state == Dragging;
+        end();
+        return wasDragging;
+    }
     if (event->type() == QEvent::MouseButtonRelease)
         end();
     else
@@ -97,6 +110,10 @@ bool BVSpinBoxDrag::move(const QMouseEvent &event)
             updateCursors();
         return false;
     }
+    if (!(event.buttons() & Qt::LeftButton)) {
+        end();
+        return false;
+    }
     const int offset = offsetOf(event);
     if (m_state == Pressed && std::abs(offset) >= QApplication::startDragDistance())
         start(offset);
@@ -114,6 +131,8 @@ void BVSpinBoxDrag::start(int offset)
     const int distance = QApplication::startDragDistance();
     m_origin = offset > 0 ? distance : -distance;
     m_box->setIsSliding(true);
+    m_wasTracking = m_box->hasMouseTracking();
+    m_box->setMouseTracking(true); // tells of moves after a release that has gone elsewhere
     if (!m_onPrefix)
         stopAutoRepeat();
     updateCursors();
@@ -149,6 +168,7 @@ void BVSpinBoxDrag::end()
     if (!wasDragging)
         return;
     m_box->setIsSliding(false);
+    m_box->setMouseTracking(m_wasTracking);
     updateCursors();
 }
 
@@ -164,9 +184,7 @@ void BVSpinBoxDrag::stopAutoRepeat()
 bool BVSpinBoxDrag::isOnButton(const QPoint &position) const
 {
     QStyleOptionSpinBox option;
-    option.initFrom(m_box);
-    option.buttonSymbols = m_box->buttonSymbols();
-    option.frame = m_box->hasFrame();
+    m_box->initStyleOption(&option);
     option.subControls = QStyle::SC_All;
     const QStyle::SubControl hit =
         m_box->style()->hitTestComplexControl(QStyle::CC_SpinBox, &option, position, m_box);
@@ -184,16 +202,40 @@ bool BVSpinBoxDrag::isOnPrefix(const QPoint &position) const
 void BVSpinBoxDrag::updateCursors()
 {
     using Cursor = BVCursorTable::Cursor;
-    Cursor edit = m_isOverPrefix ? Cursor::SlideHorizontal : Cursor::Text;
-    if (!m_box->isSlidingPossible()) {
-        edit = Cursor::Locked;
-        m_box->setCursor(BVCursorTable::cursor(edit));
-    } else if (m_state == Dragging && !m_onPrefix) {
-        m_box->setCursor(BVCursorTable::cursor(Cursor::SlideVertical));
-    } else {
-        m_box->unsetCursor();
+    const bool isPossible = m_box->isSlidingPossible();
+    if (!isPossible)
+        m_boxCursor.set(Cursor::Locked);
+    else if (m_state == Dragging && !m_onPrefix)
+        m_boxCursor.set(Cursor::SlideVertical);
+    else
+        m_boxCursor.reset();
+    if (!isPossible)
+        m_editCursor.set(Cursor::Locked);
+    else if (m_isOverPrefix)
+        m_editCursor.set(Cursor::SlideHorizontal);
+    else
+        m_editCursor.reset();
+}
+
+void BVSpinBoxDrag::CursorOverride::set(BVCursorTable::Cursor cursor)
+{
+    if (!m_isOn || m_widget->cursor() != m_shown) {
+        m_wasSet = m_widget->testAttribute(Qt::WA_SetCursor);
+        m_own = m_widget->cursor();
     }
-    m_edit->setCursor(BVCursorTable::cursor(edit));
+    m_isOn = true;
+    m_widget->setCursor(BVCursorTable::cursor(cursor));
+    m_shown = m_widget->cursor();
+}
+
+void BVSpinBoxDrag::CursorOverride::reset()
+{
+    if (!std::exchange(m_isOn, false) || m_widget->cursor() != m_shown)
+        return; // someone else has set another one since
+    if (m_wasSet)
+        m_widget->setCursor(m_own);
+    else
+        m_widget->unsetCursor();
 }
 
 int BVSpinBoxDrag::offsetOf(const QMouseEvent &event) const

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "foundation/BVCursorTable.h"
+
+#include <QCursor>
 #include <QObject>
 #include <QPoint>
 
 class BVDoubleSpinBox;
 class QLineEdit;
 class QMouseEvent;
+class QWidget;
 
 /// Slides the value of a spin box while its step buttons or its prefix are dragged, and shows by
 /// the cursor where that is possible.
@@ -15,10 +19,10 @@ class QMouseEvent;
 class BVSpinBoxDrag : public QObject
 {
 public:
-    explicit BVSpinBoxDrag(BVDoubleSpinBox *box);
+    BVSpinBoxDrag(BVDoubleSpinBox *box, QLineEdit *edit);
 
-    /// Shows whether the value can be dragged, and is, on the box and on its line edit.
-    void updateCursors();
+    /// Ends what is no longer possible, and shows by the cursors what is.
+    void update();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -28,6 +32,25 @@ private:
         Pressed, // not yet moved far enough
         Dragging,
         Cancelled, // the button is still down
+    };
+
+    /// Puts a cursor in place of a widget's own, and gives that back.
+    class CursorOverride
+    {
+    public:
+        explicit CursorOverride(QWidget *widget)
+            : m_widget(widget)
+        {
+        }
+        void set(BVCursorTable::Cursor cursor);
+        void reset();
+
+    private:
+        QWidget *m_widget;
+        bool m_isOn = false;
+        bool m_wasSet = false; // what it shows otherwise; else the cursor of its parent
+        QCursor m_own;
+        QCursor m_shown;
     };
 
     bool handleMouse(QObject *watched, QMouseEvent *event);
@@ -41,12 +64,16 @@ private:
     bool isOnPrefix(const QPoint &position) const;
     int offsetOf(const QMouseEvent &event) const;
     void stopAutoRepeat();
+    void updateCursors();
 
     BVDoubleSpinBox *m_box; // parent of this
     QLineEdit *m_edit;      // child of the box
+    CursorOverride m_boxCursor;
+    CursorOverride m_editCursor;
     State m_state = Idle;
     bool m_onPrefix = false;     // what was pressed; else a button
     bool m_isOverPrefix = false; // where the pointer is
+    bool m_wasTracking = false;  // the mouse
     double m_startValue = 0.0;   // when pressed
     bool m_startEmpty = false;
     QPoint m_pressedAt; // on the screen

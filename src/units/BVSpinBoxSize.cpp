@@ -32,9 +32,12 @@ bool BVSpinBoxSize::isOutgrownBy(const QString &number) const
 QSize BVSpinBoxSize::size(const QStyleOptionSpinBox &option)
 {
     const QString affixes = m_box.prefix() + m_box.suffix() + m_box.specialValueText();
-    if (m_size.isValid() && affixes == m_affixes)
+    if (m_size.isValid() && affixes == m_affixes && option.frame == m_hasFrame &&
+        option.buttonSymbols == m_symbols)
         return m_size;
     m_affixes = affixes;
+    m_hasFrame = option.frame;
+    m_symbols = option.buttonSymbols;
     const QMargins lock = m_edit.textMargins();
     const int width = widthOfText() + s_cursorWidth + lock.left() + lock.right();
     const QSize contents(width, m_edit.sizeHint().height());

@@ -25,7 +25,9 @@ private:
 
     const BVDoubleSpinBox &m_box;
     const QLineEdit &m_edit;
-    QSize m_size;         // invalid if it is to be measured
-    QString m_affixes;    // for which it was measured
+    QSize m_size;      // invalid if it is to be measured
+    QString m_affixes; // for which it was measured, as the next two
+    bool m_hasFrame = true;
+    QAbstractSpinBox::ButtonSymbols m_symbols = QAbstractSpinBox::UpDownArrows;
     int m_characters = 0; // of the number
 };

@@ -10,6 +10,17 @@
 #include <cfloat>
 #include <cmath>
 
+namespace {
+
+/// The converter reads the start of what is none, too.
+bool isWholeUnit(const QString &unit)
+{
+    const UnitConverter::UnitCheck check = UnitConverter::isUnit(unit);
+    return check == UnitConverter::CompleteUnit || check == UnitConverter::UnitName;
+}
+
+} // namespace
+
 BVSpinBoxTexts::BVSpinBoxTexts(const BVDoubleSpinBox &box)
     : m_box(box)
     , m_formatter(*box.getFormatter())
@@ -56,7 +67,8 @@ double BVSpinBoxTexts::value(const QString &typed, bool &ok) const
         return read;
     BVUnitSymbols::replaceSymbols(unit, true);
     double value = read;
-    ok = m_formatter.isValueUnitSet() && m_formatter.valueFromUnit(read, unit, value) &&
+    ok = m_formatter.isValueUnitSet() && isWholeUnit(unit) &&
+         m_formatter.valueFromUnit(read, unit, value) &&
          (std::isfinite(value) || !std::isfinite(read));
     return value;
 }
@@ -64,7 +76,7 @@ double BVSpinBoxTexts::value(const QString &typed, bool &ok) const
 double BVSpinBoxTexts::validValue(const QString &typed, bool &ok) const
 {
     const double read = value(typed, ok);
-    return ok && isLimit(read, typed) ? qBound(m_box.minimum(), read, m_box.maximum()) : read;
+    return ok ? limitOf(read, typed).value_or(read) : read;
 }
 
 QValidator::State BVSpinBoxTexts::judge(const QString &typed) const
@@ -78,7 +90,7 @@ QValidator::State BVSpinBoxTexts::judge(const QString &typed) const
         return state;
     bool ok = false;
     const double read = value(typed, ok);
-    return ok && isLimit(read, typed) ? QValidator::Acceptable : state;
+    return ok && limitOf(read, typed) ? QValidator::Acceptable : state;
 }
 
 QValidator::State BVSpinBoxTexts::judgeWrapping(const QString &complete) const
@@ -98,14 +110,29 @@ QValidator::State BVSpinBoxTexts::judgeWrapping(const QString &complete) const
                : QValidator::Intermediate;
 }
 
-/// Whether a text out of range stands for a limit: it misses it by less than the tolerance, or is
-/// how the limit is shown, which may be rounded.
-bool BVSpinBoxTexts::isLimit(double value, const QString &typed) const
+/// The limit that a text stands for: it shows the limit, maybe rounded, or misses it by less than
+/// the tolerance.
+std::optional<double> BVSpinBoxTexts::limitOf(double value, const QString &typed) const
 {
-    if (value >= m_box.minimum() && value <= m_box.maximum())
-        return false;
-    const double limit = value < m_box.minimum() ? m_box.minimum() : m_box.maximum();
-    return m_box.toValidValue(value) == limit || typed == m_formatter.textFromValue(limit, false);
+    const double minimum = m_box.minimum();
+    const double maximum = m_box.maximum();
+    for (const double limit : {minimum, maximum}) {
+        if (partsOf(typed) == partsOf(m_formatter.textFromValue(limit, false)))
+            return limit;
+    }
+    const double nearest = m_box.toValidValue(value);
+    return nearest != value ? std::optional<double>(nearest) : std::nullopt;
+}
+
+/// Number and unit, such that texts that say the same have the same.
+std::pair<QString, QString> BVSpinBoxTexts::partsOf(const QString &text) const
+{
+    QString number;
+    QString unit;
+    BVUnitValidator::split(BVValueTexts::withDisplayUnit(m_formatter, text), number, unit);
+    BVDoubleValidator::convertDecimalPoint(number, false);
+    BVUnitSymbols::replaceSymbols(unit, true);
+    return {number, unit.isEmpty() ? m_formatter.displayUnit() : unit};
 }
 
 bool BVSpinBoxTexts::isMendable(const QString &typed) const

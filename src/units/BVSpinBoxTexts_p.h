@@ -4,6 +4,9 @@
 #include <QString>
 #include <QValidator>
 
+#include <optional>
+#include <utility>
+
 class BVDoubleSpinBox;
 class BVFormatter;
 
@@ -36,7 +39,8 @@ public:
 
 private:
     QValidator::State judgeWrapping(const QString &complete) const;
-    bool isLimit(double value, const QString &typed) const;
+    std::optional<double> limitOf(double value, const QString &typed) const;
+    std::pair<QString, QString> partsOf(const QString &text) const;
     QString preciseText(double value, const QString &otherwise) const;
     QString textInRange(double value, const QString &text) const;
 

@@ -4,6 +4,12 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+constexpr double s_noise = 1e-12; // relative; what sums of steps may miss a limit by
+
+} // namespace
+
 double BVStepping::roundedToStep(double value, double step, double direction, double tolerance)
 {
     if (!(tolerance < std::fabs(step)))
@@ -59,5 +65,14 @@ double BVStepping::snappedToLimit(double value, double minimum, double maximum, 
         return minimum;
     if (value > maximum && value - maximum < tolerance)
         return maximum;
+    return value;
+}
+
+double BVStepping::ontoLimit(double value, double step, double minimum, double maximum)
+{
+    for (const double limit : {minimum, maximum}) {
+        if (std::fabs(value - limit) < s_noise * std::max(std::fabs(limit), std::fabs(step)))
+            return limit;
+    }
     return value;
 }

@@ -30,5 +30,8 @@ double wrapped(double value, double minimum, double maximum, double tolerance);
 
 /// A value outside by less than the tolerance as the limit that it misses; any other as it is.
 double snappedToLimit(double value, double minimum, double maximum, double tolerance);
+/// A value that rounding keeps from a limit, coming from @p step away, as that limit; any other as
+/// it is.
+double ontoLimit(double value, double step, double minimum, double maximum);
 
 } // namespace BVStepping

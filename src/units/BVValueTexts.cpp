@@ -33,9 +33,11 @@ QString BVValueTexts::withDisplayUnit(const BVFormatter &formatter, const QStrin
 
 QString BVValueTexts::fullValueText(const BVFormatter &formatter, double value)
 {
-    QString text = formatter.textFromValue(value, true);
-    if (std::abs(formatter.valueFromText(text) - value) <= s_fullPrecision * std::abs(value))
-        return text;
+    for (const bool full : {false, true}) {
+        const QString text = formatter.textFromValue(value, full);
+        if (std::abs(formatter.valueFromText(text) - value) <= s_fullPrecision * std::abs(value))
+            return text;
+    }
     QString precise =
         QString::number(formatter.valueToDisplayValue(value), 'g', QLocale::FloatingPointShortest);
     BVUnitValidator::appendUnit(precise, formatter.displayUnit());

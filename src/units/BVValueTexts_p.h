@@ -13,7 +13,8 @@ namespace BVValueTexts {
 /// that it is meant in.
 QString withDisplayUnit(const BVFormatter &formatter, const QString &text);
 
-/// The value, given in the value unit, with all its digits in the display unit.
+/// The value, given in the value unit, with all its digits in the display unit: the text that is
+/// shown, if it has them.
 QString fullValueText(const BVFormatter &formatter, double value);
 
 /// A line "= ..." for each other unit that the user could choose for the value's quantity.
