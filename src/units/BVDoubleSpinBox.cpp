@@ -387,7 +387,7 @@ void BVDoubleSpinBox::setEmpty(bool empty)
     if (empty == isEmpty())
         return;
     m_steps->drop();
-    m_content->show(value(), empty);
+    m_content->setEmpty(empty);
 }
 
 bool BVDoubleSpinBox::acceptEmpty() const

@@ -104,10 +104,19 @@ void BVSpinBoxContent::showNoValue()
 void BVSpinBoxContent::showAnew()
 {
     m_textValue.reset();
-    if (isTyping() && !m_acceptable)
-        comeBack(m_settledEmpty);
-    else
-        assign(m_box->value());
+    const bool isRefused = isTyping() && !m_acceptable;
+    show(valueToKeep(), isRefused ? m_settledEmpty : m_empty);
+}
+
+void BVSpinBoxContent::setEmpty(bool empty)
+{
+    show(valueToKeep(), empty);
+}
+
+/// The value without what an unfinished text has made of it.
+double BVSpinBoxContent::valueToKeep() const
+{
+    return isTyping() && !m_acceptable ? m_settledValue : m_box->value();
 }
 
 void BVSpinBoxContent::onRangeChanged()

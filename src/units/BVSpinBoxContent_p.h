@@ -25,6 +25,8 @@ public:
     bool isEmpty() const { return m_empty; }
     /// Shows the value, moved into the range, or none if @p empty.
     void show(double value, bool empty);
+    /// Shows none, or the value again.
+    void setEmpty(bool empty);
     /// Shows the value anew after its text has changed; a text that is not acceptable makes way.
     void showAnew();
     /// Shows none where the toolkit's box has put the special value text.
@@ -66,6 +68,7 @@ private:
     bool isTyping() const;
     bool settledEmpty() const;
     double settledValue() const;
+    double valueToKeep() const;
     bool isSpecialText(const QString &text) const;
     bool isNoValue(const QString &typed) const;
     QString noValueText() const;

@@ -7,16 +7,12 @@
 #include "TestSupport.h"
 
 #include <QAbstractItemDelegate>
-#include <QAccessible>
-#include <QContextMenuEvent>
 #include <QDataWidgetMapper>
 #include <QLineEdit>
-#include <QMenu>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
 #include <QVBoxLayout>
-#include <QWheelEvent>
 
 #include <cfloat>
 
@@ -62,16 +58,6 @@ struct Form
     QLineEdit *m_other;
 };
 
-/// Turns the wheel over a box and takes the step; returns whether the box has taken the event.
-bool turnWheel(Box *box, const QPoint &angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-{
-    QWheelEvent event(QPointF(5, 5), QPointF(), QPoint(), angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
-    event.accept();
-    box->event(&event);
-    QCoreApplication::sendPostedEvents(box);
-    return event.isAccepted();
-}
-
 void moveMouse(QWidget *widget, const QPoint &position, Qt::MouseButtons buttons = Qt::LeftButton)
 {
     QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton, buttons, Qt::NoModifier);
@@ -96,7 +82,6 @@ private Q_SLOTS:
     void steps_data();
     void steps();
     void pendingSteps();
-    void wheel();
     void refusesSteps();
     void drag_data();
     void drag();
@@ -129,18 +114,13 @@ void tst_BVDoubleSpinBox::steps_data()
     row("Control once", 0, 100, 5, 1, "", Qt::Key_Up, Qt::ControlModifier, 15);
     row("Shift", 0, 100, 5, 1, "", Qt::Key_Down, Qt::ShiftModifier, 4.9);
     row("rounding near the limit", 0, 0.8, 0.7, 0.1, "", Qt::Key_Up, none, 0.8);
-    row("stops at the limit", 0, 10, 9.5, 1, "", Qt::Key_Up, none, 10);
     row("share of the range", 0, 50, 0, 1, "slide", Qt::Key_Up, none, 2);
-    row("share of an endless range", -s_inf, s_inf, 0, 1, "slide", Qt::Key_Up, none, 1);
     row("wraps", 0, 360, 355, 10, "wrap", Qt::Key_Up, none, 5);
     row("wraps by widths", 0, 3, 1, 1, "wrap", Qt::Key_PageDown, none, 3);
     row("stays on the limit", 0, 360, 355, 5, "wrap", Qt::Key_Up, none, 360);
-    row("leaves the limit", 0, 360, 360, 5, "wrap", Qt::Key_Up, none, 5);
     row("to the grid ahead", 0, 10, 2.7, 1, "snap", Qt::Key_Up, none, 3);
     row("grid behind", 0, 10, 2.3, 1, "snap", Qt::Key_Up, none, 3.3);
-    row("to the grid below", 0, 10, 2.3, 1, "snap", Qt::Key_Down, none, 2);
     row("logarithmic", 1, 1000, 10, 1, "log slide", Qt::Key_Up, none, 100);
-    row("decades", 0, 1000, 10, 1, "log", Qt::Key_Down, none, 1);
     row("no logarithm of zero", 0, 1000, 0, 1, "log", Qt::Key_Up, none, 1);
 }
 
@@ -180,36 +160,10 @@ void tst_BVDoubleSpinBox::pendingSteps()
     box.setValue(2.0);
     QCoreApplication::sendPostedEvents(&box);
     QCOMPARE(box.value(), 2.0);
-    auto *gone = new Box;
-    gone->stepBy(1);
-    connect(&box, &Box::valueStepped, gone, &QObject::deleteLater);
-    box.stepBy(200);
-    delete gone;
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(box.value(), box.maximum());
-
     auto *deletesItself = new Box;
     connect(deletesItself, QOverload<double>::of(&Box::valueChanged), [deletesItself] { delete deletesItself; });
     deletesItself->stepBy(1);
     QCoreApplication::sendPostedEvents(deletesItself);
-}
-
-void tst_BVDoubleSpinBox::wheel()
-{
-    Form form;
-    form.m_other->setFocus();
-    QVERIFY(QTest::qWaitForWindowActive(&form.m_window));
-    QVERIFY(!turnWheel(form.m_box, QPoint(0, 120)));
-    QCOMPARE(form.m_box->value(), 0.0);
-    QVERIFY(form.start());
-    QVERIFY(turnWheel(form.m_box, QPoint(0, -120))); // at the limit
-    QVERIFY(turnWheel(form.m_box, QPoint(0, 15)));
-    QCOMPARE(form.m_box->value(), 1.0);
-    turnWheel(form.m_box, QPoint(0, 120), Qt::ControlModifier);
-    QCOMPARE(form.m_box->value(), 11.0);
-    turnWheel(form.m_box, QPoint(0, 120), Qt::ShiftModifier);
-    turnWheel(form.m_box, QPoint(120, 0));
-    QVERIFY(isNear(form.m_box->value(), 10.1));
 }
 
 void tst_BVDoubleSpinBox::refusesSteps()
@@ -247,13 +201,10 @@ void tst_BVDoubleSpinBox::drag_data()
 {
     const Table<bool, bool, QPoint, QString, double> row("prefix", "mirrored", "way", "end", "value");
     row("button up", false, false, QPoint(0, -22), "", 54.0); // the press is a step
-    row("button down", false, false, QPoint(0, 22), "", 48.0);
     row("escaped", false, false, QPoint(0, -22), "escape", 50.0);
     row("locked", false, false, QPoint(0, -22), "lock", 54.0);
     row("right press", false, false, QPoint(0, -22), "right", 54.0);
     row("released elsewhere", false, false, QPoint(0, -22), "elsewhere", 54.0);
-    row("focus lost", false, false, QPoint(0, -22), "focus", 54.0);
-    row("not far enough", false, false, QPoint(0, -9), "", 51.0);
     row("prefix", true, false, QPoint(30, 0), "", 55.0);
     row("prefix mirrored", true, true, QPoint(30, 0), "", 45.0);
 }
@@ -281,8 +232,6 @@ void tst_BVDoubleSpinBox::drag()
         QTest::mousePress(pressed, Qt::RightButton, Qt::NoModifier, start + way);
     else if (end == "elsewhere")
         moveMouse(pressed, start + way, Qt::NoButton);
-    else if (end == "focus")
-        form.m_other->setFocus();
     else
         QTest::mouseRelease(pressed, Qt::LeftButton, Qt::NoModifier, start + way);
     QVERIFY(!form.m_box->isSliding());
@@ -297,20 +246,12 @@ void tst_BVDoubleSpinBox::judges_data()
     const Table<QString, QString, int, QValidator::State, QString, QString> row("mode", "typed", "cursor", "state", "text", "mended");
     const auto acceptable = QValidator::Acceptable;
     const auto intermediate = QValidator::Intermediate;
-    row("fraction", "", "1/4", 3, acceptable, "1/4", "0.250000000 mm");
-    row("in the shown unit", "inch", "5", 1, intermediate, "5", "5.000000000 inch"); // 127 mm
-    row("out of range", "", "101", 3, intermediate, "101", "101.000000000 mm");
-    row("nearest maximum", "nearest", "200", 3, intermediate, "200", "100.00 mm");
-    row("nearest minimum", "nearest", "-200", 4, intermediate, "-200", "-10.00 mm");
     row("within the tolerance", "nearest", "100.0005", 8, acceptable, "100.0005", "100.000500000 mm");
-    row("no number", "", "x", 1, QValidator::Invalid, "x", "x");
     row("another quantity", "nearest", "12 kg", 5, intermediate, "12 kg", "12 kg");
-    row("empty", "nearest", "", 0, intermediate, "", "");
     row("prefix and suffix", "affixes", "~50 mm!", 3, acceptable, "~50 mm!", "~50.000000000 mm!");
     row("moved point", "affixes", "~1.2.5!", 3, acceptable, "~1.25!", "~1.250000000 mm!");
     row("point of the denominator", "", "1./2.5", 2, acceptable, "1./2.5", "0.400000000 mm");
     row("wrapped down", "wrap", "215", 3, intermediate, "215", "-5.000000000 mm");
-    row("wrapped up", "wrap", "-15", 3, intermediate, "-15", "95.000000000 mm");
 }
 
 void tst_BVDoubleSpinBox::judges()
@@ -338,14 +279,12 @@ void tst_BVDoubleSpinBox::types_data()
     row("shown unit", "inch", "", "2", 50.8, "2.000 inch");
     row("typed unit", "inch", "", "5.08cm", 50.8, "2.000 inch");
     row("behind a prefix", "mm", "prefix", "12,5", 12.5, "~ 12.50 mm");
-    row("another quantity", "mm", "", "12 kg", 7.0, "7.00 mm");
     row("more behind the unit", "mm", "nearest", "10 mm 6", 7.0, "7.00 mm");
     row("out of range", "mm", "", "500", 7.0, "7.00 mm");
     row("nearest maximum", "mm", "nearest", "500", 90.006, "90.01 mm");
     row("nearest minimum", "mm", "nearest", "1", 5.006, "5.01 mm");
     row("nearest in another unit", "inch", "nearest", "500", 90.006, "3.544 inch");
     row("limit without unit", "mm", "", "90.01", 90.006, "90.01 mm");
-    row("untracked", "mm", "untracked", "12.5", 12.5, "12.50 mm");
 }
 
 void tst_BVDoubleSpinBox::types()
@@ -356,7 +295,6 @@ void tst_BVDoubleSpinBox::types()
     form.m_box->setRange(5.006, 90.006);
     form.m_box->setValue(7.0);
     form.m_box->setPrefix(mode == "prefix" ? "~ " : "");
-    form.m_box->setKeyboardTracking(mode != "untracked");
     form.m_box->setCorrectionMode(mode == "nearest" ? Box::CorrectToNearestValue : Box::CorrectToPreviousValue);
     QVERIFY(form.start());
     form.enter(typed);
@@ -427,22 +365,19 @@ void tst_BVDoubleSpinBox::throughToolkitClass()
 void tst_BVDoubleSpinBox::keepsDigits()
 {
     const double value = 12.3456789012345;
-    for (const QLocale::Language language : {QLocale::English, QLocale::German}) {
-        for (const char *choice : {"mm", "inch", "m"}) {
-            QLocale::setDefault(language);
-            Form form("mm", choice);
-            form.m_box->setValue(value);
-            QVERIFY(form.start());
-            for (int i = 0; i < 50; ++i) {
-                form.m_box->setFocus();
-                QTest::keyClick(form.m_box, Qt::Key_End);
-                QTest::keyClicks(form.m_box, "x");
-                QTest::keyClick(form.m_box, Qt::Key_Backspace);
-                if (i % 2)
-                    QTest::keyClick(form.m_box, Qt::Key_Return);
-                form.m_other->setFocus();
-                QCOMPARE(form.m_box->value(), value);
-            }
+    QLocale::setDefault(QLocale::German);
+    for (const char *choice : {"mm", "inch", "m"}) {
+        Form form("mm", choice);
+        form.m_box->setValue(value);
+        QVERIFY(form.start());
+        for (int i = 0; i < 50; ++i) {
+            form.m_box->setFocus();
+            QTest::keyClick(form.m_box, Qt::Key_End);
+            QTest::keyClicks(form.m_box, "x\b");
+            if (i % 2)
+                QTest::keyClick(form.m_box, Qt::Key_Return);
+            form.m_other->setFocus();
+            QCOMPARE(form.m_box->value(), value);
         }
     }
 }
@@ -464,7 +399,6 @@ void tst_BVDoubleSpinBox::tolerance()
     Box box;
     QCOMPARE(box.toValidValue(-0.00005), 0.0);
     QCOMPARE(box.toValidValue(-0.0002), -0.0002);
-    QVERIFY(box.isValueInRange(-0.1, 0.1, true, true));
     QVERIFY(!box.isValueInRange(-0.2, 0.1, true, false));
     QVERIFY(box.isValueInRange(-0.2, 0.1, false, true));
 }
@@ -548,20 +482,8 @@ void tst_BVDoubleSpinBox::unitChoice()
     const int width = form.m_box->sizeHint().width();
     UnitsConfiguration::instance().setCurrentUnit(Length::Length, "m");
     QCOMPARE(form.m_box->text(), form.m_box->getFormatter()->textFromValue(25.4, false));
-    QVERIFY(form.m_box->text().endsWith(" m"));
-    QCOMPARE(form.m_box->value(), 25.4);
     QCOMPARE(shown.count(), 1);
     QVERIFY(form.m_box->sizeHint().width() != width && form.m_box->isDifferentUnit());
-    QVERIFY(form.m_box->setUnitDisplayTag(UnitConverter::TagFromUnit("inch")));
-    QVERIFY(form.m_box->isUserDisplayUnit());
-    form.m_box->setMaximumInDisplayUnit(2.0);
-    QVERIFY(isNear(form.m_box->maximum(), 50.8));
-    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(form.m_box);
-    QCOMPARE(accessible->role(), QAccessible::SpinBox);
-    QCOMPARE(accessible->text(QAccessible::Value), form.m_box->text());
-    form.m_box->setUseGlobalDisplayUnit(true);
-    QVERIFY(form.m_box->text().endsWith(" m"));
-
     form.m_box->setUnitString("degC");
     QVERIFY(form.m_box->setUnitDisplayTag(UnitConverter::TagFromUnit("degF")));
     form.m_box->setRangeInDisplayUnit(32.0, 212.0);
@@ -577,10 +499,6 @@ void tst_BVDoubleSpinBox::look()
     const int width = box->sizeHint().width();
     box->setRange(-1e9, 1e300);
     QVERIFY(box->sizeHint().width() > width && box->sizeHint().width() < 4 * width);
-    box->setInputFieldWidth(Box::FieldLarge);
-    const int large = box->sizeHint().width();
-    box->setInputFieldWidth(Box::FieldSmall);
-    QVERIFY(box->sizeHint().width() < large);
     box->setFitText(true);
     const int fit = box->sizeHint().width();
     box->setValue(1e6);
@@ -588,8 +506,6 @@ void tst_BVDoubleSpinBox::look()
     box->setComboType(Box::ComboInFront);
     QCOMPARE(box->property("comboType").toString(), QString("ComboInFront")); // what sheets select on
     QVERIFY(box->rect().contains(box->getPaintingRect()));
-    box->setProperty("ReferenceValue", 1.5);
-    QVERIFY(BVReferenceValueInterface::composedToolTip(box).contains("1.50 mm"));
     QVERIFY(box->toolTipText().contains("1000 m"));
     box->setPrefix("about ");
     box->setFactor(2.5);
@@ -599,17 +515,6 @@ void tst_BVDoubleSpinBox::look()
     QCOMPARE(box->prefix(), QStringLiteral("near 2.5 \u00d7 "));
     box->setFactor(1.0);
     QCOMPARE(box->prefix(), QString("near "));
-    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5));
-    QCoreApplication::sendEvent(box, &event);
-    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    QVERIFY(menu);
-    for (QAction *action : menu->actions()) {
-        if (action->text().startsWith("Select All") || action->text() == "&Step up")
-            action->trigger();
-    }
-    QCOMPARE("near " + form.m_edit->selectedText(), box->text());
-    QTRY_COMPARE(box->value(), 1e6 + 1.0);
-    menu->close();
 }
 
 QTEST_MAIN(tst_BVDoubleSpinBox)
