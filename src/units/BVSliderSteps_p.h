@@ -4,6 +4,8 @@
 #include <QtGlobal>
 #include <qnamespace.h>
 
+class QWheelEvent;
+
 /// How far keys move a handle of a slider.
 struct BVSliderSteps
 {
@@ -18,6 +20,8 @@ struct BVSliderSteps
     /// In positions, towards larger ones; s_farthest for End, against it for Home. False, with @p
     /// distance unchanged, for a key that moves nothing.
     bool ofKey(int key, qint64 &distance) const;
-    /// That of a Brimvale::VirtualSliderEvent.
-    qint64 ofVirtualKey(int key, Qt::KeyboardModifiers modifiers) const;
+    /// That of a Brimvale::VirtualSliderEvent. False for the code of such a key.
+    bool ofVirtualKey(int key, Qt::KeyboardModifiers modifiers, qint64 &distance) const;
+    /// That of a turn of the wheel. @p rest keeps what is less than a position for the next one.
+    qint64 ofWheel(const QWheelEvent &event, double &rest) const;
 };

@@ -7,7 +7,6 @@
 
 #include <QAccessible>
 #include <QSignalSpy>
-#include <QStyleOptionSlider>
 #include <QtTest>
 #include <QtWidgets>
 
@@ -32,21 +31,26 @@ std::unique_ptr<BVSlider> shownSlider(Qt::Orientation orientation = Qt::Horizont
     return slider;
 }
 
-QStyleOptionSlider optionOf(const BVSlider &slider)
+void moveMouse(QWidget *widget, const QPoint &position, Qt::MouseButtons held = Qt::LeftButton)
 {
-    struct Opened : BVSlider
-    {
-        using BVSlider::initStyleOption;
-    };
-    QStyleOptionSlider option;
-    (slider.*(&Opened::initStyleOption))(&option);
-    return option;
+    QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton, held, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
 }
 
-void moveMouse(QWidget *widget, const QPoint &position)
+/// Ends a drag without a release: by a property, an event or what is named.
+void interrupt(BVSlider *slider, const QString &by)
 {
-    QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
+    QEvent blocked(QEvent::WindowBlocked);
+    if (by == QLatin1String("blocked"))
+        QApplication::sendEvent(slider, &blocked);
+    else if (by == QLatin1String("locked"))
+        slider->setLocked(true);
+    else if (by == QLatin1String("move"))
+        moveMouse(slider, QPoint(1, 1), Qt::NoButton);
+    else if (by == QLatin1String("minimum"))
+        slider->setMinimum(130);
+    else
+        slider->setProperty(qUtf8Printable(by), by == QLatin1String("spanSlider"));
 }
 
 QPoint onGroove(const BVSlider &slider, int pixel)
@@ -65,7 +69,10 @@ private Q_SLOTS:
     void initTestCase();
     void pixelToPosition_data();
     void pixelToPosition();
+    void handlePixels_data();
     void handlePixels();
+    void interruptedDrag_data();
+    void interruptedDrag();
     void admissibleRange_data();
     void admissibleRange();
     void press_data();
@@ -112,11 +119,16 @@ void tst_BVSlider::pixelToPosition_data()
     row("vertical, top", true, false, false, false, 8, 200);
     row("vertical, bottom", true, false, false, false, s_length - 8, 0);
     row("vertical, before it", true, true, false, false, s_length - 10, 2);
+    row("vertical, far down", true, false, false, false, s_highest, 0);
     row("vertical, inverted", true, false, false, true, 10, 2);
 }
 
 void tst_BVSlider::pixelToPosition()
 {
+    const auto narrow = shownSlider();
+    narrow->resize(16, 40); // nothing but margins
+    QCOMPARE(narrow->pixelPosToValue(5), 0);
+    QCOMPARE(narrow->pixelPosToValue(12), 200);
     const auto [vertical, extended, rightToLeft, inverted, pixel, position] =
         fetched<bool, bool, bool, bool, int, int>("vertical", "extended", "rightToLeft", "inverted", "pixel", "position");
     const auto slider = shownSlider(vertical ? Qt::Vertical : Qt::Horizontal);
@@ -127,24 +139,41 @@ void tst_BVSlider::pixelToPosition()
     QCOMPARE(slider->pixelPosToValue(vertical ? QPoint(0, pixel) : QPoint(pixel, 0)), position);
 }
 
+void tst_BVSlider::handlePixels_data()
+{
+    const Table<int, int, int, int> row("minimum", "maximum", "position", "pixel"); // the handle's way is 7 to 211
+    row("left end", 0, 200, 0, 7);
+    row("middle", 0, 200, 100, 109);
+    row("right end", 0, 200, 200, 211);
+    row("rounded", 0, 200, 1, 8);
+    row("all, left end", s_lowest, s_highest, s_lowest, 7);
+    row("all, middle", s_lowest, s_highest, 0, 109);
+    row("all, right end", s_lowest, s_highest, s_highest, 211);
+    row("one too many, left end", -1, s_highest, -1, 7);
+    row("one too many, middle", -1, s_highest, s_highest / 2, 109);
+    row("one too many, right end", -1, s_highest, s_highest, 211);
+    row("half, middle", -(1 << 30), 1 << 30, 0, 109);
+    row("half, right end", -(1 << 30), 1 << 30, 1 << 30, 211);
+    row("empty", s_highest, s_highest, s_highest, 7);
+}
+
 void tst_BVSlider::handlePixels()
 {
-    const QString sheet =
-        QStringLiteral("QSlider{padding:9px;margin:3px} QSlider::groove{height:4px;margin:0 6px} QSlider::handle{width:12px;border:2px solid blue}");
-    for (const QString &styled : {QString(), sheet}) {
-        const auto slider = shownSlider();
-        slider->setStyleSheet(styled);
-        for (const int minimum : {s_lowest, -7, s_highest}) {
-            slider->setRange(minimum, s_highest);
-            QStyleOptionSlider option = optionOf(*slider);
-            for (option.sliderPosition = minimum; option.sliderPosition < s_highest;
-                 option.sliderPosition = option.sliderPosition / 2 + s_highest / 2 + 1) {
-                const QRect handle = slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider.get());
-                QCOMPARE(slider->valueToPixelPos(option.sliderPosition), handle.center().x());
-            }
-            QCOMPARE(slider->pixelPosToValue(s_lowest), minimum);
-        }
-    }
+    const auto [minimum, maximum, position, pixel] = fetched<int, int, int, int>("minimum", "maximum", "position", "pixel");
+    const auto slider = shownSlider();
+    slider->setRange(minimum, maximum);
+    slider->setValue(position);
+    QCOMPARE(slider->valueToPixelPos(position), pixel);
+    QTest::mouseMove(slider.get(), onGroove(*slider, pixel));
+    QCOMPARE(slider->grab().size(), slider->size());
+    QTest::mousePress(slider.get(), Qt::LeftButton, Qt::NoModifier, onGroove(*slider, pixel)); // on the handle
+    moveMouse(slider.get(), onGroove(*slider, s_length));
+    QCOMPARE(slider->value(), maximum);
+    moveMouse(slider.get(), onGroove(*slider, 0));
+    QCOMPARE(slider->value(), minimum);
+    QTest::mouseRelease(slider.get(), Qt::LeftButton, Qt::NoModifier, onGroove(*slider, 0));
+    QVERIFY(!slider->isSliderDown());
+    QCOMPARE(slider->pixelPosToValue(108), static_cast<int>((qint64(minimum) + maximum + 1) / 2));
 }
 
 void tst_BVSlider::admissibleRange_data()
@@ -251,6 +280,9 @@ void tst_BVSlider::limitDrag()
     QTest::mouseClick(slider.get(), Qt::LeftButton, Qt::NoModifier, slider->handleRect(BVSlider::UpperLimitHandle).center());
     QCOMPARE(spy.count(), 4);
     QCOMPARE(spy.last().last().toInt(), 150); // a click moves nothing, but tells
+    QTest::mousePress(slider.get(), Qt::LeftButton, Qt::NoModifier, slider->handleRect(BVSlider::UpperLimitHandle).center());
+    QTest::mouseClick(slider.get(), Qt::LeftButton, Qt::NoModifier, onGroove(*slider, 130)); // the release got lost
+    QCOMPARE(slider->value(), slider->pixelPosToValue(130));
 }
 
 void tst_BVSlider::limitDragVertical()
@@ -265,11 +297,53 @@ void tst_BVSlider::limitDragVertical()
         moveMouse(slider.get(), QPoint(start.x(), pixel));
         QCOMPARE(slider->admissibleMaximum(), slider->pixelPosToValue(pixel));
     }
+    slider->setValue(60); // someone else
     QTest::keyClick(slider.get(), Qt::Key_Escape);
+    QCOMPARE(slider->value(), 60);
     QCOMPARE(spy.last(), QVariantList({50, 150}));
     QTest::mouseRelease(slider.get(), Qt::LeftButton, Qt::NoModifier, QPoint(start.x(), 20));
     QCOMPARE(slider->admissibleMaximum(), 150);
     QCOMPARE(spy.count(), 4); // three moves and the way back
+}
+
+void tst_BVSlider::interruptedDrag_data()
+{
+    const Table<QString, bool> row("by", "isHeldOn"); // isHeldOn: of the limit
+    for (const char *property : {"locked", "inputEnabled", "enabled", "visible", "spanSlider", "limitHandlesActive", "minimum"})
+        row(property, QLatin1String(property), qstrcmp(property, "inputEnabled") == 0 || qstrcmp(property, "spanSlider") == 0);
+    row("blocked window", QStringLiteral("blocked"), false);
+    row("lost release, move", QStringLiteral("move"), false);
+}
+
+// Nothing moves afterwards, and what the value's drag has not committed is gone.
+void tst_BVSlider::interruptedDrag()
+{
+    const auto [by, isHeldOn] = fetched<QString, bool>("by", "isHeldOn");
+    for (const auto handle : {BVSlider::ValueHandle, BVSlider::LowerLimitHandle}) {
+        const bool isLimit = handle == BVSlider::LowerLimitHandle;
+        const auto slider = shownSlider();
+        slider->setTracking(false);
+        slider->setAdmissibleRange(50, 150, true);
+        const QPoint start = slider->handleRect(handle).center();
+        QTest::mousePress(slider.get(), Qt::LeftButton, Qt::NoModifier, start);
+        moveMouse(slider.get(), start + QPoint(10, 0));
+        moveMouse(slider.get(), start + QPoint(20, 0)); // of a limit, pending
+        QSignalSpy spy(slider.get(), &BVSlider::admissibleRangeChanged);
+        const int limit = slider->admissibleMinimum();
+        QVERIFY(isLimit ? limit > 50 : slider->sliderPosition() > 110);
+        interrupt(slider.get(), by);
+        if (isLimit ? isHeldOn : by == QLatin1String("limitHandlesActive") || by == QLatin1String("minimum"))
+            continue;
+        QCOMPARE(spy.count(), isLimit ? 1 : 0);
+        slider->show();
+        moveMouse(slider.get(), start + QPoint(30, 0));
+        QTest::mouseRelease(slider.get(), Qt::LeftButton, Qt::NoModifier, start + QPoint(30, 0));
+        QCOMPARE(slider->value(), by == QLatin1String("minimum") ? 130 : 100);
+        QCOMPARE(slider->sliderPosition(), slider->value());
+        QVERIFY(!slider->isSliderDown());
+        QCOMPARE(slider->admissibleMinimum(), limit);
+        QCOMPARE(spy.count(), isLimit ? 1 : 0);
+    }
 }
 
 void tst_BVSlider::handleStaysAdmissible()
@@ -357,6 +431,7 @@ void tst_BVSlider::virtualSlider_data()
     row("overflow", s_lowest, Qt::ControlModifier, 50, QString());
     row("arrow", Qt::Key_Left, Qt::NoModifier, 98, QString());
     row("page", Qt::Key_PageUp, Qt::NoModifier, 110, QString());
+    row("another key", Qt::Key_Escape, Qt::NoModifier, 100, QStringLiteral("unused"));
     row("home", Qt::Key_Home, Qt::ShiftModifier, 50, QString());
     row("input off", 5, Qt::NoModifier, 100, QStringLiteral("inputEnabled"));
     row("disabled", 5, Qt::NoModifier, 100, QStringLiteral("enabled"));
@@ -389,6 +464,13 @@ void tst_BVSlider::wheelNeedsFocus()
         QCOMPARE(event.isAccepted(), focused);
         QCOMPARE(slider->value(), 101);
     }
+    slider->setUseAsSpanSlider(true);
+    slider->setFocus();
+    for (const int angle : {-60, -20}) { // of 120 for three steps
+        QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, angle), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(slider.get(), &event);
+    }
+    QCOMPARE(slider->admissibleMinimum(), 48);
 }
 
 void tst_BVSlider::values_data()
@@ -434,7 +516,8 @@ void tst_BVSlider::texts()
     slider->setProperty("ReferenceValue", 0.1);
     QVERIFY(BVReferenceValueInterface::composedToolTip(slider.get()).endsWith(QLatin1String(": 100 mm")));
     slider->setUseAsSpanSlider(true);
-    QCOMPARE(slider->admissibleMaximum(), 200); // all of the range
+    QCOMPARE(slider->handlePosition(BVSlider::UpperLimitHandle), 200); // all of the range
+    QCOMPARE(slider->admissibleMaximum(), s_highest);
     slider->setAdmissibleRange(50, 100, false);
     QTest::keyClick(slider.get(), Qt::Key_Left); // there is no value handle to take it
     QCOMPARE(slider->admissibleMinimum(), 49);
@@ -458,6 +541,8 @@ void tst_BVSlider::accessibility()
     QCOMPARE(shown->valueInterface()->currentValue().toInt(), 150);
     QAccessibleInterface *upper = shown->child(1);
     QCOMPARE(upper->text(QAccessible::Name), QStringLiteral("Upper limit"));
+    slider->setAccessibleName(QStringLiteral("Force"));
+    QCOMPARE(upper->text(QAccessible::Name), QStringLiteral("Force, upper limit"));
     QCOMPARE(upper->text(QAccessible::Value), QStringLiteral("15"));
     QCOMPARE(upper->valueInterface()->minimumValue().toInt(), 50);
     upper->actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
@@ -492,6 +577,11 @@ void tst_BVSlider::painting()
             const QImage before = slider->grab().toImage();
             slider->mark(s_lowest, s_highest, BVSlider::greenBrush());
             QVERIFY(slider->grab().toImage() != before);
+            QPixmap twice(slider->size() * 2);
+            twice.setDevicePixelRatio(2);
+            slider->render(&twice);
+            const QImage fine = twice.toImage();
+            QVERIFY(fine.scaled(slider->size()).scaled(fine.size()) != fine);
             for (const int size : {0, 1, 3}) { // too small for anything
                 slider->resize(size, size);
                 slider->grab();
