@@ -5,10 +5,10 @@
 #include "foundation/VirtualSliderEvent.h"
 #include "units/BVFormatter.h"
 #include "units/BVSliderAccessible_p.h"
-#include "units/BVSliderDrag_p.h"
 #include "units/BVSliderHandles_p.h"
 #include "units/BVSliderLimits_p.h"
 #include "units/BVSliderMarks_p.h"
+#include "units/BVSliderPointer_p.h"
 #include "units/BVSliderScale_p.h"
 #include "units/BVSliderShapes_p.h"
 #include "units/BVSliderSteps_p.h"
@@ -16,11 +16,9 @@
 #include <QHelpEvent>
 #include <QHoverEvent>
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPointer>
-#include <QSignalBlocker>
 #include <QStyleOptionSlider>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -28,8 +26,6 @@
 #include <limits>
 
 namespace {
-
-constexpr int s_toolTipDigits = 3; // significant, while dragging a limit
 
 bool isHover(const QEvent &event)
 {
@@ -56,8 +52,8 @@ BVSlider::BVSlider(Qt::Orientation orientation, QWidget *parent)
     , m_formatter(new BVFormatter(this))
     , m_limits(new BVSliderLimits)
     , m_scale(new BVSliderScale)
-    , m_drag(new BVSliderDrag([this] { handleMove(); }))
     , m_handles(new BVSliderHandles(*this))
+    , m_pointer(new BVSliderPointer(*this))
     , m_marks(new BVSliderMarks)
 {
     BVSliderAccessible::install();
@@ -111,7 +107,7 @@ bool BVSlider::storeLimits(int minimum, int maximum)
         return false;
     const int target = boundToAdmissible(sliderPosition());
     if (target != sliderPosition()) {
-        m_drag->notePush(value(), target);
+        m_pointer->drag().notePush(value(), target);
         setValue(target);
     }
     // A slot may have set other limits, and announced them.
@@ -403,11 +399,7 @@ void BVSlider::changeLook()
     m_handles->ensureFocused();
     updateCursor();
     update();
-    const Handle limit = m_drag->limit();
-    const bool isValueHeld =
-        m_drag->handle() == ValueHandle || isSliderDown() || repeatAction() != SliderNoAction;
-    if (limit != NoHandle ? !isHandleActive(limit) : isValueHeld && !isHandleActive(ValueHandle))
-        abandonInput();
+    m_pointer->abandonIfInactive();
 }
 
 void BVSlider::changeSize()
@@ -418,7 +410,7 @@ void BVSlider::changeSize()
 
 void BVSlider::updateCursor()
 {
-    m_handles->updateCursor(m_drag->limit() != NoHandle);
+    m_handles->updateCursor(m_pointer->drag().limit() != NoHandle);
 }
 
 QSize BVSlider::sizeHint() const
@@ -536,7 +528,7 @@ BVSliderState BVSlider::currentState() const
 {
     BVSliderState state;
     state.hovered = m_handles->hovered();
-    state.pressed = isSliderDown() ? ValueHandle : m_drag->limit();
+    state.pressed = isSliderDown() ? ValueHandle : m_pointer->drag().limit();
     if (hasFocus())
         state.focused = m_handles->focused();
     state.active = takesInput();
@@ -572,308 +564,64 @@ void BVSlider::paintEvent(QPaintEvent *event)
 
 // Mouse
 
-BVSlider::Handle BVSlider::limitAt(const QPoint &position) const
-{
-    for (const Handle limit : {LowerLimitHandle, UpperLimitHandle}) {
-        if (isLimitShown(limit) && handleRect(limit).contains(position))
-            return limit;
-    }
-    return NoHandle;
-}
-
 void BVSlider::mousePressEvent(QMouseEvent *event)
 {
-    event->accept();
-    const QPointer<BVSlider> self(this);
-    if (m_drag->isStale(*event))
-        abandonInput();
-    if (!self || m_drag->isActive())
-        return;
-    const bool isLeft = event->button() == Qt::LeftButton && event->buttons() == Qt::LeftButton;
-    const Handle limit = isLeft && takesInput() ? limitAt(event->pos()) : NoHandle;
-    if (limit != NoHandle) {
-        pressLimit(limit, *event);
-        return;
-    }
-    if (!isHandleActive(ValueHandle))
-        return;
-    if (isLeft)
-        m_handles->focus(ValueHandle);
-    if (isLeft && minimum() != maximum() && geometry().jumpsAt(event->pos(), sliderPosition())) {
-        update();
-        Q_EMIT requestValueChange(boundToAdmissible(pixelPosToValue(event->pos())));
-        return;
-    }
-    pressValue(event);
-}
-
-void BVSlider::pressLimit(Handle limit, const QMouseEvent &event)
-{
-    m_drag->begin(limit, event, 0, *m_limits);
-    updateCursor();
-    m_handles->focus(limit);
-    update();
-}
-
-void BVSlider::pressValue(QMouseEvent *event)
-{
-    const QPointer<BVSlider> self(this);
-    if (!geometry().isTooWide())
-        QSlider::mousePressEvent(event);
-    else if (event->button() == Qt::LeftButton && handleRect(ValueHandle).contains(event->pos()))
-        setSliderDown(true);
-    else
-        event->ignore();
-    if (!self || !isSliderDown())
-        return;
-    const QRect handle = handleRect(ValueHandle);
-    m_drag->begin(ValueHandle, *event,
-                  geometry().along(event->pos()) - geometry().along(handle.topLeft()), *m_limits);
-    update();
+    m_pointer->press(event);
 }
 
 void BVSlider::mouseMoveEvent(QMouseEvent *event)
 {
-    const QPointer<BVSlider> self(this);
-    const bool isStale = m_drag->isStale(*event);
-    if (isStale)
-        abandonInput();
-    if (isStale || !m_drag->isActive()) {
-        event->ignore();
-        return;
-    }
-    event->accept();
-    const bool isHorizontal = orientation() == Qt::Horizontal;
-    if (isHorizontal && event->pos() == m_drag->position())
-        return;
-    const bool isNow = m_drag->moveTo(event->pos());
-    if (m_drag->handle() == ValueHandle)
-        dragValue(event);
-    if (self && isNow)
-        handleMove();
-}
-
-void BVSlider::dragValue(QMouseEvent *event)
-{
-    // Where the toolkit would take the handle: not out of the admissible range.
-    const int position =
-        geometry().positionOfHandleAt(geometry().along(event->pos()) - m_drag->grip());
-    const int bounded = boundToAdmissible(position);
-    if (bounded != position || geometry().isTooWide())
-        setSliderPosition(bounded);
-    else
-        QSlider::mouseMoveEvent(event);
-}
-
-void BVSlider::handleMove()
-{
-    if (!m_drag->isActive())
-        return;
-    m_drag->setHandled(orientation() == Qt::Horizontal);
-    const QPointer<BVSlider> self(this);
-    if (m_drag->limit() != NoHandle)
-        moveLimit(m_drag->limit(), pixelPosToValue(m_drag->position()));
-    if (self && m_drag->isActive())
-        showDragToolTip();
-}
-
-void BVSlider::showDragToolTip()
-{
-    const Handle limit = m_drag->limit();
-    if (limit != NoHandle && (m_extended || m_spanSlider)) {
-        const double value = intPositionToUserRelevantValue(handlePosition(limit));
-        QToolTip::showText(QCursor::pos(), QString::number(value, 'g', s_toolTipDigits), this);
-    } else if (limit == NoHandle && m_extended) {
-        const QString text =
-            m_toolTipConverter ? m_toolTipConverter->getStringTo(sliderPosition()) : toolTip();
-        QToolTip::showText(QCursor::pos(), text, this);
-    }
-}
-
-void BVSlider::hideDragToolTip()
-{
-    if (m_extended || m_spanSlider)
-        QToolTip::hideText();
+    m_pointer->move(event);
 }
 
 void BVSlider::mouseReleaseEvent(QMouseEvent *event)
 {
-    const QPointer<BVSlider> self(this);
-    if (m_drag->isReleasedBy(*event))
-        finishDrag(event);
-    else
-        passRelease(event);
-    if (!self)
-        return;
-    hideDragToolTip();
-    update();
-}
-
-void BVSlider::finishDrag(QMouseEvent *event)
-{
-    const Handle limit = m_drag->limit();
-    const bool isMoveOpen = m_drag->isMoveOpen(event->pos());
-    m_drag->end(); // a slot may open a dialog, which would end it too
-    updateCursor();
-    const QPointer<BVSlider> self(this);
-    passRelease(event);
-    event->accept();
-    if (self && limit == NoHandle) {
-        setSliderDown(false); // the toolkit waits for all buttons
-    } else if (self) {
-        const int target = isMoveOpen ? pixelPosToValue(event->pos()) : handlePosition(limit);
-        if (target != handlePosition(limit))
-            storeLimits(limit == LowerLimitHandle ? target : m_limits->minimum(),
-                        limit == LowerLimitHandle ? m_limits->maximum() : target);
-        if (self)
-            announceLimits();
-    }
-}
-
-void BVSlider::passRelease(QMouseEvent *event)
-{
-    if (!geometry().isTooWide())
-        QSlider::mouseReleaseEvent(event);
-}
-
-void BVSlider::cancelDrag()
-{
-    const QPointer<BVSlider> self(this);
-    const BVSliderLimits limits = m_drag->limitsBefore();
-    m_drag->end();
-    updateCursor();
-    hideDragToolTip();
-    update();
-    setAdmissibleRange(limits.minimum(), limits.maximum(), m_limitHandlesActive);
-    int before = 0;
-    if (self && m_drag->hasPushed(value(), before))
-        setValue(before);
-}
-
-/// Ends what the user does with the pointer, as if it had ended before the last move.
-void BVSlider::abandonInput()
-{
-    const Handle held = m_drag->handle();
-    const bool isDown = isSliderDown() && !isHandleActive(ValueHandle);
-    const bool isValueHeld = held == ValueHandle || isDown || repeatAction() != SliderNoAction;
-    if (held == NoHandle && !isValueHeld)
-        return;
-    m_drag->end();
-    hideDragToolTip();
-    updateCursor();
-    update();
-    const QPointer<BVSlider> self(this);
-    if (isValueHeld)
-        letGoOfValue();
-    if (self && held > ValueHandle)
-        announceLimits();
-}
-
-void BVSlider::letGoOfValue()
-{
-    const bool wasDown = isSliderDown();
-    const bool hasMoved = sliderPosition() != value(); // without tracking
-    {
-        const QSignalBlocker blocker(this); // a slot may delete this while the toolkit goes on
-        setRepeatAction(SliderNoAction);
-        setSliderPosition(value());
-        setSliderDown(false);
-        // Otherwise the toolkit would take up the next move.
-        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(), Qt::LeftButton, Qt::NoButton,
-                            Qt::NoModifier);
-        passRelease(&release);
-    }
-    const QPointer<BVSlider> self(this);
-    if (hasMoved)
-        Q_EMIT sliderMoved(value());
-    if (self && wasDown)
-        Q_EMIT sliderReleased();
+    m_pointer->release(event);
 }
 
 void BVSlider::contextMenuEvent(QContextMenuEvent *event)
 {
-    if (m_drag->isActive())
+    if (m_pointer->drag().isActive())
         event->accept();
     else
         BVStatusControl<QSlider>::contextMenuEvent(event);
 }
 
-void BVSlider::updateHover(QEvent *event)
-{
-    Handle hovered = NoHandle;
-    if (event->type() != QEvent::HoverLeave) {
-        const QPoint position = static_cast<QHoverEvent *>(event)->pos();
-        hovered = limitAt(position);
-        if (hovered == NoHandle && handleRect(ValueHandle).contains(position))
-            hovered = ValueHandle;
-    }
-    if (!m_handles->hover(hovered))
-        return;
-    updateCursor();
-    update();
-}
-
 // Keys and wheel
-
-BVSliderSteps BVSlider::steps() const
-{
-    return {singleStep(), pageStep(), isRightToLeft(), invertedControls()};
-}
-
-void BVSlider::moveFocusedHandle(qint64 distance)
-{
-    const Handle handle = m_handles->focused();
-    const qint64 target = handlePosition(handle) + distance;
-    moveHandle(handle, static_cast<int>(qBound<qint64>(minimum(), target, maximum())));
-}
 
 void BVSlider::wheelEvent(QWheelEvent *event)
 {
-    const Handle handle = m_handles->focused();
-    if (!hasFocus() || !isHandleActive(handle)) {
+    if (!hasFocus() || !isHandleActive(focusedHandle()))
         event->ignore();
-        return;
-    }
-    if (handle == ValueHandle) {
+    else if (focusedHandle() == ValueHandle)
         QSlider::wheelEvent(event);
-        return;
-    }
-    event->accept();
-    if (m_drag->isActive())
-        return;
-    const QPointer<BVSlider> self(this);
-    const int before = handlePosition(handle);
-    const qint64 distance = steps().ofWheel(*event, m_handles->wheelRest());
-    moveFocusedHandle(distance);
-    // The page scrolls on at the end.
-    event->setAccepted(!self || distance == 0 || handlePosition(handle) != before);
+    else
+        event->setAccepted(m_pointer->drag().isActive() || m_handles->turnWheel(*event));
 }
 
 void BVSlider::keyPressEvent(QKeyEvent *event)
 {
     event->accept();
-    if (m_drag->limit() != NoHandle) {
+    if (m_pointer->drag().limit() != NoHandle) {
         if (event->key() == Qt::Key_Escape)
-            cancelDrag();
+            m_pointer->cancel();
         return;
     }
-    qint64 distance = 0;
-    if (!isHandleActive(m_handles->focused()))
+    if (!isHandleActive(focusedHandle()))
         event->ignore();
-    else if (m_handles->focused() == ValueHandle)
+    else if (focusedHandle() == ValueHandle)
         QSlider::keyPressEvent(event);
-    else if (steps().ofKey(event->key(), distance))
-        moveFocusedHandle(distance);
     else
-        event->ignore();
+        event->setAccepted(m_handles->pressKey(event->key()));
 }
 
 bool BVSlider::handleVirtualSlider(QEvent *event)
 {
     const auto *step = static_cast<Brimvale::VirtualSliderEvent *>(event);
+    const BVSliderSteps steps(*this);
     qint64 distance = 0;
-    const bool counts = isHandleActive(ValueHandle) && !m_drag->isActive() &&
-                        steps().ofVirtualKey(step->getKeys(), step->getModifiers(), distance);
+    const bool counts = isHandleActive(ValueHandle) && !m_pointer->drag().isActive() &&
+                        steps.ofVirtualKey(step->getKeys(), step->getModifiers(), distance);
     event->setAccepted(counts);
     if (counts)
         setValue(boundToAdmissible(sliderPosition() + distance));
@@ -928,7 +676,7 @@ bool BVSlider::event(QEvent *event)
     if (event->type() == Brimvale::VirtualSliderEvent::s_virtualSliderEventType)
         return handleVirtualSlider(event);
     if (event->type() == QEvent::ToolTip) {
-        if (!m_drag->isActive() && !isSliderDown())
+        if (!m_pointer->drag().isActive() && !isSliderDown())
             QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), composedToolTip(this),
                                this, rect(), toolTipDuration());
         return true;
@@ -936,7 +684,7 @@ bool BVSlider::event(QEvent *event)
     if (event->type() == QEvent::Polish)
         changeLook();
     if (isHover(*event)) {
-        updateHover(event);
+        m_pointer->hover(*static_cast<QHoverEvent *>(event));
         if (geometry().isTooWide()) // for the toolkit's own look at it
             return QAbstractSlider::event(event);
     }
@@ -947,6 +695,6 @@ bool BVSlider::event(QEvent *event)
     if (self && isStatusChange)
         changeLook();
     if (self && takesAway)
-        abandonInput();
+        m_pointer->abandon();
     return handled;
 }

@@ -13,17 +13,16 @@
 #include <memory>
 
 class BVFormatter;
-class BVSliderDrag;
 class BVSliderGeometry;
 class BVSliderHandles;
 class BVSliderLimits;
 class BVSliderMarks;
+class BVSliderPointer;
 class BVSliderScale;
 class BVSliderShapes;
 class QRegion;
 struct BVSliderScene;
 struct BVSliderState;
-struct BVSliderSteps;
 
 /// A slider whose integer positions stand for physical values.
 ///
@@ -286,6 +285,8 @@ protected:
     void sliderChange(SliderChange change) override;
 
 private:
+    friend BVSliderPointer;
+
     bool takesInput() const;
     bool hasLimitHandles() const { return m_limitHandlesActive || m_spanSlider; }
     bool isLimitShown(Handle handle) const;
@@ -301,24 +302,8 @@ private:
     void changeSize();
     void updateCursor();
 
-    Handle limitAt(const QPoint &position) const;
     void moveLimit(Handle handle, int position);
-    void pressLimit(Handle limit, const QMouseEvent &event);
-    void pressValue(QMouseEvent *event);
-    void dragValue(QMouseEvent *event);
-    void handleMove();
-    void finishDrag(QMouseEvent *event);
-    void passRelease(QMouseEvent *event);
-    void cancelDrag();
-    void abandonInput();
-    void letGoOfValue();
-    void showDragToolTip();
-    void hideDragToolTip();
-
-    BVSliderSteps steps() const;
-    void moveFocusedHandle(qint64 distance);
     bool handleVirtualSlider(QEvent *event);
-    void updateHover(QEvent *event);
     bool needsOwnPainting() const;
     void fillScene(BVSliderScene &scene) const;
     BVSliderState currentState() const;
@@ -334,8 +319,8 @@ private:
     // Never null
     std::unique_ptr<BVSliderLimits> m_limits; // as they were asked for
     std::unique_ptr<BVSliderScale> m_scale;
-    std::unique_ptr<BVSliderDrag> m_drag;
     std::unique_ptr<BVSliderHandles> m_handles;
+    std::unique_ptr<BVSliderPointer> m_pointer;
     std::unique_ptr<BVSliderMarks> m_marks;
 
     mutable std::unique_ptr<BVSliderShapes> m_shapes; // null when out of date

@@ -3,6 +3,9 @@
 
 #include "foundation/BVCursorTable.h"
 #include "units/BVSliderAccessible_p.h"
+#include "units/BVSliderSteps_p.h"
+
+#include <QPointer>
 
 void BVSliderHandles::focus(BVSlider::Handle handle)
 {
@@ -55,6 +58,32 @@ void BVSliderHandles::enter(bool forward)
         }
         m_focused = static_cast<BVSlider::Handle>(next);
     }
+}
+
+void BVSliderHandles::moveFocused(qint64 distance)
+{
+    const qint64 target = m_slider.handlePosition(m_focused) + distance;
+    m_slider.moveHandle(m_focused, static_cast<int>(qBound<qint64>(m_slider.minimum(), target,
+                                                                   m_slider.maximum())));
+}
+
+bool BVSliderHandles::pressKey(int key)
+{
+    qint64 distance = 0;
+    if (!BVSliderSteps(m_slider).ofKey(key, distance))
+        return false;
+    moveFocused(distance);
+    return true;
+}
+
+bool BVSliderHandles::turnWheel(const QWheelEvent &event)
+{
+    const QPointer<BVSlider> slider(&m_slider);
+    const BVSlider::Handle handle = m_focused;
+    const int before = m_slider.handlePosition(handle);
+    const qint64 distance = BVSliderSteps(m_slider).ofWheel(event, m_wheelRest);
+    moveFocused(distance);
+    return !slider || distance == 0 || slider->handlePosition(handle) != before;
 }
 
 bool BVSliderHandles::hover(BVSlider::Handle handle)

@@ -5,6 +5,8 @@
 
 #include <QCursor>
 
+class QWheelEvent;
+
 /// Which handle of a slider keys and pointer mean, and the cursor that tells so.
 class BVSliderHandles
 {
@@ -26,8 +28,10 @@ public:
     /// The focus comes to the slider, from in front of the first handle or from behind the last.
     void enter(bool forward);
 
-    /// What is left of the wheel's turns over the limit that has the focus; see BVSliderSteps.
-    double &wheelRest() { return m_wheelRest; }
+    /// Moves the handle that has the focus. False for another key.
+    bool pressKey(int key);
+    /// Turns the wheel over that handle. False if it is at its end.
+    bool turnWheel(const QWheelEvent &event);
 
     /// Takes down what is under the pointer. False if it is as before.
     bool hover(BVSlider::Handle handle);
@@ -35,13 +39,14 @@ public:
     void updateCursor(bool isDraggingLimit);
 
 private:
+    void moveFocused(qint64 distance);
     void takeCursor(const QCursor &cursor);
     void giveCursorBack();
 
     BVSlider &m_slider;
     BVSlider::Handle m_focused = BVSlider::ValueHandle;
     BVSlider::Handle m_hovered = BVSlider::NoHandle;
-    double m_wheelRest = 0.0; // positions
+    double m_wheelRest = 0.0; // positions, that the handle has not moved yet
     bool m_hasTakenCursor = false;
     bool m_hadCursor = false; // the slider, one of its own
     QCursor m_cursor;         // which we have set

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "units/BVSliderSteps_p.h"
 
+#include <QAbstractSlider>
 #include <QApplication>
 #include <QWheelEvent>
 
@@ -35,6 +36,14 @@ constexpr KeyRow s_keys[] = {
 // clang-format on
 
 } // namespace
+
+BVSliderSteps::BVSliderSteps(const QAbstractSlider &slider)
+    : single(slider.singleStep())
+    , page(slider.pageStep())
+    , rightToLeft(slider.isRightToLeft())
+    , inverted(slider.invertedControls())
+{
+}
 
 bool BVSliderSteps::ofKey(int key, qint64 &distance) const
 {

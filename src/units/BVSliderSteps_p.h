@@ -4,15 +4,18 @@
 #include <QtGlobal>
 #include <qnamespace.h>
 
+class QAbstractSlider;
 class QWheelEvent;
 
 /// How far keys move a handle of a slider.
 struct BVSliderSteps
 {
-    int single = 1; // positions, like the next
-    int page = 10;
-    bool rightToLeft = false;
-    bool inverted = false; // keys move the other way
+    explicit BVSliderSteps(const QAbstractSlider &slider);
+
+    int single; // positions, like the next
+    int page;
+    bool rightToLeft;
+    bool inverted; // keys move the other way
 
     /// Farther than any two positions are apart.
     static constexpr qint64 s_farthest = Q_INT64_C(1) << 33;
