@@ -392,13 +392,18 @@ void BVSlider::setUseAsSpanSlider(bool on)
     changeSize();
 }
 
-/// May delete this, as it ends the drag of a handle that is no longer there.
-void BVSlider::changeLook()
+void BVSlider::updateLook()
 {
     m_shapes.reset();
     m_handles->ensureFocused();
     updateCursor();
     update();
+}
+
+/// May delete this, as it ends the drag of a handle that is no longer there.
+void BVSlider::changeLook()
+{
+    updateLook();
     m_pointer->abandonIfInactive();
 }
 
@@ -664,11 +669,12 @@ void BVSlider::sliderChange(SliderChange change)
 void BVSlider::changeEvent(QEvent *event)
 {
     const QPointer<BVSlider> self(this);
-    changeLook(); // before the toolkit commits the position of a slider that gets disabled
+    if (event->type() == QEvent::EnabledChange)
+        changeLook(); // before the toolkit commits the position
     if (self)
         BVStatusControl<QSlider>::changeEvent(event);
     if (self)
-        changeLook();
+        updateLook();
 }
 
 bool BVSlider::event(QEvent *event)
@@ -682,7 +688,7 @@ bool BVSlider::event(QEvent *event)
         return true;
     }
     if (event->type() == QEvent::Polish)
-        changeLook();
+        updateLook();
     if (isHover(*event)) {
         m_pointer->hover(*static_cast<QHoverEvent *>(event));
         if (geometry().isTooWide()) // for the toolkit's own look at it

@@ -298,6 +298,7 @@ private:
     BVSliderShapes &shapes() const;
     const BVSliderGeometry &geometry() const;
     QSize sizeAcross(int least) const;
+    void updateLook();
     void changeLook();
     void changeSize();
     void updateCursor();
