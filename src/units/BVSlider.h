@@ -8,22 +8,21 @@
 
 #include <QBrush>
 #include <QColor>
-#include <QPolygon>
 #include <QSlider>
-#include <QVector>
 
-#include <limits>
 #include <memory>
 
 class BVFormatter;
 class BVSliderGeometry;
+class BVSliderHandles;
+class BVSliderLimits;
+class BVSliderMarks;
+class BVSliderPointer;
 class BVSliderScale;
-class QPixmap;
+class BVSliderShapes;
 class QRegion;
-class QTimer;
 struct BVSliderScene;
 struct BVSliderState;
-struct BVSliderSteps;
 
 /// A slider whose integer positions stand for physical values.
 ///
@@ -38,16 +37,22 @@ struct BVSliderSteps;
 /// may be shown in each of them.
 ///
 /// Tab goes through the handles that can be moved: the value, the lower limit, the upper limit.
-/// Arrow keys, Page Up, Page Down, Home and End move the one that has the focus, a limit within the
-/// slider's range and up to the other limit. Escape brings a limit that is being dragged back, and
-/// with it a value that it has pushed along.
+/// Arrow keys, Page Up, Page Down, Home and End move the one that has the focus, as does the wheel,
+/// a limit within the slider's range and up to the other limit. Escape brings a limit that is being
+/// dragged back, and with it a value that it has pushed along, unless someone else has moved it
+/// since.
 ///
-/// A slider that is locked by its status (StandardLocked) or disabled takes no input. The wheel
-/// turns it only while it has the focus, so that the page scrolls on. A
-/// Brimvale::VirtualSliderEvent moves the value by its number of single steps, ten times as far
+/// A slider that is locked by its status (StandardLocked) or disabled takes no input. What happens
+/// to it during a drag (it is locked, disabled or hidden, its window is blocked or left, the
+/// release gets lost, the handle is no longer there) ends the drag: limits stay as they are, and
+/// the value as it was last announced. The wheel turns the slider only while it has the focus, so
+/// that the page scrolls on.
+///
+/// A Brimvale::VirtualSliderEvent moves the value by its number of single steps, ten times as far
 /// with Ctrl, a tenth as far (but by one position at least) with Shift; the code of an arrow key,
-/// Page Up, Page Down, Home or End in its place acts as that key. It is ignored where a key would
-/// be.
+/// Page Up, Page Down, Home or End in its place acts as that key. All other codes of keys without a
+/// character (0x01000000 to 0x01ffffff) are ignored. So is the event where a key would be, and
+/// during a drag.
 ///
 /// Values are told in tool tips and to assistive technology as the formatter writes them, unless a
 /// converter is set.
@@ -116,8 +121,9 @@ public:
 
     // Admissible range
 
-    int admissibleMinimum() const { return m_admissibleMinimum; }
-    int admissibleMaximum() const { return m_admissibleMaximum; }
+    /// The limits as they were asked for, whatever the slider's range.
+    int admissibleMinimum() const;
+    int admissibleMaximum() const;
     /// Sets both limits, in positions, and whether the user may drag them. If the minimum is above
     /// the maximum, the one that changes gives way; if both do, the minimum. A value outside moves
     /// to the nearer limit. Unchanged limits emit nothing.
@@ -125,7 +131,7 @@ public:
     /// Sets one limit, which the other stops.
     void setAdmissibleMinimum(int minimum);
     void setAdmissibleMaximum(int maximum);
-    /// Takes the limits away: the lowest and the highest int. A span slider keeps its whole range.
+    /// Takes the limits away: the lowest and the highest int.
     void clearAdmissibleRange();
     /// Whether the user may drag the limits; off at first. Those of a span slider always move.
     bool limitHandlesActive() const { return m_limitHandlesActive; }
@@ -136,19 +142,21 @@ public:
     /// Whether the status StandardLocked is set.
     bool isLocked() const;
     void setLocked(bool locked);
-    /// Whether the user may move the value; on at first. The limits do not mind.
+    /// Whether the user may move the value, with pointer, keys or wheel; on at first. Without it a
+    /// press beside the limits does nothing. The limits do not mind.
     bool isInputEnabled() const { return m_inputEnabled; }
     void setInputEnabled(bool enabled);
     /// Whether the user could move the handle now: it is there and neither locked, disabled nor,
     /// for the value, without input.
     bool isHandleActive(Handle handle) const;
     /// The handle that keys move while the slider has the focus.
-    Handle focusedHandle() const { return m_focusedHandle; }
+    Handle focusedHandle() const;
     /// Ignored unless the handle is active.
     void setFocusedHandle(Handle handle);
     /// Moves a handle as the user would, so within its bounds; ignored unless the handle is active.
     void moveHandle(Handle handle, int position);
-    /// Where a handle stands, in positions; 0 for NoHandle.
+    /// Where a handle stands, in positions; 0 for NoHandle. That of a span slider's limit is in the
+    /// slider's range.
     int handlePosition(Handle handle) const;
     /// The lowest and the highest position that moveHandle() takes the handle to.
     int handleMinimum(Handle handle) const;
@@ -156,12 +164,13 @@ public:
 
     // Pixels, in the coordinates of the widget along the slider
 
-    /// The middle of the handle at the position, which is moved into the slider's range.
+    /// The middle of the handle at the position, which is moved into the slider's range. As the
+    /// handle's way and the track have other ends, a click there may jump to a neighbour.
     int valueToPixelPos(int value) const;
     /// The position that a click jumps to. The track begins 8 pixels behind the left end of the
     /// groove and ends 11 before its right end (6 and 6 for an extended slider), 8 and 8 for a
     /// vertical slider. Right-to-left and inverted sliders mirror it. Beyond lie minimum and
-    /// maximum.
+    /// maximum; of a groove without a track, each half stands for its end.
     int pixelPosToValue(int pixel) const;
     int pixelPosToValue(const QPoint &position) const;
     /// The part of the widget that shows a handle; empty if it is not there.
@@ -201,8 +210,9 @@ public:
     /// under a Gaussian curve.
     bool isDVValueSlider() const { return m_dvValueSlider; }
     void setIsDVValueSlider(bool on);
-    /// Whether the two limits are the input and there is no handle for the value. The limits of a
-    /// span slider are kept in its range.
+    /// Whether the two limits are the input and there is no handle for the value. A limit beyond
+    /// the slider's range then has its handle at the range's end, and keeps its position until the
+    /// user moves it.
     bool isSpanSlider() const { return m_spanSlider; }
     void setUseAsSpanSlider(bool on);
 
@@ -222,11 +232,11 @@ public:
     void clearBestValue();
 
     /// Fills the groove; no brush, as at first, for a colour from the palette.
-    QBrush grooveBaseBrush() const { return m_grooveBaseBrush; }
+    QBrush grooveBaseBrush() const;
     void setGrooveBaseBrush(const QBrush &brush);
     /// Tints the admissible range, the limit handles and the curve; invalid, as at first, for the
     /// colour of the status.
-    QColor brushColor() const { return m_brushColor; }
+    QColor brushColor() const;
     void setBrushColor(const QColor &color);
 
     static QBrush defaultMarkerBrush();
@@ -253,7 +263,7 @@ public:
     QString toolTipText() const override;
 
 Q_SIGNALS:
-    /// A limit has changed; also once when the user lets go of one.
+    /// A limit has changed; also once when the user lets go of one, or has to.
     void admissibleRangeChanged(int minimum, int maximum);
     /// The user has clicked on the groove; connected to setValue().
     void requestValueChange(int value);
@@ -269,19 +279,13 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
     bool focusNextPrevChild(bool next) override;
     void sliderChange(SliderChange change) override;
 
 private:
-    struct Shapes;
-    struct Marker
-    {
-        int from;
-        int to; // not below from
-        QBrush brush;
-    };
+    friend BVSliderPointer;
 
     bool takesInput() const;
     bool hasLimitHandles() const { return m_limitHandlesActive || m_spanSlider; }
@@ -289,73 +293,36 @@ private:
     int boundToAdmissible(qint64 position) const;
     bool storeLimits(int minimum, int maximum);
     void announceLimits();
-    void keepSpanInRange();
+    void announceValues();
 
-    const Shapes &shapes() const;
+    BVSliderShapes &shapes() const;
     const BVSliderGeometry &geometry() const;
-    void computeShapes() const;
+    QSize sizeAcross(int least) const;
+    void updateLook();
     void changeLook();
     void changeSize();
+    void updateCursor();
 
     void moveLimit(Handle handle, int position);
-    Handle draggedLimit() const;
-    Handle limitAt(const QPoint &position) const;
-    void beginDrag(Handle limit, const QPoint &position);
-    void handleMove(const QPoint &position);
-    void onThrottleEnded();
-    void finishDrag(const QPoint &position);
-    void cancelDrag();
-    void endDrag();
-    void passMoveOn(QMouseEvent *event);
-    void showDragToolTip();
-
-    BVSliderSteps steps() const;
-    bool moveByKey(int key);
     bool handleVirtualSlider(QEvent *event);
-    void focusHandle(Handle handle);
-    void ensureFocusedHandle();
-    void updateHover(QEvent *event);
-    void updateCursor();
-    void announceHandle(Handle handle, bool focus);
     bool needsOwnPainting() const;
     void fillScene(BVSliderScene &scene) const;
     BVSliderState currentState() const;
-    QPixmap decoration(const BVSliderState &state, qreal pixelRatio) const;
 
     BVFormatter *m_formatter; // child of this
-    QTimer *m_moveThrottle;   // child of this; while it runs, moves only wait
-    int m_admissibleMinimum = std::numeric_limits<int>::min();
-    int m_admissibleMaximum = std::numeric_limits<int>::max();
     bool m_limitHandlesActive = false;
     bool m_inputEnabled = true;
     bool m_extended = false;
     bool m_dvValueSlider = false;
     bool m_spanSlider = false;
-
-    bool m_draggingLowerLimit = false;
-    bool m_draggingUpperLimit = false;
-    bool m_movePending = false;  // m_lastMove has not reached the limit yet
-    QPoint m_lastMove;           // or press
-    int m_clickOffset = 0;       // px, from the begin of the handle to the press on it
-    int m_minimumBeforeDrag = 0; // these bring Escape back
-    int m_maximumBeforeDrag = 0;
-    int m_valueBeforeDrag = 0;
-
-    Handle m_focusedHandle = ValueHandle;
-    Handle m_hoveredHandle = NoHandle;
-    bool m_ownsCursor = false;
-
     std::unique_ptr<ValueToStringConverter> m_toolTipConverter;
-    std::unique_ptr<BVSliderScale> m_scale; // never null
 
-    QVector<Marker> m_markers;
-    bool m_hasDistribution = false;
-    double m_mean = 0.0;      // positions
-    double m_deviation = 0.0; // positions
-    bool m_hasBestValue = false;
-    int m_bestValue = 0;
-    QBrush m_grooveBaseBrush;
-    QColor m_brushColor;
+    // Never null
+    std::unique_ptr<BVSliderLimits> m_limits; // as they were asked for
+    std::unique_ptr<BVSliderScale> m_scale;
+    std::unique_ptr<BVSliderHandles> m_handles;
+    std::unique_ptr<BVSliderPointer> m_pointer;
+    std::unique_ptr<BVSliderMarks> m_marks;
 
-    mutable std::unique_ptr<Shapes> m_shapes; // null when out of date
+    mutable std::unique_ptr<BVSliderShapes> m_shapes; // null when out of date
 };

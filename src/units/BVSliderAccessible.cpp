@@ -10,10 +10,20 @@ namespace {
 
 constexpr BVSlider::Handle s_limits[] = {BVSlider::LowerLimitHandle, BVSlider::UpperLimitHandle};
 
-QString nameOf(BVSlider::Handle limit)
+/// The name of a limit, behind that of its slider if that has one.
+QString nameOf(BVSlider::Handle limit, const QString &slider)
 {
-    return limit == BVSlider::LowerLimitHandle ? BVSlider::tr("Lower limit")
-                                               : BVSlider::tr("Upper limit");
+    const bool isLower = limit == BVSlider::LowerLimitHandle;
+    if (slider.isEmpty())
+        return isLower ? BVSlider::tr("Lower limit") : BVSlider::tr("Upper limit");
+    return (isLower ? BVSlider::tr("%1, lower limit") : BVSlider::tr("%1, upper limit"))
+        .arg(slider);
+}
+
+bool isThere(const BVSlider *slider, BVSlider::Handle handle)
+{
+    return BVSliderAccessible::childOf(handle) < 0 || slider->limitHandlesActive() ||
+           slider->isSpanSlider();
 }
 
 QStringList actionsOf(const BVSlider *slider, BVSlider::Handle handle)
@@ -87,7 +97,7 @@ public:
     QString text(QAccessible::Text kind) const override
     {
         if (m_slider && kind == QAccessible::Name)
-            return nameOf(m_limit);
+            return nameOf(m_limit, parent() ? parent()->text(QAccessible::Name) : QString());
         if (m_slider && kind == QAccessible::Value)
             return m_slider->positionToText(m_slider->handlePosition(m_limit));
         return QString();
@@ -185,11 +195,26 @@ BVSliderAccessible::~BVSliderAccessible()
 
 void BVSliderAccessible::install()
 {
-    static const bool s_installed = [] {
-        QAccessible::installFactory(sliderInterface);
-        return true;
-    }();
-    Q_UNUSED(s_installed)
+    // The toolkit forgets it with each application object, and refuses to keep it twice.
+    QAccessible::installFactory(sliderInterface);
+}
+
+void BVSliderAccessible::announceFocus(BVSlider *slider, BVSlider::Handle handle)
+{
+    if (!QAccessible::isActive() || !isThere(slider, handle))
+        return;
+    QAccessibleEvent event(slider, QAccessible::Focus);
+    event.setChild(childOf(handle));
+    QAccessible::updateAccessibility(&event);
+}
+
+void BVSliderAccessible::announceValue(BVSlider *slider, BVSlider::Handle handle)
+{
+    if (!QAccessible::isActive() || !isThere(slider, handle))
+        return;
+    QAccessibleValueChangeEvent event(slider, slider->handlePosition(handle));
+    event.setChild(childOf(handle));
+    QAccessible::updateAccessibility(&event);
 }
 
 int BVSliderAccessible::childOf(BVSlider::Handle handle)
@@ -200,7 +225,7 @@ int BVSliderAccessible::childOf(BVSlider::Handle handle)
 
 BVSlider *BVSliderAccessible::slider() const
 {
-    return static_cast<BVSlider *>(object());
+    return qobject_cast<BVSlider *>(object());
 }
 
 void *BVSliderAccessible::interface_cast(QAccessible::InterfaceType type)
@@ -212,8 +237,7 @@ void *BVSliderAccessible::interface_cast(QAccessible::InterfaceType type)
 
 int BVSliderAccessible::limitCount() const
 {
-    return slider()->limitHandlesActive() || slider()->isSpanSlider() ? int(std::size(s_limits))
-                                                                      : 0;
+    return slider() && isThere(slider(), s_limits[0]) ? int(std::size(s_limits)) : 0;
 }
 
 int BVSliderAccessible::childCount() const
@@ -254,27 +278,29 @@ QAccessibleInterface *BVSliderAccessible::childAt(int x, int y) const
 
 QAccessibleInterface *BVSliderAccessible::focusChild() const
 {
-    const int index = childOf(slider()->focusedHandle());
-    if (slider()->hasFocus() && index >= 0 && index < limitCount())
+    const int index = slider() ? childOf(slider()->focusedHandle()) : -1;
+    if (index >= 0 && slider()->hasFocus() && index < limitCount())
         return child(index);
     return QAccessibleWidget::focusChild();
 }
 
 QString BVSliderAccessible::text(QAccessible::Text kind) const
 {
-    if (kind != QAccessible::Value)
-        return QAccessibleWidget::text(kind);
     const BVSlider *shown = slider();
+    if (kind != QAccessible::Value || !shown)
+        return QAccessibleWidget::text(kind);
     if (!shown->isSpanSlider())
         return shown->positionToText(shown->sliderPosition());
     return BVSlider::tr("%1 to %2")
-        .arg(shown->positionToText(shown->admissibleMinimum()),
-             shown->positionToText(shown->admissibleMaximum()));
+        .arg(shown->positionToText(shown->handlePosition(BVSlider::LowerLimitHandle)),
+             shown->positionToText(shown->handlePosition(BVSlider::UpperLimitHandle)));
 }
 
 QAccessible::State BVSliderAccessible::state() const
 {
     QAccessible::State state = QAccessibleWidget::state();
+    if (!slider())
+        return state;
     state.readOnly = !slider()->isHandleActive(BVSlider::ValueHandle);
     if (childOf(slider()->focusedHandle()) >= 0)
         state.focused = false;
@@ -283,30 +309,30 @@ QAccessible::State BVSliderAccessible::state() const
 
 QVariant BVSliderAccessible::currentValue() const
 {
-    return slider()->handlePosition(BVSlider::ValueHandle);
+    return slider() ? slider()->handlePosition(BVSlider::ValueHandle) : QVariant();
 }
 
 void BVSliderAccessible::setCurrentValue(const QVariant &value)
 {
     bool isNumber = false;
     const int position = value.toInt(&isNumber);
-    if (isNumber)
+    if (isNumber && slider())
         slider()->moveHandle(BVSlider::ValueHandle, position);
 }
 
 QVariant BVSliderAccessible::maximumValue() const
 {
-    return slider()->handleMaximum(BVSlider::ValueHandle);
+    return slider() ? slider()->handleMaximum(BVSlider::ValueHandle) : QVariant();
 }
 
 QVariant BVSliderAccessible::minimumValue() const
 {
-    return slider()->handleMinimum(BVSlider::ValueHandle);
+    return slider() ? slider()->handleMinimum(BVSlider::ValueHandle) : QVariant();
 }
 
 QVariant BVSliderAccessible::minimumStepSize() const
 {
-    return slider()->singleStep();
+    return slider() ? slider()->singleStep() : QVariant();
 }
 
 QStringList BVSliderAccessible::actionNames() const

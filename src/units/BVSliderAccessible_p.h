@@ -15,6 +15,10 @@ public:
 
     /// Makes all sliders known; further calls do nothing.
     static void install();
+    /// Tell that a handle has got the focus, or another value; nothing for a limit that is not
+    /// there.
+    static void announceFocus(BVSlider *slider, BVSlider::Handle handle);
+    static void announceValue(BVSlider *slider, BVSlider::Handle handle);
     /// The child of a limit; -1 for the slider itself.
     static int childOf(BVSlider::Handle handle);
 

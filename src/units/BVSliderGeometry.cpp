@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "units/BVSliderGeometry_p.h"
 
+#include <QStyleOptionSlider>
+
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -19,7 +22,9 @@ constexpr int s_dvMarkerThickness = 12; // px
 constexpr int s_curveHeight = 22;       // px
 constexpr int s_curveStep = 2;          // px, along
 constexpr int s_bestSize = 4;           // px, half the width
-constexpr double s_curveReach = 1e3;    // deviations; further off the curve is flat anyway
+constexpr int s_leastTicks = 3;         // px, from one to the next
+constexpr int s_shortRange = std::numeric_limits<int>::max() / 4096;
+constexpr double s_curveReach = 1e3; // deviations; further off the curve is flat anyway
 
 int limitSize(const BVSliderLayout &layout)
 {
@@ -44,6 +49,11 @@ BVSliderGeometry::BVSliderGeometry(const BVSliderLayout &layout)
     const int middle = (firstAcross(layout.groove) + lastAcross(layout.groove) + 1) / 2;
     m_band = rect(firstAlong(layout.groove), middle - thick / 2,
                   lastAlong(layout.groove) - firstAlong(layout.groove) + 1, thick);
+}
+
+bool BVSliderGeometry::isTooWide() const
+{
+    return range() > std::numeric_limits<int>::max();
 }
 
 QPoint BVSliderGeometry::point(int along, int across) const
@@ -82,12 +92,40 @@ int BVSliderGeometry::thickness(const QRect &rect) const
     return lastAcross(rect) - firstAcross(rect) + 1;
 }
 
+int BVSliderGeometry::trackAt(int position) const
+{
+    const qint64 range = this->range();
+    if (range == 0 || m_trackSpan == 0)
+        return 0;
+    const qint64 bounded = qBound(m_layout.minimum, position, m_layout.maximum);
+    const qint64 distance =
+        m_layout.upsideDown ? m_layout.maximum - bounded : bounded - m_layout.minimum;
+    // So the toolkit has it: it rounds in short ranges and cuts off in long ones.
+    if (range > s_shortRange && !isTooWide())
+        return static_cast<int>(double(distance) / (double(range) / m_trackSpan));
+    return static_cast<int>((2 * distance * m_trackSpan + range) / (2 * range));
+}
+
 int BVSliderGeometry::pixelAt(int position) const
 {
-    const int bounded = qBound(m_layout.minimum, position, m_layout.maximum);
-    return m_trackStart + m_handleMiddle +
-           QStyle::sliderPositionFromValue(m_layout.minimum, m_layout.maximum, bounded, m_trackSpan,
-                                           m_layout.upsideDown);
+    return m_trackStart + m_handleMiddle + trackAt(position);
+}
+
+void BVSliderGeometry::narrow(QStyleOptionSlider &option) const
+{
+    if (!isTooWide())
+        return;
+    const auto pixels = [this](int positions, int least) {
+        const qint64 length = qint64(positions) * m_trackSpan / range();
+        return length < least ? 0 : static_cast<int>(length);
+    };
+    option.sliderPosition = option.sliderValue = trackAt(option.sliderPosition);
+    option.upsideDown = false; // trackAt() has seen to it
+    option.minimum = 0;
+    option.maximum = m_trackSpan;
+    option.tickInterval = pixels(option.tickInterval, s_leastTicks);
+    option.singleStep = qMax(1, pixels(option.singleStep, 1));
+    option.pageStep = qMax(s_leastTicks, pixels(option.pageStep, 1));
 }
 
 QRect BVSliderGeometry::handleAt(int position) const
@@ -101,6 +139,16 @@ QRect BVSliderGeometry::handleAt(int position) const
     return handle;
 }
 
+int BVSliderGeometry::positionBetween(int offset, int span, bool upsideDown) const
+{
+    qint64 distance = 0;
+    if (offset >= span)
+        distance = range();
+    else if (offset > 0)
+        distance = (2 * offset * range() + span) / (2 * span);
+    return static_cast<int>(upsideDown ? m_layout.maximum - distance : m_layout.minimum + distance);
+}
+
 int BVSliderGeometry::positionAt(int pixel) const
 {
     const int first = firstAlong(m_layout.groove);
@@ -109,21 +157,22 @@ int BVSliderGeometry::positionAt(int pixel) const
     int behind = m_layout.extended ? s_marginExtended : s_marginRight;
     if (!isHorizontal())
         before = behind = s_marginVertical;
-    // Seen from the end that has the minimum; a vertical slider's margins are equal.
     const int distance = static_cast<int>(qBound<qint64>(-1, qint64(pixel) - first, length));
+    const int span = length - before - behind;
+    if (span <= 0) // nothing but margins
+        return positionBetween(2 * distance < length ? 0 : 1, 1, m_layout.upsideDown);
+    if (!isHorizontal())
+        return positionBetween(distance - before, span, m_layout.upsideDown);
+    // The unequal margins go with the ends of the range.
     const int fromMinimum = m_layout.upsideDown ? length - 1 - distance : distance;
-    if (isHorizontal())
-        return QStyle::sliderValueFromPosition(m_layout.minimum, m_layout.maximum,
-                                               fromMinimum - before, length - before - behind,
-                                               false);
-    return QStyle::sliderValueFromPosition(m_layout.minimum, m_layout.maximum, distance - before,
-                                           length - before - behind, m_layout.upsideDown);
+    return positionBetween(fromMinimum - before, span, false);
 }
 
 int BVSliderGeometry::positionOfHandleAt(int pixel) const
 {
-    return QStyle::sliderValueFromPosition(m_layout.minimum, m_layout.maximum, pixel - m_trackStart,
-                                           m_trackSpan, m_layout.upsideDown);
+    if (m_trackSpan == 0)
+        return m_layout.upsideDown ? m_layout.maximum : m_layout.minimum;
+    return positionBetween(pixel - m_trackStart, m_trackSpan, m_layout.upsideDown);
 }
 
 bool BVSliderGeometry::jumpsAt(const QPoint &point, int position) const
@@ -245,7 +294,7 @@ QPolygonF BVSliderGeometry::curve(double mean, double deviation) const
 {
     const int foot = m_farSign > 0 ? firstAcross(m_band) : lastAcross(m_band) + 1;
     const double height = curveHeight();
-    const double range = double(m_layout.maximum) - double(m_layout.minimum);
+    const auto range = static_cast<double>(this->range());
     QPolygonF points;
     points.reserve(m_trackSpan / s_curveStep + 2);
     for (int pixel = 0; pixel < m_trackSpan + s_curveStep; pixel += s_curveStep) {

@@ -4,7 +4,8 @@
 #include <QPolygon>
 #include <QPolygonF>
 #include <QRect>
-#include <QStyle>
+
+class QStyleOptionSlider;
 
 /// What all shapes of a slider follow from.
 struct BVSliderLayout
@@ -37,6 +38,11 @@ public:
     const BVSliderLayout &layout() const { return m_layout; }
     bool isHorizontal() const { return m_layout.orientation == Qt::Horizontal; }
     int along(const QPoint &point) const { return isHorizontal() ? point.x() : point.y(); }
+
+    /// Whether the toolkit's arithmetic does not reach from one end of the range to the other.
+    bool isTooWide() const;
+    /// Gives the style a range of pixels in place of one that is too wide, with the same picture.
+    void narrow(QStyleOptionSlider &option) const;
 
     /// The middle of the style's handle, along the slider.
     int pixelAt(int position) const;
@@ -78,6 +84,9 @@ public:
     int roomForCurve() const;
 
 private:
+    qint64 range() const { return qint64(m_layout.maximum) - m_layout.minimum; }
+    int trackAt(int position) const;
+    int positionBetween(int offset, int span, bool upsideDown) const;
     QPoint point(int along, int across) const;
     QRect rect(int along, int across, int length, int thickness) const;
     int firstAlong(const QRect &rect) const;

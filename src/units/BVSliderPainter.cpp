@@ -221,6 +221,7 @@ void BVSliderPainter::paintHandle(const QStyleOptionSlider &option)
     m_painter.setRenderHint(QPainter::Antialiasing, false);
     const auto draw = [&](QStyle::SubControl part) {
         QStyleOptionSlider drawn = option;
+        m_scene.geometry.narrow(drawn);
         drawn.subControls = part;
         m_widget.style()->drawComplexControl(QStyle::CC_Slider, &drawn, &m_painter, &m_widget);
     };

@@ -1,13 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "units/BVSliderSteps_p.h"
 
+#include <QAbstractSlider>
+#include <QApplication>
+#include <QWheelEvent>
+
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace {
 
-constexpr int s_firstKeyCode = 0x1000000; // the toolkit's codes of keys without a character
-constexpr qint64 s_factor = 10;           // of Ctrl; Shift divides by it
+constexpr int s_firstKeyCode = 0x01000000; // the toolkit's codes of keys without a character
+constexpr int s_lastKeyCode = 0x01ffffff;
+constexpr double s_notch = 120.0; // eighths of a degree, of the wheel
+constexpr qint64 s_factor = 10;   // of Ctrl; Shift divides by it
 
 struct KeyRow
 {
@@ -30,6 +37,14 @@ constexpr KeyRow s_keys[] = {
 
 } // namespace
 
+BVSliderSteps::BVSliderSteps(const QAbstractSlider &slider)
+    : single(slider.singleStep())
+    , page(slider.pageStep())
+    , rightToLeft(slider.isRightToLeft())
+    , inverted(slider.invertedControls())
+{
+}
+
 bool BVSliderSteps::ofKey(int key, qint64 &distance) const
 {
     if (key == Qt::Key_Home || key == Qt::Key_End) {
@@ -46,17 +61,34 @@ bool BVSliderSteps::ofKey(int key, qint64 &distance) const
     return true;
 }
 
-qint64 BVSliderSteps::ofVirtualKey(int key, Qt::KeyboardModifiers modifiers) const
+bool BVSliderSteps::ofVirtualKey(int key, Qt::KeyboardModifiers modifiers, qint64 &distance) const
 {
-    qint64 distance = 0;
-    if (key < s_firstKeyCode || !ofKey(key, distance))
-        distance = qBound(-s_farthest, qint64(key) * single, s_farthest);
-    if (qAbs(distance) == s_farthest)
-        return distance;
-    if (modifiers & Qt::ControlModifier)
-        distance = qBound(-s_farthest, distance * s_factor, s_farthest);
-    if (!(modifiers & Qt::ShiftModifier) || distance == 0)
-        return distance;
-    const qint64 small = distance / s_factor;
-    return small != 0 ? small : (distance < 0 ? -1 : 1);
+    qint64 length = qBound(-s_farthest, qint64(key) * single, s_farthest);
+    if (key >= s_firstKeyCode && key <= s_lastKeyCode && !ofKey(key, length))
+        return false;
+    const bool isBounded = qAbs(length) == s_farthest;
+    if (!isBounded && (modifiers & Qt::ControlModifier))
+        length = qBound(-s_farthest, length * s_factor, s_farthest);
+    if (!isBounded && (modifiers & Qt::ShiftModifier) && length != 0)
+        length = qAbs(length) < s_factor ? (length < 0 ? -1 : 1) : length / s_factor;
+    distance = length;
+    return true;
+}
+
+qint64 BVSliderSteps::ofWheel(const QWheelEvent &event, double &rest) const
+{
+    const QPoint angle = event.angleDelta();
+    const bool isUpright = angle.y() != 0;
+    const bool isReversed = (event.inverted() != inverted) != !isUpright;
+    const double notches = (isUpright ? angle.y() : angle.x()) / s_notch * (isReversed ? -1 : 1);
+    if (event.modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) {
+        rest = 0.0;
+        return qBound<qint64>(-page, std::lround(notches * page), page);
+    }
+    if (rest * notches < 0)
+        rest = 0.0;
+    rest += notches * QApplication::wheelScrollLines() * single;
+    const double whole = std::trunc(rest);
+    rest -= whole;
+    return static_cast<qint64>(qBound(double(-page), whole, double(page)));
 }

@@ -7,7 +7,6 @@
 
 #include <QAccessible>
 #include <QSignalSpy>
-#include <QStyleOptionSlider>
 #include <QtTest>
 #include <QtWidgets>
 
@@ -32,21 +31,26 @@ std::unique_ptr<BVSlider> shownSlider(Qt::Orientation orientation = Qt::Horizont
     return slider;
 }
 
-QStyleOptionSlider optionOf(const BVSlider &slider)
+void moveMouse(QWidget *widget, const QPoint &position, Qt::MouseButtons held = Qt::LeftButton)
 {
-    struct Opened : BVSlider
-    {
-        using BVSlider::initStyleOption;
-    };
-    QStyleOptionSlider option;
-    (slider.*(&Opened::initStyleOption))(&option);
-    return option;
+    QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton, held, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
 }
 
-void moveMouse(QWidget *widget, const QPoint &position)
+/// Ends a drag without a release: by a property, an event or what is named.
+void interrupt(BVSlider *slider, const QString &by)
 {
-    QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
+    QEvent blocked(QEvent::WindowBlocked);
+    if (by == QLatin1String("blocked"))
+        QApplication::sendEvent(slider, &blocked);
+    else if (by == QLatin1String("locked"))
+        slider->setLocked(true);
+    else if (by == QLatin1String("lost release"))
+        moveMouse(slider, QPoint(1, 1), Qt::NoButton);
+    else if (by == QLatin1String("minimum"))
+        slider->setMinimum(130);
+    else
+        slider->setProperty(qUtf8Printable(by), by == QLatin1String("spanSlider"));
 }
 
 QPoint onGroove(const BVSlider &slider, int pixel)
@@ -65,20 +69,22 @@ private Q_SLOTS:
     void initTestCase();
     void pixelToPosition_data();
     void pixelToPosition();
+    void handlePixels_data();
     void handlePixels();
+    void interruptedDrag_data();
+    void interruptedDrag();
     void admissibleRange_data();
     void admissibleRange();
     void press_data();
     void press();
     void limitDrag();
     void limitDragVertical();
-    void handleStaysAdmissible();
     void keys_data();
     void keys();
     void tabGoesThroughHandles();
     void virtualSlider_data();
     void virtualSlider();
-    void wheelNeedsFocus();
+    void wheelMovesLimit();
     void values_data();
     void values();
     void texts();
@@ -95,28 +101,23 @@ void tst_BVSlider::pixelToPosition_data()
 {
     const Table<bool, bool, bool, bool, int, int> row("vertical", "extended", "rightToLeft", "inverted", "pixel", "position");
     row("in the left margin", false, false, false, false, 3, 0);
-    row("at the left margin", false, false, false, false, 8, 0);
     row("behind it", false, false, false, false, 9, 1);
     row("middle", false, false, false, false, 108, 100);
-    row("before the right margin", false, false, false, false, s_length - 12, 199);
     row("in the right margin", false, false, false, false, s_length - 5, 200);
-    row("far left", false, false, false, false, s_lowest, 0);
-    row("far right", false, false, false, false, s_highest, 200);
-    row("extended, at the left margin", false, true, false, false, 6, 0);
     row("extended, at the right margin", false, true, false, false, s_length - 6, 200);
-    row("extended, before it", false, true, false, false, s_length - 8, 198);
-    row("right to left", false, false, true, false, s_length - 9, 0);
     row("right to left, behind it", false, false, true, false, s_length - 10, 1);
     row("inverted", false, false, false, true, s_length - 10, 1);
     row("both", false, false, true, true, 9, 1);
-    row("vertical, top", true, false, false, false, 8, 200);
     row("vertical, bottom", true, false, false, false, s_length - 8, 0);
-    row("vertical, before it", true, true, false, false, s_length - 10, 2);
     row("vertical, inverted", true, false, false, true, 10, 2);
 }
 
 void tst_BVSlider::pixelToPosition()
 {
+    const auto narrow = shownSlider();
+    narrow->resize(16, 40); // nothing but margins
+    QCOMPARE(narrow->pixelPosToValue(5), 0);
+    QCOMPARE(narrow->pixelPosToValue(12), 200);
     const auto [vertical, extended, rightToLeft, inverted, pixel, position] =
         fetched<bool, bool, bool, bool, int, int>("vertical", "extended", "rightToLeft", "inverted", "pixel", "position");
     const auto slider = shownSlider(vertical ? Qt::Vertical : Qt::Horizontal);
@@ -127,24 +128,36 @@ void tst_BVSlider::pixelToPosition()
     QCOMPARE(slider->pixelPosToValue(vertical ? QPoint(0, pixel) : QPoint(pixel, 0)), position);
 }
 
+void tst_BVSlider::handlePixels_data()
+{
+    const Table<int, int, int, int> row("minimum", "maximum", "position", "pixel"); // the handle's way is 7 to 211
+    row("left end", 0, 200, 0, 7);
+    row("middle", 0, 200, 100, 109);
+    row("right end", 0, 200, 200, 211);
+    row("all, middle", s_lowest, s_highest, 0, 109);
+    row("all, right end", s_lowest, s_highest, s_highest, 211);
+    row("one too many, middle", -1, s_highest, s_highest / 2, 109);
+    row("one too many, right end", -1, s_highest, s_highest, 211);
+    row("half, middle", -(1 << 30), 1 << 30, 0, 109);
+    row("empty", s_highest, s_highest, s_highest, 7);
+}
+
 void tst_BVSlider::handlePixels()
 {
-    const QString sheet =
-        QStringLiteral("QSlider{padding:9px;margin:3px} QSlider::groove{height:4px;margin:0 6px} QSlider::handle{width:12px;border:2px solid blue}");
-    for (const QString &styled : {QString(), sheet}) {
-        const auto slider = shownSlider();
-        slider->setStyleSheet(styled);
-        for (const int minimum : {s_lowest, -7, s_highest}) {
-            slider->setRange(minimum, s_highest);
-            QStyleOptionSlider option = optionOf(*slider);
-            for (option.sliderPosition = minimum; option.sliderPosition < s_highest;
-                 option.sliderPosition = option.sliderPosition / 2 + s_highest / 2 + 1) {
-                const QRect handle = slider->style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider.get());
-                QCOMPARE(slider->valueToPixelPos(option.sliderPosition), handle.center().x());
-            }
-            QCOMPARE(slider->pixelPosToValue(s_lowest), minimum);
-        }
-    }
+    const auto [minimum, maximum, position, pixel] = fetched<int, int, int, int>("minimum", "maximum", "position", "pixel");
+    const auto slider = shownSlider();
+    slider->setRange(minimum, maximum);
+    slider->setValue(position);
+    QCOMPARE(slider->valueToPixelPos(position), pixel);
+    QTest::mouseMove(slider.get(), onGroove(*slider, pixel));
+    QTest::mousePress(slider.get(), Qt::LeftButton, Qt::NoModifier, onGroove(*slider, pixel)); // on the handle
+    moveMouse(slider.get(), onGroove(*slider, s_length));
+    QCOMPARE(slider->value(), maximum);
+    moveMouse(slider.get(), onGroove(*slider, 0));
+    QCOMPARE(slider->value(), minimum);
+    QTest::mouseRelease(slider.get(), Qt::LeftButton, Qt::NoModifier, onGroove(*slider, 0));
+    QVERIFY(!slider->isSliderDown());
+    QCOMPARE(slider->pixelPosToValue(108), static_cast<int>((qint64(minimum) + maximum + 1) / 2));
 }
 
 void tst_BVSlider::admissibleRange_data()
@@ -152,13 +165,10 @@ void tst_BVSlider::admissibleRange_data()
     // From 10..150 and the value 100.
     const Table<int, int, int, int, int, int> row("minimum", "maximum", "newMinimum", "newMaximum", "value", "signalCount");
     row("unchanged", 10, 150, 10, 150, 100, 0);
-    row("narrower around the value", 50, 120, 50, 120, 100, 1);
     row("above the value", 110, 150, 110, 150, 110, 1);
-    row("below the value", 10, 90, 10, 90, 90, 1);
     row("maximum below the minimum", 10, 5, 10, 10, 10, 1);
     row("minimum above the maximum", 160, 150, 150, 150, 150, 1);
     row("both crossed", 90, 80, 80, 80, 80, 1);
-    row("beyond the range", s_lowest, s_highest, s_lowest, s_highest, 100, 1);
     row("beside the range", 300, 400, 300, 400, 200, 1);
 }
 
@@ -194,7 +204,6 @@ void tst_BVSlider::press_data()
     const Table<QString, QPoint, int, int> row("setting", "offset", "value", "requests");
     // The offset counts from the middle of the handle, which stands at 100.
     row("on the groove", QString(), QPoint(50, 0), 150, 1);
-    row("at the end", QString(), QPoint(109, 0), 200, 1);
     row("beside the groove, along the handle", QString(), QPoint(50, 6), 150, 1);
     row("on the handle", QString(), QPoint(2, 2), 100, 0);
     row("beyond the admissible range", QStringLiteral("range"), QPoint(80, 0), 150, 1);
@@ -251,6 +260,9 @@ void tst_BVSlider::limitDrag()
     QTest::mouseClick(slider.get(), Qt::LeftButton, Qt::NoModifier, slider->handleRect(BVSlider::UpperLimitHandle).center());
     QCOMPARE(spy.count(), 4);
     QCOMPARE(spy.last().last().toInt(), 150); // a click moves nothing, but tells
+    QTest::mousePress(slider.get(), Qt::LeftButton, Qt::NoModifier, slider->handleRect(BVSlider::UpperLimitHandle).center());
+    QTest::mouseClick(slider.get(), Qt::LeftButton, Qt::NoModifier, onGroove(*slider, 130)); // the release got lost
+    QCOMPARE(slider->value(), slider->pixelPosToValue(130));
 }
 
 void tst_BVSlider::limitDragVertical()
@@ -265,36 +277,62 @@ void tst_BVSlider::limitDragVertical()
         moveMouse(slider.get(), QPoint(start.x(), pixel));
         QCOMPARE(slider->admissibleMaximum(), slider->pixelPosToValue(pixel));
     }
+    slider->setValue(60); // someone else
     QTest::keyClick(slider.get(), Qt::Key_Escape);
+    QCOMPARE(slider->value(), 60);
     QCOMPARE(spy.last(), QVariantList({50, 150}));
     QTest::mouseRelease(slider.get(), Qt::LeftButton, Qt::NoModifier, QPoint(start.x(), 20));
     QCOMPARE(slider->admissibleMaximum(), 150);
     QCOMPARE(spy.count(), 4); // three moves and the way back
 }
 
-void tst_BVSlider::handleStaysAdmissible()
+void tst_BVSlider::interruptedDrag_data()
 {
-    const auto slider = shownSlider();
-    slider->setAdmissibleRange(50, 150, false);
-    QSignalSpy moved(slider.get(), &QSlider::sliderMoved);
-    QTest::mousePress(slider.get(), Qt::LeftButton, Qt::NoModifier, slider->handleRect(BVSlider::ValueHandle).center());
-    for (const int pixel : {120, 190, 10})
-        moveMouse(slider.get(), onGroove(*slider, pixel));
-    QTest::mouseRelease(slider.get(), Qt::LeftButton, Qt::NoModifier, onGroove(*slider, 10));
-    QCOMPARE(slider->value(), 50);
-    for (const QVariantList &signal : moved)
-        QVERIFY(signal.first().toInt() >= 50 && signal.first().toInt() <= 150);
+    const Table<QString, BVSlider::Handle> row("by", "heldOn"); // heldOn: it goes on
+    for (const char *by : {"locked", "enabled", "visible", "blocked", "lost release"})
+        row(by, QLatin1String(by), BVSlider::NoHandle);
+    for (const char *by : {"inputEnabled", "spanSlider"})
+        row(by, QLatin1String(by), BVSlider::LowerLimitHandle);
+    for (const char *by : {"limitHandlesActive", "minimum"})
+        row(by, QLatin1String(by), BVSlider::ValueHandle);
+}
+
+// Nothing moves afterwards, and what the value's drag has not committed is gone.
+void tst_BVSlider::interruptedDrag()
+{
+    const auto [by, heldOn] = fetched<QString, BVSlider::Handle>("by", "heldOn");
+    for (const auto handle : {BVSlider::ValueHandle, BVSlider::LowerLimitHandle}) {
+        if (handle == heldOn)
+            continue;
+        const bool isLimit = handle == BVSlider::LowerLimitHandle;
+        const auto slider = shownSlider();
+        slider->setTracking(false);
+        slider->setAdmissibleRange(50, 150, true);
+        const QPoint start = slider->handleRect(handle).center();
+        QTest::mousePress(slider.get(), Qt::LeftButton, Qt::NoModifier, start);
+        moveMouse(slider.get(), start + QPoint(10, 0));
+        moveMouse(slider.get(), start + QPoint(20, 0)); // of a limit, pending
+        QSignalSpy spy(slider.get(), &BVSlider::admissibleRangeChanged);
+        const int limit = slider->admissibleMinimum();
+        QVERIFY(isLimit ? limit > 50 : slider->sliderPosition() > 110);
+        interrupt(slider.get(), by);
+        QCOMPARE(spy.count(), isLimit ? 1 : 0);
+        slider->show();
+        moveMouse(slider.get(), start + QPoint(30, 0));
+        QCOMPARE(slider->value(), by == QLatin1String("minimum") ? 130 : 100);
+        QCOMPARE(slider->sliderPosition(), slider->value());
+        QVERIFY(!slider->isSliderDown());
+        QCOMPARE(slider->admissibleMinimum(), limit);
+        QCOMPARE(spy.count(), isLimit ? 1 : 0);
+    }
 }
 
 void tst_BVSlider::keys_data()
 {
     const Table<BVSlider::Handle, int, bool, int, int, int> row("handle", "key", "rightToLeft", "value", "minimum", "maximum");
-    row("value up", BVSlider::ValueHandle, Qt::Key_Right, false, 101, 50, 150);
     row("value to the end", BVSlider::ValueHandle, Qt::Key_End, false, 150, 50, 150);
-    row("lower down", BVSlider::LowerLimitHandle, Qt::Key_Down, false, 100, 49, 150);
     row("lower left, mirrored", BVSlider::LowerLimitHandle, Qt::Key_Left, true, 100, 51, 150);
     row("lower to the other limit", BVSlider::LowerLimitHandle, Qt::Key_End, false, 150, 150, 150);
-    row("lower to the minimum", BVSlider::LowerLimitHandle, Qt::Key_Home, false, 100, 0, 150);
     row("upper by a page", BVSlider::UpperLimitHandle, Qt::Key_PageUp, false, 100, 50, 160);
     row("upper to the maximum", BVSlider::UpperLimitHandle, Qt::Key_End, false, 100, 50, 200);
 }
@@ -312,10 +350,6 @@ void tst_BVSlider::keys()
     QCOMPARE(slider->value(), value);
     QCOMPARE(slider->admissibleMinimum(), minimum);
     QCOMPARE(slider->admissibleMaximum(), maximum);
-    QCOMPARE(spy.count(), handle == BVSlider::ValueHandle ? 0 : 1);
-    slider->setLocked(true);
-    QTest::keyClick(slider.get(), Qt::Key_PageDown);
-    QCOMPARE(slider->value(), value);
     QCOMPARE(spy.count(), handle == BVSlider::ValueHandle ? 0 : 1);
 }
 
@@ -349,14 +383,11 @@ void tst_BVSlider::virtualSlider_data()
 {
     const Table<int, Qt::KeyboardModifiers, int, QString> row("keys", "modifiers", "value", "setting");
     row("steps", 5, Qt::NoModifier, 110, QString());
-    row("steps back", -5, Qt::NoModifier, 90, QString());
     row("far", 3, Qt::ControlModifier, 150, QString());
-    row("a tenth", 30, Qt::ShiftModifier, 106, QString());
     row("one at least", -1, Qt::ShiftModifier, 99, QString());
-    row("none", 0, Qt::ControlModifier, 100, QString());
     row("overflow", s_lowest, Qt::ControlModifier, 50, QString());
     row("arrow", Qt::Key_Left, Qt::NoModifier, 98, QString());
-    row("page", Qt::Key_PageUp, Qt::NoModifier, 110, QString());
+    row("another key", Qt::Key_Escape, Qt::NoModifier, 100, QStringLiteral("unused"));
     row("home", Qt::Key_Home, Qt::ShiftModifier, 50, QString());
     row("input off", 5, Qt::NoModifier, 100, QStringLiteral("inputEnabled"));
     row("disabled", 5, Qt::NoModifier, 100, QStringLiteral("enabled"));
@@ -375,20 +406,18 @@ void tst_BVSlider::virtualSlider()
     QCOMPARE(event.isAccepted(), setting.isEmpty());
 }
 
-void tst_BVSlider::wheelNeedsFocus()
+void tst_BVSlider::wheelMovesLimit()
 {
     const auto slider = shownSlider();
     slider->setAdmissibleRange(50, 101, false);
+    slider->setUseAsSpanSlider(true);
+    slider->setFocus();
     QVERIFY(QTest::qWaitForWindowActive(slider.get()));
-    for (const bool focused : {true, false}) {
-        focused ? slider->setFocus() : slider->clearFocus();
-        QCOMPARE(slider->hasFocus(), focused);
-        QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, focused ? 240 : -240), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                          false);
+    for (const int angle : {-60, -20}) { // of 120 for three steps
+        QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, angle), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(slider.get(), &event);
-        QCOMPARE(event.isAccepted(), focused);
-        QCOMPARE(slider->value(), 101);
     }
+    QCOMPARE(slider->admissibleMinimum(), 48);
 }
 
 void tst_BVSlider::values_data()
@@ -397,7 +426,6 @@ void tst_BVSlider::values_data()
     row("linear", -1.0, 1.0, false, 150, 0.5);
     row("reversed", 10.0, 0.0, false, 50, 7.5);
     row("logarithmic", 1e-3, 1e5, true, 100, 10.0);
-    row("logarithmic, reversed", 100.0, 1.0, true, 50, 100.0 / std::sqrt(10.0));
     row("huge", -1e308, 1e308, false, 200, 1e308);
 }
 
@@ -415,8 +443,6 @@ void tst_BVSlider::values()
     QCOMPARE(slider->valueToPosition(s_inf), isReversed ? 0 : 200);
     QCOMPARE(slider->valueToPosition(-s_inf), isReversed ? 200 : 0);
     QCOMPARE(slider->valueToPosition(s_nan), 0);
-    for (const double bad : {s_nan, s_inf, atMaximum})
-        QVERIFY(!slider->setUserRange(bad, atMaximum));
     QVERIFY(!slider->setUserRange(0, 1, BVSlider::Logarithmic));
     QCOMPARE(slider->positionToValue(0), atMinimum);
 }
@@ -434,7 +460,8 @@ void tst_BVSlider::texts()
     slider->setProperty("ReferenceValue", 0.1);
     QVERIFY(BVReferenceValueInterface::composedToolTip(slider.get()).endsWith(QLatin1String(": 100 mm")));
     slider->setUseAsSpanSlider(true);
-    QCOMPARE(slider->admissibleMaximum(), 200); // all of the range
+    QCOMPARE(slider->handlePosition(BVSlider::UpperLimitHandle), 200); // all of the range
+    QCOMPARE(slider->admissibleMaximum(), s_highest);
     slider->setAdmissibleRange(50, 100, false);
     QTest::keyClick(slider.get(), Qt::Key_Left); // there is no value handle to take it
     QCOMPARE(slider->admissibleMinimum(), 49);
@@ -448,7 +475,6 @@ void tst_BVSlider::accessibility()
 {
     const auto slider = shownSlider();
     QAccessibleInterface *shown = QAccessible::queryAccessibleInterface(slider.get());
-    QCOMPARE(shown->role(), QAccessible::Slider);
     QCOMPARE(shown->childCount(), 0);
     slider->setAdmissibleRange(50, 150, true);
     slider->setUserRange(0, 20);
@@ -458,6 +484,8 @@ void tst_BVSlider::accessibility()
     QCOMPARE(shown->valueInterface()->currentValue().toInt(), 150);
     QAccessibleInterface *upper = shown->child(1);
     QCOMPARE(upper->text(QAccessible::Name), QStringLiteral("Upper limit"));
+    slider->setAccessibleName(QStringLiteral("Force"));
+    QCOMPARE(upper->text(QAccessible::Name), QStringLiteral("Force, upper limit"));
     QCOMPARE(upper->text(QAccessible::Value), QStringLiteral("15"));
     QCOMPARE(upper->valueInterface()->minimumValue().toInt(), 50);
     upper->actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
@@ -466,7 +494,6 @@ void tst_BVSlider::accessibility()
     QTRY_COMPARE(shown->focusChild(), upper);
     QVERIFY(upper->state().focused && !shown->state().focused);
     QCOMPARE(shown->childAt(upper->rect().center().x(), upper->rect().center().y()), upper);
-    QCOMPARE(shown->indexOfChild(upper), 1);
 }
 
 // Both limits at one place can be taken hold of; nothing asks for more than there is.
@@ -492,6 +519,11 @@ void tst_BVSlider::painting()
             const QImage before = slider->grab().toImage();
             slider->mark(s_lowest, s_highest, BVSlider::greenBrush());
             QVERIFY(slider->grab().toImage() != before);
+            QPixmap twice(slider->size() * 2);
+            twice.setDevicePixelRatio(2);
+            slider->render(&twice);
+            const QImage fine = twice.toImage();
+            QVERIFY(fine.scaled(slider->size()).scaled(fine.size()) != fine);
             for (const int size : {0, 1, 3}) { // too small for anything
                 slider->resize(size, size);
                 slider->grab();

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "units/BVSliderHandles_p.h"
+
+#include "foundation/BVCursorTable.h"
+#include "units/BVSliderAccessible_p.h"
+#include "units/BVSliderSteps_p.h"
+
+#include <QPointer>
+
+void BVSliderHandles::focus(BVSlider::Handle handle)
+{
+    if (handle == m_focused)
+        return;
+    m_focused = handle;
+    m_wheelRest = 0.0;
+    m_slider.update();
+    if (m_slider.hasFocus())
+        BVSliderAccessible::announceFocus(&m_slider, handle);
+}
+
+void BVSliderHandles::ensureFocused()
+{
+    if (m_slider.isHandleActive(m_focused))
+        return;
+    for (const auto handle :
+         {BVSlider::ValueHandle, BVSlider::LowerLimitHandle, BVSlider::UpperLimitHandle}) {
+        if (m_slider.isHandleActive(handle)) {
+            focus(handle);
+            return;
+        }
+    }
+    focus(BVSlider::ValueHandle);
+}
+
+bool BVSliderHandles::focusNext(bool forward)
+{
+    const int step = forward ? 1 : -1;
+    for (int next = m_focused + step;
+         next >= BVSlider::ValueHandle && next <= BVSlider::UpperLimitHandle; next += step) {
+        const auto handle = static_cast<BVSlider::Handle>(next);
+        if (m_slider.isHandleActive(handle)) {
+            focus(handle);
+            return true;
+        }
+    }
+    return false;
+}
+
+void BVSliderHandles::enter(bool forward)
+{
+    m_focused = forward ? BVSlider::ValueHandle : BVSlider::UpperLimitHandle;
+    // Its own focus is announced by the slider once it has it.
+    while (!m_slider.isHandleActive(m_focused)) {
+        const int next = m_focused + (forward ? 1 : -1);
+        if (next < BVSlider::ValueHandle || next > BVSlider::UpperLimitHandle) {
+            m_focused = BVSlider::ValueHandle;
+            return;
+        }
+        m_focused = static_cast<BVSlider::Handle>(next);
+    }
+}
+
+void BVSliderHandles::moveFocused(qint64 distance)
+{
+    const qint64 target = m_slider.handlePosition(m_focused) + distance;
+    m_slider.moveHandle(m_focused, static_cast<int>(qBound<qint64>(m_slider.minimum(), target,
+                                                                   m_slider.maximum())));
+}
+
+bool BVSliderHandles::pressKey(int key)
+{
+    qint64 distance = 0;
+    if (!BVSliderSteps(m_slider).ofKey(key, distance))
+        return false;
+    moveFocused(distance);
+    return true;
+}
+
+bool BVSliderHandles::turnWheel(const QWheelEvent &event)
+{
+    const QPointer<BVSlider> slider(&m_slider);
+    const BVSlider::Handle handle = m_focused;
+    const int before = m_slider.handlePosition(handle);
+    const qint64 distance = BVSliderSteps(m_slider).ofWheel(event, m_wheelRest);
+    moveFocused(distance);
+    return !slider || distance == 0 || slider->handlePosition(handle) != before;
+}
+
+bool BVSliderHandles::hover(BVSlider::Handle handle)
+{
+    if (handle == m_hovered)
+        return false;
+    m_hovered = handle;
+    return true;
+}
+
+void BVSliderHandles::updateCursor(bool isDraggingLimit)
+{
+    if (!m_slider.isEnabled() || m_slider.isLocked()) {
+        takeCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Locked));
+    } else if (isDraggingLimit || m_hovered > BVSlider::ValueHandle) {
+        const bool isHorizontal = m_slider.orientation() == Qt::Horizontal;
+        takeCursor(BVCursorTable::cursor(isHorizontal ? BVCursorTable::Cursor::SlideHorizontal
+                                                      : BVCursorTable::Cursor::SlideVertical));
+    } else {
+        giveCursorBack();
+    }
+}
+
+void BVSliderHandles::takeCursor(const QCursor &cursor)
+{
+    if (!m_hasTakenCursor || m_slider.cursor() != m_cursor) { // or the application has set another
+        m_hadCursor = m_slider.testAttribute(Qt::WA_SetCursor);
+        m_cursorBefore = m_slider.cursor();
+    }
+    m_hasTakenCursor = true;
+    m_slider.setCursor(cursor);
+    m_cursor = m_slider.cursor();
+}
+
+void BVSliderHandles::giveCursorBack()
+{
+    const bool isOurs = m_hasTakenCursor && m_slider.cursor() == m_cursor;
+    m_hasTakenCursor = false;
+    if (!isOurs)
+        return;
+    if (m_hadCursor)
+        m_slider.setCursor(m_cursorBefore);
+    else
+        m_slider.unsetCursor();
+}
