@@ -133,20 +133,22 @@ BVWidgetInterface::~BVWidgetInterface() = default;
 
 void BVWidgetInterface::setBvStatus(BVWidgetStatus::Status status, bool on)
 {
-    QWidget *widget = getStatusWidget();
+    const QPointer<QWidget> widget(getStatusWidget());
     if (!widget || BVWidgetStatus::testStatus(widget, status) == on)
         return;
     BVWidgetStatus::setStatus(widget, status, on);
-    emitChanged();
+    if (widget) // or a slot has deleted it, and with it this
+        emitChanged();
 }
 
 void BVWidgetInterface::setBvStatus(BVWidgetStatus::Stati stati)
 {
-    QWidget *widget = getStatusWidget();
+    const QPointer<QWidget> widget(getStatusWidget());
     if (!widget || BVWidgetStatus::isStatus(widget, stati))
         return;
     BVWidgetStatus::setStatus(widget, stati);
-    emitChanged();
+    if (widget)
+        emitChanged();
 }
 
 bool BVWidgetInterface::getBvStatus(BVWidgetStatus::Status status) const
