@@ -497,7 +497,8 @@ bool BVDoubleSpinBox::event(QEvent *event)
     } else if (type == QEvent::LayoutDirectionChange && m_comboType != NoCombo) {
         PropertyChangeFilter::repolishPost(this);
     }
-    const bool done = QDoubleSpinBox::event(event); // past the lock, which stands in the line edit
+    // Past the lock, which stands in the line edit. NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    const bool done = QDoubleSpinBox::event(event);
     if (self && type == QEvent::Show)
         m_content->showNoValue();
     return done;

@@ -691,8 +691,10 @@ bool BVSlider::event(QEvent *event)
         updateLook();
     if (isHover(*event)) {
         m_pointer->hover(*static_cast<QHoverEvent *>(event));
-        if (geometry().isTooWide()) // for the toolkit's own look at it
+        if (geometry().isTooWide()) {
+            // Past the toolkit's own arithmetic. NOLINTNEXTLINE(bugprone-parent-virtual-call)
             return QAbstractSlider::event(event);
+        }
     }
     const bool isStatusChange = event->type() == BVWidgetStatusChangedEvent::s_eventType;
     const bool takesAway = takesPointerAway(*event);

@@ -145,7 +145,7 @@ int BVSliderGeometry::positionBetween(int offset, int span, bool upsideDown) con
     if (offset >= span)
         distance = range();
     else if (offset > 0)
-        distance = (2 * offset * range() + span) / (2 * span);
+        distance = (2 * qint64(offset) * range() + span) / (2 * qint64(span));
     return static_cast<int>(upsideDown ? m_layout.maximum - distance : m_layout.minimum + distance);
 }
 

@@ -51,7 +51,7 @@ QColor colorOf(BVWidgetStatus::Status status, bool onDark)
 void BVSliderState::setColors(const QPalette &palette, BVWidgetStatus::Status status,
                               const QColor &wantedTint)
 {
-    const QColor window = palette.color(QPalette::Window);
+    const QColor &window = palette.color(QPalette::Window);
     const bool isDark = window.lightness() < s_middleLightness;
     const bool isNormal = status == BVWidgetStatus::Normal;
     outline = isNormal ? mixed(window, palette.color(QPalette::WindowText), s_outlineShare)

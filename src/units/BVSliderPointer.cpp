@@ -271,7 +271,7 @@ void BVSliderPointer::showToolTip()
     }
 }
 
-void BVSliderPointer::hideToolTip()
+void BVSliderPointer::hideToolTip() const
 {
     if (m_slider.m_extended || m_slider.m_spanSlider)
         QToolTip::hideText();

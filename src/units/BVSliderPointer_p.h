@@ -37,7 +37,7 @@ private:
     void passRelease(QMouseEvent *event);
     void letGoOfValue();
     void showToolTip();
-    void hideToolTip();
+    void hideToolTip() const;
 
     BVSlider &m_slider;
     BVSliderDrag m_drag;

@@ -165,7 +165,7 @@ QString BVSpinBoxContent::noValueText() const
     BVFormatter *formatter = m_box->getFormatter();
     const bool wasEmpty = formatter->isEmpty();
     formatter->setEmpty(true, false);
-    const QString text = formatter->textFromValue(m_box->value(), false);
+    QString text = formatter->textFromValue(m_box->value(), false);
     formatter->setEmpty(wasEmpty, false);
     return text;
 }

@@ -34,7 +34,7 @@ QString BVValueTexts::withDisplayUnit(const BVFormatter &formatter, const QStrin
 QString BVValueTexts::fullValueText(const BVFormatter &formatter, double value)
 {
     for (const bool full : {false, true}) {
-        const QString text = formatter.textFromValue(value, full);
+        QString text = formatter.textFromValue(value, full);
         if (std::abs(formatter.valueFromText(text) - value) <= s_fullPrecision * std::abs(value))
             return text;
     }
