@@ -689,6 +689,11 @@ bool BVSlider::event(QEvent *event)
     }
     if (event->type() == QEvent::Polish)
         updateLook();
+    if (event->type() == QEvent::ShortcutOverride && m_pointer->drag().limit() != NoHandle &&
+        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        event->accept(); // for keyPressEvent(), before a shortcut of the window takes it
+        return true;
+    }
     if (isHover(*event)) {
         m_pointer->hover(*static_cast<QHoverEvent *>(event));
         if (geometry().isTooWide()) {

@@ -128,9 +128,16 @@ void BVSliderPointer::handleMove()
     m_drag.setHandled(m_slider.orientation() == Qt::Horizontal);
     const QPointer<BVSlider> self(&m_slider);
     if (m_drag.limit() != BVSlider::NoHandle)
-        m_slider.moveLimit(m_drag.limit(), m_slider.pixelPosToValue(m_drag.position()));
+        m_slider.moveLimit(m_drag.limit(), limitPositionAt(m_drag.limit(), m_drag.position()));
     if (self && m_drag.isActive())
         showToolTip();
+}
+
+/// Where a limit goes to that is dragged to a place.
+int BVSliderPointer::limitPositionAt(BVSlider::Handle limit, const QPoint &place) const
+{
+    return qBound(m_slider.handleMinimum(limit), m_slider.pixelPosToValue(place),
+                  m_slider.handleMaximum(limit));
 }
 
 void BVSliderPointer::release(QMouseEvent *event)
@@ -159,7 +166,7 @@ void BVSliderPointer::finishDrag(QMouseEvent *event)
         m_slider.setSliderDown(false); // the toolkit waits for all buttons
     } else if (self) {
         const int target =
-            isMoveOpen ? m_slider.pixelPosToValue(event->pos()) : m_slider.handlePosition(limit);
+            isMoveOpen ? limitPositionAt(limit, event->pos()) : m_slider.handlePosition(limit);
         if (target != m_slider.handlePosition(limit))
             m_slider.storeLimits(
                 limit == BVSlider::LowerLimitHandle ? target : m_slider.m_limits->minimum(),
@@ -178,15 +185,19 @@ void BVSliderPointer::passRelease(QMouseEvent *event)
 void BVSliderPointer::cancel()
 {
     const QPointer<BVSlider> self(&m_slider);
-    const BVSliderLimits limits = m_drag.limitsBefore();
+    const BVSliderLimits before = m_drag.limitsBefore();
+    const bool isLower = m_drag.limit() == BVSlider::LowerLimitHandle;
     m_drag.end();
     m_slider.updateCursor();
     hideToolTip();
     m_slider.update();
-    m_slider.setAdmissibleRange(limits.minimum(), limits.maximum(), m_slider.m_limitHandlesActive);
-    int before = 0;
-    if (self && m_drag.hasPushed(m_slider.value(), before))
-        m_slider.setValue(before);
+    if (isLower) // the other one may have been set meanwhile
+        m_slider.setAdmissibleMinimum(before.minimum());
+    else
+        m_slider.setAdmissibleMaximum(before.maximum());
+    int value = 0;
+    if (self && m_drag.hasPushed(m_slider.value(), value))
+        m_slider.setValue(value);
 }
 
 void BVSliderPointer::abandon()
@@ -238,6 +249,8 @@ void BVSliderPointer::letGoOfValue()
         Q_EMIT m_slider.sliderMoved(m_slider.value());
     if (self && wasDown)
         Q_EMIT m_slider.sliderReleased();
+    if (self && hasMoved && !(*m_slider.m_limits == m_drag.limitsBefore())) // narrowed meanwhile
+        m_slider.setValue(m_slider.boundToAdmissible(m_slider.value()));
 }
 
 void BVSliderPointer::hover(const QHoverEvent &event)

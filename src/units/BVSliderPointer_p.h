@@ -33,6 +33,7 @@ private:
     void pressValue(QMouseEvent *event);
     void dragValue(QMouseEvent *event);
     void handleMove();
+    int limitPositionAt(BVSlider::Handle limit, const QPoint &place) const;
     void finishDrag(QMouseEvent *event);
     void passRelease(QMouseEvent *event);
     void letGoOfValue();
