@@ -24,6 +24,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -68,7 +69,10 @@ BVDoubleSpinBox::BVDoubleSpinBox(QWidget *parent)
     connect(m_formatter, &BVFormatter::settingsChanged, this, &BVDoubleSpinBox::onFormatterChanged);
     connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             &BVDoubleSpinBox::onValueChanged);
-    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_content->onTextEdited(); });
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
+        m_steps->drop(); // they led away from the value that is typed over
+        m_content->onTextEdited();
+    });
     connect(lineEdit(), &QLineEdit::textChanged, this, &BVDoubleSpinBox::onTextChanged);
 }
 
@@ -90,7 +94,8 @@ void BVDoubleSpinBox::setRange(double minimum, double maximum)
 {
     if (std::isnan(minimum) || std::isnan(maximum))
         return;
-    m_steps->drop();
+    if (minimum != this->minimum() || qMax(minimum, maximum) != this->maximum())
+        m_steps->drop();
     const QPointer<BVDoubleSpinBox> self(this);
     QDoubleSpinBox::setRange(minimum, maximum);
     if (!self)
@@ -112,7 +117,8 @@ void BVDoubleSpinBox::setDecimals(int decimals)
 
 void BVDoubleSpinBox::setUnitString(const QString &unit)
 {
-    if (m_formatter->setValueUnit(unit) && m_decimals >= 0)
+    const QPointer<BVDoubleSpinBox> self(this); // a slot may delete the box
+    if (m_formatter->setValueUnit(unit) && self && m_decimals >= 0)
         m_formatter->setDecimals(m_decimals);
 }
 
@@ -404,7 +410,7 @@ void BVDoubleSpinBox::setAcceptEmpty(bool accept)
 void BVDoubleSpinBox::onValueChanged()
 {
     const QPointer<BVDoubleSpinBox> self(this);
-    if (!m_content->onValueChanged() && self)
+    if (m_content->onValueChanged() && self)
         m_steps->drop();
     if (self && m_size->isOutgrownBy(m_content->shownText()))
         forgetSizeHint();
@@ -419,7 +425,12 @@ void BVDoubleSpinBox::onTextChanged()
 
 void BVDoubleSpinBox::interpretText()
 {
-    m_content->takeOver();
+    if (!m_editable)
+        return;
+    const QPointer<BVDoubleSpinBox> self(this);
+    m_steps->flush(); // whoever takes over reads the value next
+    if (self)
+        m_content->takeOver();
 }
 
 void BVDoubleSpinBox::emitEditingFinished()
@@ -492,6 +503,8 @@ bool BVDoubleSpinBox::event(QEvent *event)
     if (type == BVWidgetStatusChangedEvent::s_eventType || type == QEvent::ReadOnlyChange ||
         type == QEvent::EnabledChange) {
         onAccessChanged();
+        if (!self)
+            return true;
     } else if (type == QEvent::FontChange || type == QEvent::StyleChange) {
         forgetSizeHint();
     } else if (type == QEvent::LayoutDirectionChange && m_comboType != NoCombo) {
@@ -512,6 +525,16 @@ void BVDoubleSpinBox::onAccessChanged()
         m_steps->drop();
     m_drag->update();
     update(); // the arrows, too
+    takeLastTyped();
+}
+
+/// Settles a text when no more can be typed, so that leaving the box later changes nothing.
+void BVDoubleSpinBox::takeLastTyped()
+{
+    const bool isEditable =
+        isEnabled() && !isReadOnly() && !getBvStatus(BVWidgetStatus::StandardLocked);
+    if (std::exchange(m_editable, isEditable) && !isEditable)
+        m_content->takeTyped();
 }
 
 bool BVDoubleSpinBox::eventFilter(QObject *watched, QEvent *event)

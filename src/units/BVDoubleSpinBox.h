@@ -32,7 +32,8 @@ class BVSpinBoxSteps;
 /// Where a logarithm is not defined, the step is linear. Shift makes a step a tenth, Control makes
 /// it ten. The value follows after the current input event, first with valueChanged(), then with
 /// valueStepped(); steps made before that add up, and are dropped when the value is set meanwhile,
-/// or the box becomes read-only, locked or disabled. A step that misses a limit by mere rounding
+/// or the box becomes read-only, locked or disabled. They arrive at once before a text is taken
+/// over, and make way for one that is typed. A step that misses a limit by mere rounding
 /// lands on it. The wheel turns the value only while the box has the focus. Nothing steps while the
 /// box is read-only, locked by the standard (StandardLocked) or sliding. A text being typed is
 /// taken over first; one that does not read makes way for the last value instead of a step.
@@ -60,6 +61,7 @@ class BVSpinBoxSteps;
 ///
 /// **Locked.** The lock of a box locked by the standard stands in its edit field, into which
 /// nothing can be typed, pasted, cut or deleted then; isReadOnly() stays and rules afterwards.
+/// A text being typed is taken over once when the box becomes locked, read-only or disabled.
 ///
 /// **As a QDoubleSpinBox.** The functions of the toolkit's class work on the box, with these
 /// exceptions: its setPrefix() drops the text of the factor; its setValue() with the present value
@@ -295,6 +297,7 @@ private:
     void onValueChanged();
     void onTextChanged();
     void onAccessChanged();
+    void takeLastTyped();
     void updateLock();
     void updateTolerance();
     void forgetSizeHint();
@@ -312,6 +315,7 @@ private:
     bool m_fitText = false;
     ComboType m_comboType = NoCombo;
     bool m_sliding = false;
+    bool m_editable = true;       // what is typed counts
     bool m_ruvixDisabled = false; // by setReadOnlyAndDisableRuvix()
     std::unique_ptr<BVSpinBoxContent> m_content;
     std::unique_ptr<BVSpinBoxDrag> m_drag;

@@ -75,6 +75,7 @@ void BVSpinBoxContent::show(double value, bool empty)
 void BVSpinBoxContent::assign(double value)
 {
     const QPointer<BVDoubleSpinBox> self(m_box);
+    const double before = m_box->value();
     m_typing = false;
     m_assigning = true;
     m_assigned = value;
@@ -83,11 +84,24 @@ void BVSpinBoxContent::assign(double value)
         m_assigned.reset(); // a cleared box reads no text
         m_box->QDoubleSpinBox::setValue(value);
     }
+    if (self)
+        announceSmallChange(before);
     if (!self)
         return;
     m_assigning = false;
     m_known = m_box->value();
     showNoValue();
+}
+
+/// The toolkit's box compares values as nearly equal, and may have told nothing.
+void BVSpinBoxContent::announceSmallChange(double before)
+{
+    if (!m_assigning || m_box->value() == before)
+        return;
+    const QPointer<BVDoubleSpinBox> self(m_box);
+    Q_EMIT m_box->textChanged(m_box->text());
+    if (self)
+        Q_EMIT m_box->valueChanged(m_box->value());
 }
 
 void BVSpinBoxContent::showNoValue()
@@ -104,6 +118,8 @@ void BVSpinBoxContent::showNoValue()
 void BVSpinBoxContent::showAnew()
 {
     m_textValue.reset();
+    if (isTyping() && m_read && m_readText == m_edit->text())
+        return show(*m_read, false);
     const bool isRefused = isTyping() && !m_acceptable;
     show(valueToKeep(), isRefused ? m_settledEmpty : m_empty);
 }
@@ -152,6 +168,7 @@ void BVSpinBoxContent::adoptDecimals()
 {
     const int decimals = m_box->QDoubleSpinBox::decimals();
     const double exact = m_known;
+    m_read.reset();                      // the toolkit's box drops the text
     const QSignalBlocker blocker(m_box); // nothing changes in the end
     const bool isRounded = m_box->value() == rounded(exact, decimals);
     m_box->QDoubleSpinBox::setDecimals(s_baseDecimals);
@@ -219,6 +236,10 @@ void BVSpinBoxContent::onTextChanged()
 {
     m_trackedValue = m_box->value();
     m_acceptable = m_box->hasAcceptableInput();
+    m_read.reset();
+    m_readText = m_edit->text();
+    if (m_typing && m_acceptable && !isNoValue(typedText()))
+        m_read = valueOf(m_readText);
     if (m_empty && m_acceptable && m_box->keyboardTracking() && !isNoValue(typedText()))
         leaveEmpty();
 }
@@ -227,11 +248,12 @@ bool BVSpinBoxContent::onValueChanged()
 {
     const double before = std::exchange(m_known, m_box->value());
     if (std::exchange(m_assigning, false))
-        return true;
+        return false;
+    const bool differs = before != m_known;
     const bool byRange = before < m_box->minimum() || before > m_box->maximum();
-    if (m_empty && before != m_known && !byRange)
+    if (m_empty && differs && !byRange)
         leaveEmpty();
-    return false;
+    return differs;
 }
 
 /// Whether a text is being typed, and nothing else has changed the value since.

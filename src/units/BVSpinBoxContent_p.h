@@ -52,7 +52,7 @@ public:
     /// The user has typed; the value has not followed yet.
     void onTextEdited();
     void onTextChanged();
-    /// Returns whether the change was made by this.
+    /// Returns whether anyone else has made the value another one.
     bool onValueChanged();
     /// Sets the status NeedInput, or clears it if it was set by this.
     void showNeed();
@@ -69,6 +69,7 @@ private:
     bool settledEmpty() const;
     double settledValue() const;
     double valueToKeep() const;
+    void announceSmallChange(double before);
     bool isSpecialText(const QString &text) const;
     bool isNoValue(const QString &typed) const;
     QString noValueText() const;
@@ -86,6 +87,8 @@ private:
 
     bool m_typing = false; // the members below are of the text being typed
     bool m_acceptable = true;
+    std::optional<double> m_read; // from m_readText, which the value may not follow yet
+    QString m_readText;
     double m_trackedValue = 0.0; // to which it has led so far
     double m_settledValue = 0.0; // before it
     bool m_settledEmpty = false;

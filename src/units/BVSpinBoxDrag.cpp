@@ -39,7 +39,7 @@ BVSpinBoxDrag::BVSpinBoxDrag(BVDoubleSpinBox *box, QLineEdit *edit)
 void BVSpinBoxDrag::update()
 {
     if (!m_box->isSlidingPossible())
-        end();
+        abort();
     updateCursors();
 }
 
@@ -57,7 +57,7 @@ bool BVSpinBoxDrag::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Hide:
     case QEvent::ReadOnlyChange:
     case QEvent::WindowDeactivate:
-        end();
+        abort();
         return false;
     default:
         break;
@@ -78,7 +78,7 @@ bool BVSpinBoxDrag::handleMouse(QObject *watched, QMouseEvent *event)
                move(*event);
     if (event->button() != Qt::LeftButton) {
         const bool wasDragging = m_state == Dragging;
-        end();
+        abort();
         return wasDragging;
     }
     if (event->type() == QEvent::MouseButtonRelease)
@@ -141,7 +141,7 @@ void BVSpinBoxDrag::start(int offset)
 void BVSpinBoxDrag::slide(int offset)
 {
     if (!m_box->isSlidingPossible()) {
-        end();
+        abort();
         return;
     }
     const int steps = offset / s_stepLength;
@@ -154,11 +154,22 @@ void BVSpinBoxDrag::slide(int offset)
 void BVSpinBoxDrag::cancel()
 {
     const QPointer<BVSpinBoxDrag> self(this);
-    end();
-    m_state = Cancelled;
+    abort();
     m_box->setValue(m_startValue);
     if (self && m_startEmpty)
         m_box->setEmpty(true);
+}
+
+/// Ends a drag while the button may be down: the moves until its release would select the prefix.
+void BVSpinBoxDrag::abort()
+{
+    const bool isHeld = m_state == Dragging || m_state == Cancelled;
+    const bool onPrefix = m_onPrefix;
+    end();
+    if (!isHeld)
+        return;
+    m_state = Cancelled;
+    m_onPrefix = onPrefix;
 }
 
 void BVSpinBoxDrag::end()

@@ -59,6 +59,7 @@ private:
     void start(int offset);
     void slide(int offset);
     void cancel();
+    void abort();
     void end();
     bool isOnButton(const QPoint &position) const;
     bool isOnPrefix(const QPoint &position) const;

@@ -138,6 +138,12 @@ void BVSpinBoxSteps::post(double value)
     QCoreApplication::postEvent(m_box, new StepEvent(bounded, m_serial));
 }
 
+void BVSpinBoxSteps::flush()
+{
+    if (m_count > 0)
+        QCoreApplication::sendPostedEvents(m_box, StepEvent::s_eventType);
+}
+
 void BVSpinBoxSteps::drop()
 {
     m_count = 0;

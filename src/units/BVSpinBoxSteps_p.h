@@ -31,6 +31,8 @@ public:
     double value() const;
     /// Posts a step to the value, moved into the range, if that is another one.
     void post(double value);
+    /// Lets those that are posted arrive now. A slot may delete the box, and this with it.
+    void flush();
     /// Makes those that are posted count no more.
     void drop();
     /// The value of a step that has arrived and counts; none for any other event.

@@ -90,6 +90,7 @@ private Q_SLOTS:
     void types_data();
     void types();
     void comesBack();
+    void takesOver();
     void throughToolkitClass();
     void keepsDigits();
     void tolerance();
@@ -205,6 +206,7 @@ void tst_BVDoubleSpinBox::drag_data()
     row("locked", false, false, QPoint(0, -22), "lock", 54.0);
     row("right press", false, false, QPoint(0, -22), "right", 54.0);
     row("released elsewhere", false, false, QPoint(0, -22), "elsewhere", 54.0);
+    row("prefix escaped", true, false, QPoint(30, 0), "escape", 50.0);
     row("prefix", true, false, QPoint(30, 0), "", 55.0);
     row("prefix mirrored", true, true, QPoint(30, 0), "", 45.0);
 }
@@ -235,8 +237,9 @@ void tst_BVDoubleSpinBox::drag()
     else
         QTest::mouseRelease(pressed, Qt::LeftButton, Qt::NoModifier, start + way);
     QVERIFY(!form.m_box->isSliding());
+    form.m_edit->deselect();
     moveMouse(pressed, start + 3 * way);
-    QVERIFY(!form.m_box->isSliding());
+    QVERIFY(!form.m_box->isSliding() && (end.isEmpty() || !form.m_edit->hasSelectedText()));
     QCOMPARE(form.m_box->value(), value);
     QTest::mouseRelease(pressed, Qt::LeftButton);
 }
@@ -336,6 +339,48 @@ void tst_BVDoubleSpinBox::comesBack()
         submitted.clear();
         QCOMPARE(model.index(0, 0).data(Qt::EditRole).toDouble(), 7.0);
     }
+}
+
+/// What is settled before others read the value, or nothing more can be typed.
+void tst_BVDoubleSpinBox::takesOver()
+{
+    Form form("mm", "mm");
+    Box *box = form.m_box;
+    box->setKeyboardTracking(false);
+    QVERIFY(form.start());
+    const auto type = [box](const QString &text) {
+        box->setValue(7.0);
+        box->selectAll();
+        QTest::keyClicks(box, text);
+    };
+    type("25");
+    box->setDecimals(1);
+    QCOMPARE(box->text(), QString("25.0 mm"));
+    for (const auto &[text, value] : {std::pair("55", 55.0), std::pair("abc", 7.0)}) {
+        type(text);
+        box->setStandardLocked(true);
+        QCOMPARE(box->value(), value);
+        QCOMPARE(box->text(), QString("%1.0 mm").arg(value));
+        box->setStandardLocked(false);
+    }
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab}) {
+        box->setFocus();
+        box->setValue(8.0);
+        box->stepBy(1);
+        box->stepBy(1);
+        box->setMaximum(box->maximum());
+        QTest::keyClick(box, key);
+        QCOMPARE(box->value(), 10.0);
+    }
+    QSignalSpy changed(box, QOverload<double>::of(&Box::valueChanged));
+    box->setRange(0.0, 1e15);
+    box->setValue(2e12);
+    box->setValue(2e12 + 1.0);
+    QCOMPARE(changed.takeLast().at(0).toDouble(), 2e12 + 1.0);
+    auto *deleted = new Box;
+    deleted->setDecimals(1);
+    connect(deleted, &Box::valueUnitChanged, [deleted] { delete deleted; });
+    deleted->setUnitString("m");
 }
 
 void tst_BVDoubleSpinBox::throughToolkitClass()
