@@ -91,6 +91,7 @@ WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
 
 WorkbenchWindow::~WorkbenchWindow()
 {
+    m_form->disconnect(this); // fields that are hidden next may still take a text over
     if (qApp->property(s_mainWindowProperty).value<QObject *>() == this)
         qApp->setProperty(s_mainWindowProperty, QVariant());
 }

@@ -492,8 +492,10 @@ bool BVDoubleSpinBox::event(QEvent *event)
     }
     const QPointer<BVDoubleSpinBox> self(this);
     const bool isLeaving = type == QEvent::ActivationChange && !isActiveWindow();
-    if (isLeaving || type == QEvent::Hide || type == QEvent::Close || isBeforeLeaving(*event))
+    if (isLeaving || type == QEvent::Close || isBeforeLeaving(*event))
         interpretText(); // before the toolkit does, and anyone reads the value
+    else if (type == QEvent::Hide && m_editable)
+        m_content->takeOver(); // posted steps follow, unless the box is on its way out
     if (!self)
         return true;
     if (type == BVWidgetStatusChangedEvent::s_eventType) {
