@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QVariant>
+#include <QVector>
+
+#include <array>
+#include <vector>
+
+class BVTreeViewItem;
+
+/// How many children of an item have which check state, by column.
+///
+/// Counters stand only where every child is of the class BVTreeViewItem itself and the same holds
+/// for whatever the child's own state is derived from; nothing else can be relied on to report its
+/// changes. Where an item has counters for a column, its counted children that derive their state
+/// have them, too: so a change travels up until an item without counters is met. The invisible
+/// root, which its children do not know as their parent, has none.
+class BVCheckCounters
+{
+public:
+    /// What a child contributes to its parent's state.
+    enum Kind { NotCounted, Missing, Unchecked, Checked, Mixed };
+
+    /// The state derived from the item's children.
+    static QVariant derivedState(const BVTreeViewItem &item, int column);
+
+    /// Reports what a change of an item's value in a column does to the states above it: made
+    /// before the change and destroyed after it.
+    class Change
+    {
+    public:
+        Change(BVTreeViewItem *item, int column);
+        ~Change();
+        /// To be called when the item did not live to the end of the change.
+        void abandon() { m_item = nullptr; }
+        Change(const Change &) = delete;
+        Change &operator=(const Change &) = delete;
+
+    private:
+        BVTreeViewItem *m_item; // null when it is gone
+        int m_column;
+        Kind m_before = NotCounted;
+        quint64 m_serial = 0; // of the counters that hold m_before; 0 if there are none
+    };
+
+    /// Report children that are about to join the item's others or to leave them.
+    static void join(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children);
+    static void leave(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children);
+
+    /// Forgets what was counted for the item's children and for all above it.
+    static void forget(const BVTreeViewItem *item);
+
+private:
+    using Counts = std::array<int, Mixed + 1>; // by Kind
+
+    struct Column
+    {
+        int column;
+        quint64 serial; // another one each time the children are counted
+        Counts counts;
+    };
+
+    static Kind kindOf(const BVTreeViewItem &item, int column);
+    static Kind kindOf(const QVariant *counts, const QVariant *state);
+    static bool isReliable(const BVTreeViewItem &item, int column);
+    static Column *find(const BVTreeViewItem &item, int column);
+    static Column *countersOf(const BVTreeViewItem &item, int column);
+    static bool isMixed(const Counts &counts);
+    static bool dependsOnOrder(const Counts &counts);
+    static void add(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children, int sign);
+    static void apply(BVTreeViewItem *parent, int column, const Counts &difference);
+    static QVariant walk(const BVTreeViewItem &item, int column);
+
+    std::vector<Column> m_columns;
+};

@@ -1,0 +1,877 @@
+// SPDX-License-Identifier: MIT
+#include "itemviews/BVTreeViewModel.h"
+
+#include "itemviews/BVCheckCounters_p.h"
+#include "itemviews/BVItemIdMap_p.h"
+#include "itemviews/BVPendingChanges_p.h"
+#include "itemviews/BVSiblingSort_p.h"
+
+#include <QAbstractProxyModel>
+#include <QItemSelectionModel>
+#include <QMetaMethod>
+#include <QTimer>
+#include <QTreeView>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+/// Calls @p visit for the items and all below them, each parent in front of its children.
+template <typename Visit>
+void visitTree(const QVector<BVTreeViewItem *> &items, Visit visit)
+{
+    std::vector<BVTreeViewItem *> stack(items.crbegin(), items.crend());
+    while (!stack.empty()) {
+        BVTreeViewItem *item = stack.back();
+        stack.pop_back();
+        visit(item);
+        stack.insert(stack.end(), item->children().crbegin(), item->children().crend());
+    }
+}
+
+/// Sorts numbers in [0, count) and drops repeated ones.
+void sortRows(QVector<int> &rows, int count)
+{
+    const auto isRising = [&] {
+        return std::adjacent_find(rows.cbegin(), rows.cend(), std::greater_equal<int>()) ==
+               rows.cend();
+    };
+    if (isRising())
+        return;
+    if (rows.size() < count / 64) {
+        std::sort(rows.begin(), rows.end());
+        rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+        return;
+    }
+    std::vector<bool> isGiven(size_t(count), false);
+    for (const int row : qAsConst(rows))
+        isGiven[size_t(row)] = true;
+    rows.clear();
+    for (int row = 0; row < count; ++row) {
+        if (isGiven[size_t(row)])
+            rows.append(row);
+    }
+}
+
+bool isFlat(const BVTreeViewItem &parent)
+{
+    return std::none_of(parent.children().cbegin(), parent.children().cend(),
+                        [](const BVTreeViewItem *child) { return child->childCount() > 0; });
+}
+
+} // namespace
+
+BVTreeViewModel::Watch::Watch(BVTreeViewModel *model, const BVTreeViewItem *item)
+    : m_model(model)
+    , m_outer(model ? model->m_watches : nullptr)
+    , m_structure(model ? model->m_structure : 0)
+    , m_id(item->m_id)
+{
+    if (m_model)
+        m_model->m_watches = this;
+}
+
+BVTreeViewModel::Watch::~Watch()
+{
+    if (m_model)
+        m_model->m_watches = m_outer;
+}
+
+/// Also false for an item that has been taken out of the model.
+bool BVTreeViewModel::Watch::isItemAlive() const
+{
+    return m_model && (m_structure == m_model->m_structure || m_id == m_model->m_headerItem->m_id ||
+                       m_model->itemOfId(m_id));
+}
+
+BVTreeViewModel::BVTreeViewModel(QObject *parent)
+    : QAbstractItemModel(parent)
+    , m_rootItem(std::make_unique<BVTreeViewItem>())
+    , m_headerItem(std::make_unique<BVTreeViewItem>())
+    , m_pendingChanges(std::make_unique<BVPendingChanges>())
+    , m_itemsById(std::make_unique<BVItemIdMap>())
+{
+    qRegisterMetaType<QVector<BVTreeViewItem *>>();
+    m_rootItem->m_model = this;
+    m_headerItem->m_model = this;
+    m_itemsById->insert(m_rootItem->id(), m_rootItem.get());
+}
+
+BVTreeViewModel::~BVTreeViewModel()
+{
+    for (Watch *watch = m_watches; watch; watch = watch->m_outer)
+        watch->m_model = nullptr;
+    // Items must not tell a model that is half gone.
+    m_rootItem->m_model = nullptr;
+    m_headerItem->m_model = nullptr;
+    deleteRows();
+}
+
+/// Without a word, even if the items' own classes have something to say when they go.
+void BVTreeViewModel::deleteRows()
+{
+    visitTree(m_rootItem->children(), [](BVTreeViewItem *item) { item->m_model = nullptr; });
+    m_rootItem->deleteChildren();
+}
+
+// Items and indexes
+
+BVTreeViewItem *BVTreeViewModel::item(const QModelIndex &index) const
+{
+    if (index.model() != this)
+        return nullptr;
+    return static_cast<const BVTreeViewItem *>(index.internalPointer())->child(index.row());
+}
+
+BVTreeViewItem *BVTreeViewModel::itemOrRoot(const QModelIndex &index) const
+{
+    return index.isValid() ? item(index) : m_rootItem.get();
+}
+
+BVTreeViewItem *BVTreeViewModel::itemOfId(qint64 id) const
+{
+    return m_itemsById->value(id);
+}
+
+QModelIndex BVTreeViewModel::index(const BVTreeViewItem *item, int column) const
+{
+    if (!item || item->m_model != this || column < 0 || column >= columnCount())
+        return QModelIndex();
+    return cell(item, column);
+}
+
+/// An index points to the item that holds the row, so that making one touches no other item.
+QModelIndex BVTreeViewModel::cell(const BVTreeViewItem *item, int column) const
+{
+    BVTreeViewItem *holder = item->holder();
+    return holder ? createIndex(holder->indexOfChild(item), column, holder) : QModelIndex();
+}
+
+QModelIndex BVTreeViewModel::index(int row, int column, const QModelIndex &parent) const
+{
+    BVTreeViewItem *parentItem = itemOrRoot(parent);
+    if (!parentItem || row < 0 || row >= parentItem->childCount() || column < 0 ||
+        column >= columnCount())
+        return QModelIndex();
+    return createIndex(row, column, parentItem);
+}
+
+QModelIndex BVTreeViewModel::parent(const QModelIndex &index) const
+{
+    if (index.model() != this)
+        return QModelIndex();
+    return cell(static_cast<const BVTreeViewItem *>(index.internalPointer()), 0);
+}
+
+int BVTreeViewModel::rowCount(const QModelIndex &parent) const
+{
+    const BVTreeViewItem *parentItem = parent.column() > 0 ? nullptr : itemOrRoot(parent);
+    return parentItem ? parentItem->childCount() : 0;
+}
+
+int BVTreeViewModel::columnCount(const QModelIndex & /*parent*/) const
+{
+    return m_headerItem->m_columnCount;
+}
+
+bool BVTreeViewModel::hasChildren(const QModelIndex &parent) const
+{
+    return rowCount(parent) > 0;
+}
+
+void BVTreeViewModel::appendTopLevelItem(BVTreeViewItem *item)
+{
+    m_rootItem->appendChild(item);
+}
+
+void BVTreeViewModel::appendTopLevelItems(const QVector<BVTreeViewItem *> &items)
+{
+    m_rootItem->appendChildren(items);
+}
+
+void BVTreeViewModel::insertTopLevelItem(int row, BVTreeViewItem *item)
+{
+    m_rootItem->insertChild(row, item);
+}
+
+void BVTreeViewModel::insertTopLevelItems(int row, const QVector<BVTreeViewItem *> &items)
+{
+    m_rootItem->insertChildren(row, items);
+}
+
+BVTreeViewItem *BVTreeViewModel::takeTopLevelItem(int row)
+{
+    return m_rootItem->takeChild(row);
+}
+
+QVector<BVTreeViewItem *> BVTreeViewModel::getTopLevelItems() const
+{
+    return m_rootItem->children();
+}
+
+BVTreeViewItem *BVTreeViewModel::getTopLevelItemFromIndex(int row) const
+{
+    return m_rootItem->child(row);
+}
+
+int BVTreeViewModel::indexOfTopLevelItem(const BVTreeViewItem *item, int from) const
+{
+    const int row = m_rootItem->indexOfChild(item);
+    return row >= from ? row : -1;
+}
+
+QVector<BVTreeViewItem *> BVTreeViewModel::getAllItems() const
+{
+    QVector<BVTreeViewItem *> items;
+    items.reserve(childCount());
+    visitTree(m_rootItem->children(), [&](BVTreeViewItem *item) { items.append(item); });
+    return items;
+}
+
+int BVTreeViewModel::childCount() const
+{
+    return m_itemsById->size() - 1; // without the root
+}
+
+// Values
+
+QVariant BVTreeViewModel::data(const QModelIndex &index, int role) const
+{
+    const BVTreeViewItem *rowItem = item(index);
+    return rowItem ? rowItem->data(index.column(), role) : QVariant();
+}
+
+bool BVTreeViewModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    BVTreeViewItem *rowItem = item(index);
+    if (rowItem)
+        rowItem->setData(index.column(), role, value);
+    return rowItem != nullptr;
+}
+
+QMap<int, QVariant> BVTreeViewModel::itemData(const QModelIndex &index) const
+{
+    QMap<int, QVariant> values;
+    const BVTreeViewItem *rowItem = item(index);
+    if (!rowItem)
+        return values;
+    for (auto value = rowItem->columnBegin(index.column());
+         value != rowItem->m_values.end() && value->column == index.column(); ++value)
+        values.insert(value->role, value->value);
+    return values;
+}
+
+Qt::ItemFlags BVTreeViewModel::flags(const QModelIndex &index) const
+{
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const BVTreeViewItem *rowItem = item(index);
+    return rowItem ? rowItem->flags() : m_rootItem->flags();
+}
+
+QVariant BVTreeViewModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0)
+        return QVariant();
+    return m_headerItem->data(section, role);
+}
+
+bool BVTreeViewModel::setHeaderData(int section, Qt::Orientation orientation, const QVariant &value,
+                                    int role)
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= BVTreeViewItem::s_maximumColumns)
+        return false;
+    m_headerItem->setData(section, role, value);
+    return true;
+}
+
+// Notification
+
+/// Tells of a change unless nobody is to hear of it.
+void BVTreeViewModel::notify(BVTreeViewItem *item, int column, const QVector<int> &roles)
+{
+    if (m_updateMode != BlockedUpdate && !signalsBlocked() && item != m_rootItem.get())
+        emitDataChanged(item, column, roles);
+}
+
+void BVTreeViewModel::emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles)
+{
+    if (item == m_headerItem.get()) {
+        const bool all = column == s_allColumns;
+        if (columnCount() > 0)
+            Q_EMIT headerDataChanged(Qt::Horizontal, all ? 0 : column,
+                                     all ? columnCount() - 1 : column);
+        return;
+    }
+    if (m_updateMode != DelayedUpdate) {
+        emitCells(item, column, roles);
+        return;
+    }
+    const BVTreeViewItem *parent = item->m_parent ? item->m_parent : m_rootItem.get();
+    m_pendingChanges->add(column, parent->id(), item->id(), roles);
+    if (!m_delayTimer->isActive())
+        m_delayTimer->start();
+    if (m_sendItemsChangedImmediately)
+        Q_EMIT itemsChanged({item}, column, roles);
+}
+
+void BVTreeViewModel::connectNotify(const QMetaMethod & /*signal*/)
+{
+    m_listenersChanged = true;
+}
+
+void BVTreeViewModel::disconnectNotify(const QMetaMethod & /*signal*/)
+{
+    m_listenersChanged = true;
+}
+
+/// Not to be asked while connections change: locks are held then.
+bool BVTreeViewModel::isHeard()
+{
+    if (m_listenersChanged) {
+        m_listenersChanged = false;
+        m_isHeard = isSignalConnected(QMetaMethod::fromSignal(&BVTreeViewModel::itemsChanged));
+    }
+    return m_isHeard;
+}
+
+void BVTreeViewModel::emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles)
+{
+    const Watch watch(this, item);
+    const bool all = column == s_allColumns;
+    const QModelIndex first = index(item, all ? 0 : column);
+    if (first.isValid())
+        Q_EMIT dataChanged(first, all ? first.sibling(first.row(), columnCount() - 1) : first,
+                           roles);
+    if (watch.isItemAlive() && isHeard())
+        Q_EMIT itemsChanged({item}, column, roles);
+}
+
+/// What slots change meanwhile has to wait in its turn. False if one of them has deleted the model.
+bool BVTreeViewModel::flushPendingChanges()
+{
+    if (m_pendingChanges->isEmpty())
+        return true;
+    if (m_delayTimer)
+        m_delayTimer->stop();
+    const Watch watch(this, m_rootItem.get());
+    const std::vector<BVPendingGroup> groups = m_pendingChanges->take();
+    for (const BVPendingGroup &group : groups) {
+        emitGroup(group);
+        if (!watch.isModelAlive())
+            return false;
+    }
+    return true;
+}
+
+/// False if a slot has taken the item out, or deleted the model.
+bool BVTreeViewModel::flushFor(const BVTreeViewItem *item)
+{
+    if (m_pendingChanges->isEmpty())
+        return true;
+    const Watch watch(this, item);
+    flushPendingChanges();
+    return watch.isItemAlive();
+}
+
+/// Slots may change the structure: then the rows of all that is still to be told are looked up
+/// anew.
+void BVTreeViewModel::emitGroup(const BVPendingGroup &group)
+{
+    const Watch watch(this, m_rootItem.get());
+    const quint64 structure = m_structure;
+    QVector<BVTreeViewItem *> items;
+    QVector<BVTreeViewItem *> untold = itemsOfIds(group.items);
+    while (!untold.isEmpty()) {
+        const BVTreeViewItem *parent = itemOfId(group.parent);
+        const QVector<int> rows = parent ? rowsOf(untold, *parent) : QVector<int>();
+        untold.clear();
+        untold.reserve(rows.size());
+        for (const int row : rows)
+            untold.append(parent->m_children[row]);
+        if (items.isEmpty())
+            items = untold;
+        const int told = emitRanges(rows, parent, group);
+        if (!watch.isModelAlive())
+            return;
+        untold = told < rows.size() ? itemsLeft(untold.mid(told), group.items)
+                                    : QVector<BVTreeViewItem *>();
+    }
+    if (structure != m_structure)
+        items = itemsLeft(items, group.items);
+    if (isHeard() && !m_sendItemsChangedImmediately && !items.isEmpty())
+        Q_EMIT itemsChanged(items, group.column, group.roles);
+}
+
+/// Those items that are in the model.
+QVector<BVTreeViewItem *> BVTreeViewModel::itemsOfIds(const std::vector<qint64> &ids) const
+{
+    QVector<BVTreeViewItem *> items;
+    items.reserve(int(ids.size()));
+    for (const qint64 id : ids) {
+        if (BVTreeViewItem *item = itemOfId(id))
+            items.append(item);
+    }
+    return items;
+}
+
+/// Those of the items that are still in the model, by the ids of all of them.
+QVector<BVTreeViewItem *> BVTreeViewModel::itemsLeft(const QVector<BVTreeViewItem *> &items,
+                                                     const std::vector<qint64> &ids) const
+{
+    QVector<BVTreeViewItem *> living = itemsOfIds(ids);
+    std::sort(living.begin(), living.end());
+    QVector<BVTreeViewItem *> left;
+    std::copy_if(items.cbegin(), items.cend(), std::back_inserter(left), [&](auto *item) {
+        return std::binary_search(living.cbegin(), living.cend(), item);
+    });
+    return left;
+}
+
+/// The rows of those items that stand below the parent, ascending.
+QVector<int> BVTreeViewModel::rowsOf(const QVector<BVTreeViewItem *> &items,
+                                     const BVTreeViewItem &parent) const
+{
+    QVector<int> rows;
+    rows.reserve(items.size());
+    for (const BVTreeViewItem *item : items) {
+        const int row = parent.indexOfChild(item);
+        if (row >= 0)
+            rows.append(row);
+    }
+    sortRows(rows, parent.childCount());
+    return rows;
+}
+
+/// The number of rows that were told before a slot changed the structure.
+int BVTreeViewModel::emitRanges(const QVector<int> &rows, const BVTreeViewItem *parent,
+                                const BVPendingGroup &group)
+{
+    const Watch watch(this, m_rootItem.get());
+    const quint64 structure = m_structure;
+    const QModelIndex parentIndex = rows.isEmpty() ? QModelIndex() : cell(parent, 0);
+    const bool all = group.column == s_allColumns;
+    int told = 0;
+    while (told < rows.size() && watch.isModelAlive() && m_structure == structure) {
+        const int first = told;
+        do {
+            ++told;
+        } while (told < rows.size() && rows[told] == rows[told - 1] + 1);
+        const QModelIndex top = index(rows[first], all ? 0 : group.column, parentIndex);
+        const QModelIndex bottom =
+            index(rows[told - 1], all ? columnCount() - 1 : group.column, parentIndex);
+        if (top.isValid() && bottom.isValid())
+            Q_EMIT dataChanged(top, bottom, group.roles);
+    }
+    return told;
+}
+
+void BVTreeViewModel::updateModel()
+{
+    updateModel(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+void BVTreeViewModel::updateModel(const QModelIndex &topLeft, const QModelIndex &bottomRight)
+{
+    if (item(topLeft) && item(bottomRight))
+        Q_EMIT dataChanged(topLeft, bottomRight);
+}
+
+// Modes
+
+void BVTreeViewModel::useDelayedUpdate(bool on, int intervalMs)
+{
+    if (!on) {
+        leaveMode(DelayedUpdate);
+        return;
+    }
+    if (!m_delayTimer) {
+        m_delayTimer = new QTimer(this);
+        m_delayTimer->setSingleShot(true);
+        connect(m_delayTimer, &QTimer::timeout, this, &BVTreeViewModel::flushPendingChanges);
+    }
+    m_delayTimer->setInterval(qMax(0, intervalMs));
+    enterMode(DelayedUpdate);
+}
+
+void BVTreeViewModel::setBlockUpdates(bool block)
+{
+    if (block)
+        enterMode(BlockedUpdate);
+    else
+        leaveMode(BlockedUpdate);
+}
+
+void BVTreeViewModel::enterMode(UpdateMode mode)
+{
+    if (m_updateMode != mode && flushPendingChanges() && m_updateMode != mode)
+        setModes(mode, m_updateMode);
+}
+
+void BVTreeViewModel::leaveMode(UpdateMode mode)
+{
+    if (!flushPendingChanges())
+        return;
+    const UpdateMode restored = m_savedUpdateMode == mode ? ImmediateUpdate : m_savedUpdateMode;
+    setModes(restored, restored);
+}
+
+void BVTreeViewModel::setModes(UpdateMode mode, UpdateMode saved)
+{
+    m_updateMode = mode;
+    m_savedUpdateMode = saved;
+    if (m_delayTimer && mode != DelayedUpdate && saved != DelayedUpdate) {
+        m_delayTimer->stop();
+        m_delayTimer->deleteLater(); // it may be what calls
+        m_delayTimer = nullptr;
+    }
+    if (mode != DelayedUpdate)
+        flushPendingChanges(); // what slots have added
+}
+
+void BVTreeViewModel::sendItemsChangedImmediately(bool on)
+{
+    m_sendItemsChangedImmediately = on;
+}
+
+void BVTreeViewModel::setKeepSelectedAfterSorting(bool keep)
+{
+    m_keepSelectedAfterSorting = keep;
+}
+
+void BVTreeViewModel::setItemChangedCallback(const ItemChangedCallback &callback)
+{
+    m_itemChangedCallback = callback;
+}
+
+void BVTreeViewModel::setActivateBulkItemChangedCallback(const BulkItemChangedCallback &callback)
+{
+    m_activateBulkItemChangedCallback = callback;
+}
+
+void BVTreeViewModel::activateBulkItemChanged(bool on)
+{
+    if (!m_activateBulkItemChangedCallback)
+        return;
+    const BulkItemChangedCallback callback = m_activateBulkItemChangedCallback;
+    callback(on);
+}
+
+// Structure
+
+void BVTreeViewModel::registerItems(const QVector<BVTreeViewItem *> &items)
+{
+    visitTree(items, [this](BVTreeViewItem *item) {
+        item->m_model = this;
+        m_itemsById->insert(item->m_id, item);
+    });
+}
+
+void BVTreeViewModel::unregisterItems(const QVector<BVTreeViewItem *> &items)
+{
+    visitTree(items, [this](BVTreeViewItem *item) {
+        item->m_model = nullptr;
+        m_itemsById->remove(item->m_id);
+    });
+}
+
+void BVTreeViewModel::insertItems(BVTreeViewItem *parent, int row,
+                                  const QVector<BVTreeViewItem *> &items)
+{
+    if (!flushFor(parent) || row > parent->childCount())
+        return;
+    const QVector<BVTreeViewItem *> free = parent->insertable(items);
+    if (free.isEmpty())
+        return;
+    if (parent->isDisabled() && !parent->isRoot())
+        visitTree(free, [](BVTreeViewItem *item) { item->m_flags &= ~Qt::ItemIsEnabled; });
+    insertFreeItems(parent, row, free);
+}
+
+void BVTreeViewModel::insertFreeItems(BVTreeViewItem *parent, int row,
+                                      const QVector<BVTreeViewItem *> &items)
+{
+    beginInsertItems(parent, row, items.size());
+    parent->adopt(row, items);
+    registerItems(items);
+    endInsertItems();
+}
+
+BVTreeViewItem *BVTreeViewModel::takeItem(BVTreeViewItem *parent, int row)
+{
+    const BVTreeViewItem *item = parent->child(row);
+    const quint64 structure = m_structure;
+    if (!flushFor(item))
+        return nullptr;
+    if (structure != m_structure) {
+        parent = item->holder();
+        row = item->row();
+    }
+    return takeRows(parent, row, 1).value(0);
+}
+
+QVector<BVTreeViewItem *> BVTreeViewModel::takeItems(BVTreeViewItem *parent)
+{
+    if (!flushFor(parent) || parent->childCount() == 0)
+        return {};
+    return takeRows(parent, 0, parent->childCount());
+}
+
+QVector<BVTreeViewItem *> BVTreeViewModel::takeRows(BVTreeViewItem *parent, int row, int count)
+{
+    beginRemoveItems(parent, row, count);
+    const QVector<BVTreeViewItem *> items = parent->release(row, count);
+    unregisterItems(items);
+    endRemoveItems();
+    return items;
+}
+
+void BVTreeViewModel::beginInsertItems(BVTreeViewItem *parent, int row, int count)
+{
+    ++m_structure;
+    beginInsertRows(cell(parent, 0), row, row + count - 1);
+}
+
+void BVTreeViewModel::endInsertItems()
+{
+    endInsertRows();
+}
+
+void BVTreeViewModel::beginRemoveItems(BVTreeViewItem *parent, int row, int count)
+{
+    ++m_structure;
+    beginRemoveRows(cell(parent, 0), row, row + count - 1);
+}
+
+void BVTreeViewModel::endRemoveItems()
+{
+    endRemoveRows();
+}
+
+bool BVTreeViewModel::insertRows(int row, int count, const QModelIndex &parent)
+{
+    BVTreeViewItem *parentItem = parent.column() > 0 ? nullptr : itemOrRoot(parent);
+    const auto isPossible = [&] {
+        return row <= parentItem->childCount() && count <= s_maximumRows;
+    };
+    if (!parentItem || count < 1 || row < 0 || !isPossible() || !flushFor(parentItem) ||
+        !isPossible())
+        return false;
+    QVector<BVTreeViewItem *> items;
+    items.reserve(count);
+    for (int i = 0; i < count; ++i)
+        items.append(new BVTreeViewItem);
+    insertFreeItems(parentItem, row, items);
+    return true;
+}
+
+bool BVTreeViewModel::removeRows(int row, int count, const QModelIndex &parent)
+{
+    BVTreeViewItem *parentItem = parent.column() > 0 ? nullptr : itemOrRoot(parent);
+    const auto isPossible = [&] { return row <= parentItem->childCount() - count; };
+    if (!parentItem || count < 1 || row < 0 || !isPossible() || !flushFor(parentItem) ||
+        !isPossible())
+        return false;
+    const QVector<BVTreeViewItem *> items = takeRows(parentItem, row, count);
+    for (auto item = items.crbegin(); item != items.crend(); ++item)
+        delete *item;
+    return true;
+}
+
+/// A table tells of its columns; in a tree, where every row has them, a reset has to do.
+template <typename Begin, typename Change, typename End>
+void BVTreeViewModel::changeColumns(Begin begin, Change change, End end)
+{
+    const bool isTable = isFlat(*m_rootItem);
+    if (isTable)
+        begin();
+    else
+        beginResetModel();
+    change();
+    if (isTable)
+        end();
+    else
+        endResetModel();
+}
+
+void BVTreeViewModel::setColumnCount(int count)
+{
+    if (count < 0 || count > BVTreeViewItem::s_maximumColumns || count == columnCount() ||
+        !flushPendingChanges())
+        return;
+    const int before = columnCount();
+    if (count > before) {
+        changeColumns([&] { beginInsertColumns(QModelIndex(), before, count - 1); },
+                      [&] { m_headerItem->m_columnCount = count; }, [&] { endInsertColumns(); });
+    } else if (count < before) {
+        changeColumns([&] { beginRemoveColumns(QModelIndex(), count, before - 1); },
+                      [&] { m_headerItem->cutColumns(count); }, [&] { endRemoveColumns(); });
+    }
+}
+
+bool BVTreeViewModel::insertColumns(int column, int count, const QModelIndex &parent)
+{
+    const auto isPossible = [&] {
+        return column <= columnCount() && count <= BVTreeViewItem::s_maximumColumns - columnCount();
+    };
+    if (parent.isValid() || count < 1 || column < 0 || !isPossible() || !flushPendingChanges() ||
+        !isPossible())
+        return false;
+    changeColumns([&] { beginInsertColumns(QModelIndex(), column, column + count - 1); },
+                  [&] { shiftColumns(column, count); }, [&] { endInsertColumns(); });
+    return true;
+}
+
+void BVTreeViewModel::shiftColumns(int column, int count)
+{
+    m_headerItem->shiftColumns(column, count);
+    m_headerItem->m_columnCount = qMax(m_headerItem->m_columnCount, column + count);
+    visitTree(m_rootItem->children(),
+              [&](BVTreeViewItem *item) { item->shiftColumns(column, count); });
+}
+
+void BVTreeViewModel::clear()
+{
+    if (!flushPendingChanges())
+        return;
+    ++m_structure;
+    beginResetModel();
+    m_itemsById->clear();
+    m_itemsById->insert(m_rootItem->id(), m_rootItem.get());
+    deleteRows();
+    endResetModel();
+}
+
+void BVTreeViewModel::clearHeader()
+{
+    setColumnCount(0);
+}
+
+/// Lets an item be enabled just as its parent is.
+void BVTreeViewModel::propagateEnabledRecursively(BVTreeViewItem *item)
+{
+    if (item->m_parent)
+        item->setEnabledFlag(!item->m_parent->isDisabled());
+}
+
+void BVTreeViewModel::propagateEnabledBelow(BVTreeViewItem *item)
+{
+    const Watch watch(this, m_rootItem.get());
+    std::vector<qint64> ids; // slots may take items out
+    visitTree(item->children(), [&](BVTreeViewItem *below) { ids.push_back(below->id()); });
+    for (const qint64 id : ids) {
+        if (!watch.isModelAlive())
+            return;
+        if (BVTreeViewItem *below = itemOfId(id))
+            propagateEnabledRecursively(below);
+    }
+}
+
+// Sorting
+
+void BVTreeViewModel::sort(int column, Qt::SortOrder order)
+{
+    sortItems(m_rootItem.get(), column, order);
+}
+
+void BVTreeViewModel::sortItems(BVTreeViewItem *parent, int column, Qt::SortOrder order)
+{
+    if (!flushFor(parent) || !BVSiblingSort::isSortable(*parent, column))
+        return;
+    m_sortColumn = column;
+    // The list would have to name every parent below; an empty one stands for the whole model.
+    QList<QPersistentModelIndex> parents;
+    if (isFlat(*parent))
+        parents.append(cell(parent, 0));
+    Q_EMIT layoutAboutToBeChanged(parents, VerticalSortHint);
+    ++m_structure;
+    const QModelIndexList before =
+        m_keepSelectedAfterSorting ? persistentIndexList() : QModelIndexList();
+    QVector<const BVTreeViewItem *> items;
+    items.reserve(before.size());
+    for (const QModelIndex &index : before)
+        items.append(item(index));
+    sortLists(parent, column, order);
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (int i = 0; i < before.size(); ++i)
+        after.append(cell(items[i], before[i].column()));
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged(parents, VerticalSortHint);
+}
+
+/// Sorts the children of all depths, without a word to anyone.
+void BVTreeViewModel::sortLists(BVTreeViewItem *parent, int column, Qt::SortOrder order)
+{
+    QVector<BVTreeViewItem *> toSort{parent};
+    while (!toSort.isEmpty()) {
+        BVTreeViewItem *next = toSort.takeLast();
+        if (!BVSiblingSort::isSortable(*next, column))
+            continue;
+        next->m_children = BVSiblingSort::sorted(next->m_children, column, order);
+        next->numberChildren(0);
+        BVCheckCounters::forget(next); // which state stands first may decide
+        for (BVTreeViewItem *child : qAsConst(next->m_children)) {
+            if (child->childCount() > 0)
+                toSort.append(child);
+        }
+    }
+}
+
+// Views
+
+namespace {
+
+/// The item's first cell in the view's model.
+QModelIndex viewIndex(const BVTreeViewItem *item, const QTreeView *view)
+{
+    if (!item || !item->model() || !view)
+        return QModelIndex();
+    std::vector<const QAbstractProxyModel *> proxies;
+    const QAbstractItemModel *model = view->model();
+    while (const auto *proxy = qobject_cast<const QAbstractProxyModel *>(model)) {
+        proxies.push_back(proxy);
+        model = proxy->sourceModel();
+    }
+    if (model != item->model())
+        return QModelIndex();
+    QModelIndex index = item->model()->index(item, 0);
+    for (auto proxy = proxies.crbegin(); proxy != proxies.crend(); ++proxy)
+        index = (*proxy)->mapFromSource(index);
+    return index;
+}
+
+} // namespace
+
+bool isItemExpanded(BVTreeViewItem *item, QTreeView *view)
+{
+    const QModelIndex index = viewIndex(item, view);
+    return index.isValid() && view->isExpanded(index);
+}
+
+bool isItemHidden(BVTreeViewItem *item, QTreeView *view)
+{
+    const QModelIndex index = viewIndex(item, view);
+    return index.isValid() && view->isRowHidden(index.row(), index.parent());
+}
+
+bool isItemSelected(BVTreeViewItem *item, QTreeView *view)
+{
+    const QModelIndex index = viewIndex(item, view);
+    return index.isValid() && view->selectionModel()->isSelected(index);
+}
+
+void setItemExpanded(BVTreeViewItem *item, QTreeView *view, bool expanded)
+{
+    const QModelIndex index = viewIndex(item, view);
+    if (index.isValid())
+        view->setExpanded(index, expanded);
+}
+
+void setCurrentItem(BVTreeViewItem *item, QTreeView *view)
+{
+    const QModelIndex index = viewIndex(item, view);
+    if (view && (index.isValid() || !item))
+        view->setCurrentIndex(index);
+}
