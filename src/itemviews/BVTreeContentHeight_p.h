@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QVector>
+
+class BVTreeView;
+class QModelIndex;
+
+/// The height of a tree view's rows with all branches open, kept until something changes it.
+class BVTreeContentHeight
+{
+public:
+    /// Which child rows count.
+    enum class Children { All, Expanded, None };
+
+    explicit BVTreeContentHeight(BVTreeView *view);
+
+    /// The height of all rows below the view's root.
+    int rowsHeight(Children children);
+    int rowsHeight(const QModelIndex &parent, Children children) const;
+    int headerHeight() const;
+    /// Whether a change of these roles may change the height of a row; none stands for all.
+    static bool isMeasured(const QVector<int> &roles);
+    void invalidate() { m_rowsHeight = -1; }
+
+private:
+    bool hasColumns() const;
+
+    BVTreeView *m_view;
+    int m_rowsHeight = -1;               // pixels; -1 while it is not known
+    Children m_children = Children::All; // that it counts
+};

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "itemviews/BVTreeGrid_p.h"
+
+#include "itemviews/BVTreeView.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QStyle>
+
+namespace {
+
+constexpr int s_tintAlpha = 60; // of 255
+
+} // namespace
+
+BVTreeGrid::BVTreeGrid(const BVTreeView *view)
+    : m_view(view)
+{
+}
+
+/// Returns the bottom of the last row in sight.
+int BVTreeGrid::paintRowLines(QPainter &painter) const
+{
+    const QRect area = m_view->viewport()->rect();
+    int bottom = -1;
+    for (QModelIndex row = m_view->indexAt(area.topLeft()); row.isValid() && bottom < area.bottom();
+         row = m_view->indexBelow(row)) {
+        const int rowBottom = m_view->visualRect(row).bottom();
+        if (rowBottom <= bottom)
+            break; // the column is not in sight
+        bottom = rowBottom;
+        painter.drawLine(area.left(), bottom, area.right(), bottom);
+    }
+    return bottom;
+}
+
+void BVTreeGrid::paintLines(QPainter &painter, bool columns) const
+{
+    const QStyleOptionViewItem option = m_view->viewOptions();
+    const int color = m_view->style()->styleHint(QStyle::SH_Table_GridLineColor, &option, m_view);
+    painter.setPen(QColor::fromRgba(QRgb(color)));
+    const int bottom = paintRowLines(painter);
+    if (!columns)
+        return;
+    const QHeaderView *header = m_view->header();
+    for (int column = 0; column < header->count(); ++column) {
+        if (header->isSectionHidden(column))
+            continue;
+        const int left = header->sectionViewportPosition(column);
+        const int edge = m_view->isRightToLeft() ? left : left + header->sectionSize(column) - 1;
+        painter.drawLine(edge, 0, edge, bottom);
+    }
+}
+
+void BVTreeGrid::paintColumn(QPainter &painter, int column) const
+{
+    const QHeaderView *header = m_view->header();
+    if (column < 0 || column >= header->count() || header->isSectionHidden(column))
+        return;
+    QColor tint = m_view->palette().color(QPalette::Highlight);
+    tint.setAlpha(s_tintAlpha);
+    painter.fillRect(header->sectionViewportPosition(column), 0, header->sectionSize(column),
+                     m_view->viewport()->height(), tint);
+}

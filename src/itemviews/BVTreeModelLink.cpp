@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "itemviews/BVTreeModelLink_p.h"
+
+#include "itemviews/BVTreeView.h"
+#include "itemviews/BVTreeViewDataListener.h"
+#include "itemviews/BVViewAwareModel.h"
+
+#include <QAbstractProxyModel>
+#include <QPersistentModelIndex>
+
+namespace {
+
+QAbstractItemModel *sourceOf(QAbstractItemModel *model)
+{
+    while (const auto *proxy = qobject_cast<QAbstractProxyModel *>(model))
+        model = proxy->sourceModel();
+    return model;
+}
+
+} // namespace
+
+BVTreeModelLink::BVTreeModelLink(BVTreeView *view)
+    : m_view(view)
+{
+}
+
+BVTreeModelLink::~BVTreeModelLink()
+{
+    detach();
+}
+
+void BVTreeModelLink::attach()
+{
+    QAbstractItemModel *model = m_view->model();
+    if (!model)
+        return;
+    using Model = QAbstractItemModel;
+    const auto onRows = [this] { m_onRowsChanged(); };
+    const auto onOrder = [this] { m_onOrderChanged(); };
+    m_connections = {
+        QObject::connect(model, &Model::layoutChanged, m_view, onOrder),
+        QObject::connect(model, &Model::headerDataChanged, m_view, onOrder),
+        QObject::connect(model, &Model::rowsInserted, m_view, onRows),
+        QObject::connect(model, &Model::rowsRemoved, m_view, onRows),
+        QObject::connect(model, &Model::rowsMoved, m_view, onRows),
+        QObject::connect(model, &Model::columnsInserted, m_view, onRows),
+        QObject::connect(model, &Model::columnsRemoved, m_view, onRows),
+        QObject::connect(model, &Model::modelReset, m_view, onRows),
+    };
+    QAbstractItemModel *source = sourceOf(model);
+    if (auto *aware = dynamic_cast<BVViewAwareModel *>(source)) {
+        m_attachedModel = source;
+        aware->attachView(m_view);
+    }
+}
+
+void BVTreeModelLink::detach()
+{
+    for (const QMetaObject::Connection &connection : qAsConst(m_connections))
+        QObject::disconnect(connection);
+    m_connections.clear();
+    if (auto *aware = dynamic_cast<BVViewAwareModel *>(m_attachedModel.data())) {
+        m_attachedModel = nullptr;
+        aware->detachView(m_view);
+    }
+}
+
+void BVTreeModelLink::addListener(BVTreeViewDataListener *listener)
+{
+    if (listener && !m_listeners.contains(listener))
+        m_listeners.append(listener);
+}
+
+void BVTreeModelLink::removeListener(BVTreeViewDataListener *listener)
+{
+    m_listeners.removeAll(listener);
+}
+
+bool BVTreeModelLink::notifyListeners(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                                      const QVector<int> &roles)
+{
+    if (m_listeners.isEmpty())
+        return true;
+    const QPersistentModelIndex first = topLeft;
+    const QPersistentModelIndex last = bottomRight;
+    const QVector<int> told =
+        roles.isEmpty() ? QVector<int>{BVTreeViewDataListener::s_anyRole} : roles;
+    const QVector<BVTreeViewDataListener *> listeners = m_listeners;
+    for (BVTreeViewDataListener *listener : listeners) {
+        for (const int role : told) {
+            if (m_listeners.contains(listener)) // none has removed it
+                listener->onDataChanged(first, last, role);
+            if (first != topLeft || last != bottomRight)
+                return false;
+        }
+    }
+    return true;
+}

@@ -1,0 +1,494 @@
+// SPDX-License-Identifier: MIT
+#include "itemviews/BVTreeView.h"
+
+#include "itemviews/BVCustomHeaderView.h"
+#include "itemviews/BVDelegateManager.h"
+#include "itemviews/BVItemDelegate.h"
+#include "itemviews/BVRowWalk_p.h"
+#include "itemviews/BVTreeContentHeight_p.h"
+#include "itemviews/BVTreeEditController_p.h"
+#include "itemviews/BVTreeGrid_p.h"
+#include "itemviews/BVTreeHeaderChecks_p.h"
+#include "itemviews/BVTreeHover_p.h"
+#include "itemviews/BVTreeModelLink_p.h"
+#include "itemviews/BVTreeViewModel.h"
+#include "itemviews/BVTreeVisibleRows_p.h"
+#include "platform/BVMenu.h"
+#include "platform/PropertyChangeFilter.h"
+
+#include <QContextMenuEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+namespace {
+
+constexpr int s_spaceRowHeight = 20; // px, of a row of space below the content
+constexpr int s_frameSpace = 2;      // px, without rows of space
+
+} // namespace
+
+BVTreeView::BVTreeView(QWidget *parent)
+    : QTreeView(parent)
+    , m_editController(std::make_unique<BVTreeEditController>(this))
+    , m_hover(std::make_unique<BVTreeHover>(this))
+    , m_contentHeight(std::make_unique<BVTreeContentHeight>(this))
+    , m_headerChecks(std::make_unique<BVTreeHeaderChecks>(this))
+    , m_visibleRows(std::make_unique<BVTreeVisibleRows>(this))
+    , m_modelLink(std::make_unique<BVTreeModelLink>(this))
+{
+    setObjectName(QStringLiteral("bv_treeview"));
+    setDragDropMode(QAbstractItemView::DropOnly);
+    setDragEnabled(false);
+    setDropIndicatorShown(true);
+    setItemDelegate(new BVItemDelegate(this));
+    viewport()->setAttribute(Qt::WA_Hover);
+    m_modelLink->m_onRowsChanged = [this] { onStructureChanged(); };
+    m_modelLink->m_onOrderChanged = [this] { updateCheckStateHeader(); };
+    connect(this, &QTreeView::expanded, this, &BVTreeView::onExpandChanged);
+    connect(this, &QTreeView::collapsed, this, &BVTreeView::onExpandChanged);
+    connectHeader();
+}
+
+BVTreeView::~BVTreeView()
+{
+    // Headers are deleted late and tell of it.
+    header()->disconnect(this);
+}
+
+// Model
+
+void BVTreeView::setModel(QAbstractItemModel *model)
+{
+    if (model == this->model())
+        return;
+    m_modelLink->detach();
+    QTreeView::setModel(model);
+    m_modelLink->attach();
+    onStructureChanged();
+}
+
+void BVTreeView::onStructureChanged()
+{
+    onContentChanged();
+    updateCheckStateHeader();
+}
+
+void BVTreeView::setSelectionModel(QItemSelectionModel *selectionModel)
+{
+    QTreeView::setSelectionModel(selectionModel);
+    viewport()->update();
+}
+
+void BVTreeView::addDataListener(BVTreeViewDataListener *listener)
+{
+    m_modelLink->addListener(listener);
+}
+
+void BVTreeView::removeDataListener(BVTreeViewDataListener *listener)
+{
+    m_modelLink->removeListener(listener);
+}
+
+void BVTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                             const QVector<int> &roles)
+{
+    if (!m_modelLink->notifyListeners(topLeft, bottomRight, roles))
+        return; // and the structure is laid out anew
+    if (roles.isEmpty() || roles.contains(Qt::CheckStateRole))
+        updateCheckStateHeader();
+    if (BVTreeContentHeight::isMeasured(roles))
+        onContentChanged();
+    else if (m_headerChecks->isWriting())
+        return; // all is painted anew afterwards
+    if (!m_visibleRows->defers(topLeft, bottomRight))
+        QTreeView::dataChanged(topLeft, bottomRight, roles);
+}
+
+void BVTreeView::rowsInserted(const QModelIndex &parent, int start, int end)
+{
+    onContentChanged();
+    QTreeView::rowsInserted(parent, start, end);
+}
+
+void BVTreeView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
+{
+    onContentChanged();
+    QTreeView::rowsAboutToBeRemoved(parent, start, end);
+}
+
+int BVTreeView::getDFSIndex(const QModelIndex &index) const
+{
+    return index.model() == model() ? BVRowWalk::positionOf(index) : -1;
+}
+
+QModelIndex BVTreeView::indexFromDFSIndex(int position) const
+{
+    return BVRowWalk::rowAt(model(), position);
+}
+
+// Height of the content
+
+void BVTreeView::updateGeometryIfResizable()
+{
+    if (m_resizable)
+        updateGeometry();
+}
+
+void BVTreeView::onContentChanged()
+{
+    m_contentHeight->invalidate();
+    updateGeometryIfResizable();
+}
+
+void BVTreeView::onExpandChanged()
+{
+    if (m_adjustOnChildItems)
+        m_contentHeight->invalidate();
+    updateGeometryIfResizable();
+}
+
+/// Ends what changes rows: hidden ones, style, font, delegates.
+void BVTreeView::doItemsLayout()
+{
+    onContentChanged();
+    m_visibleRows->clear();
+    QTreeView::doItemsLayout();
+}
+
+void BVTreeView::updateGeometries()
+{
+    QTreeView::updateGeometries();
+    const bool scrolls = horizontalScrollBar()->minimum() < horizontalScrollBar()->maximum();
+    if (scrolls == m_hadHorizontalScrolling)
+        return;
+    m_hadHorizontalScrolling = scrolls;
+    updateGeometryIfResizable();
+}
+
+void BVTreeView::setResizable(bool resizable)
+{
+    m_resizable = resizable;
+    updateGeometry();
+}
+
+void BVTreeView::setSpaceToAdd(int rows)
+{
+    if (rows == m_spaceToAdd)
+        return;
+    m_spaceToAdd = rows;
+    updateGeometryIfResizable();
+}
+
+void BVTreeView::setMinimumResizableHeight(int height)
+{
+    m_minimumResizableHeight = height;
+    updateGeometryIfResizable();
+}
+
+void BVTreeView::setCustomFixedHeight(int height)
+{
+    m_customFixedHeight = height;
+    updateGeometryIfResizable();
+}
+
+void BVTreeView::setAdjustOnChildItems(bool adjust)
+{
+    m_adjustOnChildItems = adjust;
+    updateGeometryIfResizable();
+}
+
+void BVTreeView::setOnlyAdjustOnTopLevelItems(bool adjust)
+{
+    m_onlyAdjustOnTopLevelItems = adjust;
+    updateGeometryIfResizable();
+}
+
+int BVTreeView::calculateRowHeight(const QModelIndex &parent) const
+{
+    using Children = BVTreeContentHeight::Children;
+    const Children children = m_onlyAdjustOnTopLevelItems ? Children::None
+                              : m_adjustOnChildItems      ? Children::Expanded
+                                                          : Children::All;
+    if (parent == rootIndex())
+        return m_contentHeight->rowsHeight(children);
+    return m_contentHeight->rowsHeight(parent, children);
+}
+
+int BVTreeView::calculateHeight() const
+{
+    int height = m_contentHeight->headerHeight() + calculateRowHeight(rootIndex());
+    const QScrollBar *bar = horizontalScrollBar();
+    if (bar->minimum() < bar->maximum())
+        height += bar->sizeHint().height();
+    return qMax(height, qMax(minimumHeight(), m_minimumResizableHeight));
+}
+
+QSize BVTreeView::sizeHint() const
+{
+    QSize size = QTreeView::sizeHint();
+    if (m_resizable)
+        size.setHeight(m_customFixedHeight >= 0 ? m_customFixedHeight : calculateHeight());
+    constexpr int mostRows = QWIDGETSIZE_MAX / s_spaceRowHeight;
+    if (m_spaceToAdd == 0)
+        size.rheight() += s_frameSpace;
+    else if (m_spaceToAdd > 0)
+        size.rheight() += qMin(m_spaceToAdd, mostRows) * s_spaceRowHeight;
+    return size;
+}
+
+/// A resizable view may be as low as its content, and scrolls where a form has less space.
+QSize BVTreeView::minimumSizeHint() const
+{
+    QSize size = QTreeView::minimumSizeHint();
+    if (m_resizable)
+        size.setHeight(qMax(qMin(size.height(), sizeHint().height()), m_minimumResizableHeight));
+    return size;
+}
+
+// Header
+
+void BVTreeView::connectHeader()
+{
+    connect(header(), &QHeaderView::geometriesChanged, this, &BVTreeView::headerChanged);
+    connect(header(), &QHeaderView::sectionResized, this,
+            [this](int, int before, int after) { onSectionResized(before, after); });
+}
+
+void BVTreeView::headerChanged()
+{
+    updateGeometryIfResizable();
+}
+
+/// Hidden columns add nothing to the heights of rows.
+void BVTreeView::onSectionResized(int before, int after)
+{
+    if (before == 0 || after == 0)
+        onContentChanged();
+}
+
+void BVTreeView::setHeader(QHeaderView *header)
+{
+    if (!header || header == this->header())
+        return;
+    const bool isHidden = this->header()->isHidden();
+    QTreeView::setHeader(header);
+    header->setHidden(isHidden);
+    connectHeader();
+    if (m_headerChecks->header()) {
+        m_paintHeaderSelection = true;
+        m_headerChecks->adoptHeader();
+    }
+    PropertyChangeFilter::repolish(header);
+    onContentChanged();
+}
+
+void BVTreeView::useCheckStateHeader(int column, Qt::Alignment alignment)
+{
+    m_headerChecks->makeHeader();
+    m_headerChecks->setHeaderData(column, BVTreeViewModel::HeaderCheckBoxAlignmentRole,
+                                  int(alignment));
+    setCheckBoxVisible(true, column);
+}
+
+void BVTreeView::setCheckBoxVisible(bool visible, int column)
+{
+    m_headerChecks->setHeaderData(column, BVTreeViewModel::HeaderCheckBoxRole, visible);
+}
+
+bool BVTreeView::setCheckBoxChecked(bool checked, int column)
+{
+    BVCustomHeaderView *custom = m_headerChecks->header();
+    return custom && custom->setChecked(checked, column);
+}
+
+void BVTreeView::setCheckStateBulk(const QList<QModelIndex> &indexes, int column, bool checked)
+{
+    m_headerChecks->write(indexes, column, boolToCheckState(checked));
+}
+
+Qt::CheckState BVTreeView::boolToCheckState(bool checked)
+{
+    return checked ? Qt::Checked : Qt::Unchecked;
+}
+
+void BVTreeView::updateCheckStateHeader()
+{
+    m_headerChecks->scheduleUpdate();
+}
+
+// Editing and selecting
+
+bool BVTreeView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    return m_editController->edit(index, trigger, event);
+}
+
+void BVTreeView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    m_editController->closeEditor(editor, hint);
+}
+
+bool BVTreeView::isEditingState() const
+{
+    return m_editController->isEditing();
+}
+
+bool BVTreeView::isEditingPrevented(const QModelIndex &index) const
+{
+    const BVItemDelegate *delegate = BVDelegateManager::itemDelegateOf(this, index);
+    return delegate && !delegate->isEditable(index);
+}
+
+void BVTreeView::enableDeselection(bool enable)
+{
+    m_editController->enableDeselection(enable);
+}
+
+QItemSelectionModel::SelectionFlags BVTreeView::selectionCommand(const QModelIndex &index,
+                                                                 const QEvent *event) const
+{
+    return m_editController->selectionCommand(index, event);
+}
+
+void BVTreeView::updateIndexSelection(const QModelIndex &index)
+{
+    if (!selectionModel() || !index.isValid() || index.model() != model())
+        return;
+    const bool keeps = selectionModel()->isSelected(index);
+    selectionModel()->setCurrentIndex(
+        index, keeps ? QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate)
+                     : QTreeView::selectionCommand(index, nullptr));
+}
+
+/// The rows of the selection keep their colour while an editor has the focus.
+QStyleOptionViewItem BVTreeView::viewOptions() const
+{
+    QStyleOptionViewItem option = QTreeView::viewOptions();
+    if (isEditingState())
+        option.state |= QStyle::State_Active;
+    return option;
+}
+
+// Mouse
+
+QModelIndex BVTreeView::getHoverItem() const
+{
+    return m_hover->index();
+}
+
+void BVTreeView::setHoverItem(const QModelIndex &index)
+{
+    if (!index.isValid() || index.model() == model())
+        m_hover->setIndex(index);
+}
+
+bool BVTreeView::viewportEvent(QEvent *event)
+{
+    const QPointer<BVTreeView> guard(this);
+    m_hover->handle(event);
+    return !guard || QTreeView::viewportEvent(event);
+}
+
+void BVTreeView::setAutoscroll(bool on)
+{
+    if (on)
+        startAutoScroll();
+    else
+        stopAutoScroll();
+}
+
+void BVTreeView::scrollTo(const QModelIndex &index, ScrollHint hint)
+{
+    if (!m_verticalScrollingOnly) {
+        QTreeView::scrollTo(index, hint);
+        return;
+    }
+    executeDelayedItemsLayout();
+    const int before = horizontalScrollBar()->value();
+    QTreeView::scrollTo(index, hint);
+    horizontalScrollBar()->setValue(before);
+}
+
+void BVTreeView::setVerticalScrollingOnly(bool only)
+{
+    m_verticalScrollingOnly = only;
+}
+
+void BVTreeView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const QPointer<BVTreeView> guard(this);
+    const bool isKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    const QRect current = visualRect(currentIndex()) & viewport()->rect();
+    showContextMenu(isKeyboard && current.isValid() ? current.center() : event->pos());
+    event->accept();
+    if (guard)
+        m_hover->leave();
+}
+
+void BVTreeView::showContextMenu(const QPoint &position)
+{
+    const QModelIndex index = indexAt(position);
+    BVItemDelegate *delegate = BVDelegateManager::itemDelegateOf(this, index);
+    if (!delegate)
+        return;
+    BVMenu menu;
+    delegate->provideContextMenuActions(index, position, this, &menu);
+    if (!menu.isEmpty())
+        menu.exec(viewport()->mapToGlobal(position));
+}
+
+// Painting
+
+/// The tint of a row goes on under its branches.
+void BVTreeView::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const
+{
+    const BVItemDelegate *delegate = BVDelegateManager::itemDelegateOf(this, index);
+    if (delegate && !(selectionModel() && selectionModel()->isSelected(index)))
+        painter->fillRect(rect, delegate->rowTint(index));
+    QTreeView::drawBranches(painter, rect, index);
+}
+
+void BVTreeView::setShowGrid(bool show, bool columns)
+{
+    m_showGrid = show;
+    m_gridSecondFlag = columns;
+    viewport()->update();
+}
+
+void BVTreeView::setPaintHeaderSelection(bool paint)
+{
+    m_paintHeaderSelection = paint;
+    viewport()->update();
+}
+
+void BVTreeView::setDragAndDropManager(BVDragAndDropManager *manager)
+{
+    m_dragAndDropManager = manager;
+    viewport()->update();
+}
+
+void BVTreeView::setOverlayPainter(const OverlayPainter &painter)
+{
+    m_overlayPainter = painter;
+    viewport()->update();
+}
+
+void BVTreeView::paintEvent(QPaintEvent *event)
+{
+    executeDelayedItemsLayout();
+    m_visibleRows->update();
+    const BVCustomHeaderView *custom = m_headerChecks->header();
+    const int column = m_paintHeaderSelection && custom ? custom->focusedCheckBox() : -1;
+    if (m_showGrid || column >= 0) {
+        QPainter painter(viewport());
+        const BVTreeGrid grid(this);
+        if (m_showGrid)
+            grid.paintLines(painter, m_gridSecondFlag);
+        grid.paintColumn(painter, column);
+    }
+    QTreeView::paintEvent(event);
+    if (m_overlayPainter) {
+        QPainter painter(viewport());
+        m_overlayPainter(painter, state() == QAbstractItemView::DraggingState);
+    }
+}

@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "itemviews/BVTreeViewDataListener.h"
+
+BVTreeViewDataListener::~BVTreeViewDataListener() = default;

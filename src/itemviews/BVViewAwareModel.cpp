@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include "itemviews/BVViewAwareModel.h"
+
+BVViewAwareModel::~BVViewAwareModel() = default;
