@@ -11,6 +11,7 @@
 #include "units/BVStepping_p.h"
 #include "units/BVUnitValidator.h"
 #include "units/BVValueTexts_p.h"
+#include "units/UnitChecks_p.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -25,6 +26,8 @@
 
 #include <cmath>
 #include <utility>
+
+using UnitChecks::isKnown;
 
 namespace {
 
@@ -42,12 +45,6 @@ bool isBeforeLeaving(const QEvent &event)
     const int key = static_cast<const QKeyEvent &>(event).key();
     return key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Return ||
            key == Qt::Key_Enter;
-}
-
-/// Whether the tag stands for a unit, or for none.
-bool isKnown(UnitConverter::Unit unit)
-{
-    return unit == UnitConverter::Unit_None || !UnitConverter::UnitFromTag(unit).isEmpty();
 }
 
 } // namespace

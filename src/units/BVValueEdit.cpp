@@ -3,6 +3,7 @@
 
 #include "units/BVUnitValidator.h"
 #include "units/BVValueTexts_p.h"
+#include "units/UnitChecks_p.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -13,14 +14,9 @@
 #include <cmath>
 
 using BVValueTexts::withDisplayUnit;
+using UnitChecks::isKnown;
 
 namespace {
-
-/// Whether the tag stands for a unit, or for none.
-bool isKnown(UnitConverter::Unit unit)
-{
-    return unit == UnitConverter::Unit_None || !UnitConverter::UnitFromTag(unit).isEmpty();
-}
 
 /// Judges a text as the edit's formatter will read it.
 ///
