@@ -4,6 +4,7 @@
 #include "units/BVNumberNotation_p.h"
 #include "units/BVUnitSymbols.h"
 #include "units/BVUnitValidator.h"
+#include "units/UnitChecks_p.h"
 #include "units/UnitsConfiguration.h"
 
 #include <QFontMetrics>
@@ -21,13 +22,6 @@ static_assert(BVNumberNotation::s_maxDecimals == BVFormatter::s_maxDecimals);
 int boundedWidth(int width)
 {
     return qBound(-BVFormatter::s_maxFieldWidth, width, BVFormatter::s_maxFieldWidth);
-}
-
-/// What setValueUnit() and its like take: a unit or the name of one.
-bool isUnitOrName(const QString &text)
-{
-    const UnitConverter::UnitCheck check = UnitConverter::isUnit(text);
-    return check == UnitConverter::CompleteUnit || check == UnitConverter::UnitName;
 }
 
 /// Everything about the text of a number but its value.
@@ -419,7 +413,7 @@ bool BVFormatter::setValueUnit(const QString &unitOrSymbol)
     const QString unit = fromSymbols(unitOrSymbol);
     if (unit == m_valueUnit)
         return true;
-    if (!unit.isEmpty() && !isUnitOrName(unit))
+    if (!unit.isEmpty() && !UnitChecks::isWholeUnit(unit))
         return false;
     m_valueUnit = unit;
     const bool keepsDisplay =
@@ -436,7 +430,7 @@ bool BVFormatter::setValueUnit(const QString &unitOrSymbol)
 bool BVFormatter::setGlobalOff(const QString &unitOrSymbol)
 {
     const QString displayUnit = fromSymbols(unitOrSymbol);
-    if (displayUnit != m_displayUnit && !isUnitOrName(displayUnit))
+    if (displayUnit != m_displayUnit && !UnitChecks::isWholeUnit(displayUnit))
         return false;
     if (!isConvertable(m_valueUnit, displayUnit))
         return false;

@@ -6,20 +6,10 @@
 #include "units/BVUnitSymbols.h"
 #include "units/BVUnitValidator.h"
 #include "units/BVValueTexts_p.h"
+#include "units/UnitChecks_p.h"
 
 #include <cfloat>
 #include <cmath>
-
-namespace {
-
-/// The converter reads the start of what is none, too.
-bool isWholeUnit(const QString &unit)
-{
-    const UnitConverter::UnitCheck check = UnitConverter::isUnit(unit);
-    return check == UnitConverter::CompleteUnit || check == UnitConverter::UnitName;
-}
-
-} // namespace
 
 BVSpinBoxTexts::BVSpinBoxTexts(const BVDoubleSpinBox &box)
     : m_box(box)
@@ -67,7 +57,7 @@ double BVSpinBoxTexts::value(const QString &typed, bool &ok) const
         return read;
     BVUnitSymbols::replaceSymbols(unit, true);
     double value = read;
-    ok = m_formatter.isValueUnitSet() && isWholeUnit(unit) &&
+    ok = m_formatter.isValueUnitSet() && UnitChecks::isWholeUnit(unit) &&
          m_formatter.valueFromUnit(read, unit, value) &&
          (std::isfinite(value) || !std::isfinite(read));
     return value;

@@ -3,6 +3,7 @@
 
 #include "units/BVNumberNotation_p.h"
 #include "units/BVUnitSymbols.h"
+#include "units/UnitChecks_p.h"
 #include "units/UnitConverter.h"
 
 #include <QSignalBlocker>
@@ -182,12 +183,6 @@ bool isBegunExponentOrFraction(const QString &rest)
     return trimmed.startsWith(QLatin1Char('/')) && isNoneOrMayBecomeUnit(trimmed.mid(1));
 }
 
-bool isCompleteUnit(const QString &text)
-{
-    const UnitConverter::UnitCheck check = UnitConverter::isUnit(text);
-    return check == UnitConverter::CompleteUnit || check == UnitConverter::UnitName;
-}
-
 /// Whether a converted value is zero but for what the conversion has lost, as -273.15 degC in K.
 bool isRoundingNoise(double value, const QString &unit, const QString &baseUnit)
 {
@@ -299,7 +294,7 @@ QValidator::State BVUnitValidator::validateConverted(const QString &number, cons
     converts = UnitConverter::convert(value, unit, m_baseUnit);
     if (!converts)
         return Invalid;
-    if (!isCompleteUnit(unit) || (std::isfinite(typed) && !std::isfinite(value)))
+    if (!UnitChecks::isWholeUnit(unit) || (std::isfinite(typed) && !std::isfinite(value)))
         return Intermediate;
     const int places = BVNumberNotation::boundedDecimals(decimals());
     const double digit = BVNumberNotation::powerOfTen(-places);

@@ -440,8 +440,7 @@ QString BVValueEdit::problem() const
         return rangeProblem();
     if (!m_formatter->isValueUnitSet())
         return tr("This value has no unit; \"%1\" does not belong here.").arg(unit);
-    const UnitConverter::UnitCheck check = UnitConverter::isUnit(typedUnit);
-    if (check != UnitConverter::CompleteUnit && check != UnitConverter::UnitName)
+    if (!UnitChecks::isWholeUnit(typedUnit))
         return tr("\"%1\" is not a unit.").arg(unit);
     QString shownUnit = m_formatter->displayUnit();
     BVFormatter::replaceSymbols(shownUnit, false);
