@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "units/BVSliderHandles_p.h"
 
-#include "foundation/BVCursorTable.h"
 #include "units/BVSliderAccessible_p.h"
 #include "units/BVSliderSteps_p.h"
 
@@ -97,35 +96,12 @@ bool BVSliderHandles::hover(BVSlider::Handle handle)
 void BVSliderHandles::updateCursor(bool isDraggingLimit)
 {
     if (!m_slider.isEnabled() || m_slider.isLocked()) {
-        takeCursor(BVCursorTable::cursor(BVCursorTable::Cursor::Locked));
+        m_cursor.set(BVCursorTable::Cursor::Locked);
     } else if (isDraggingLimit || m_hovered > BVSlider::ValueHandle) {
         const bool isHorizontal = m_slider.orientation() == Qt::Horizontal;
-        takeCursor(BVCursorTable::cursor(isHorizontal ? BVCursorTable::Cursor::SlideHorizontal
-                                                      : BVCursorTable::Cursor::SlideVertical));
+        m_cursor.set(isHorizontal ? BVCursorTable::Cursor::SlideHorizontal
+                                  : BVCursorTable::Cursor::SlideVertical);
     } else {
-        giveCursorBack();
+        m_cursor.reset();
     }
-}
-
-void BVSliderHandles::takeCursor(const QCursor &cursor)
-{
-    if (!m_hasTakenCursor || m_slider.cursor() != m_cursor) { // or the application has set another
-        m_hadCursor = m_slider.testAttribute(Qt::WA_SetCursor);
-        m_cursorBefore = m_slider.cursor();
-    }
-    m_hasTakenCursor = true;
-    m_slider.setCursor(cursor);
-    m_cursor = m_slider.cursor();
-}
-
-void BVSliderHandles::giveCursorBack()
-{
-    const bool isOurs = m_hasTakenCursor && m_slider.cursor() == m_cursor;
-    m_hasTakenCursor = false;
-    if (!isOurs)
-        return;
-    if (m_hadCursor)
-        m_slider.setCursor(m_cursorBefore);
-    else
-        m_slider.unsetCursor();
 }

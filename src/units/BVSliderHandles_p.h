@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "units/BVCursorOverride_p.h"
 #include "units/BVSlider.h"
-
-#include <QCursor>
 
 class QWheelEvent;
 
@@ -13,6 +12,7 @@ class BVSliderHandles
 public:
     explicit BVSliderHandles(BVSlider &slider)
         : m_slider(slider)
+        , m_cursor(&slider)
     {
     }
 
@@ -40,15 +40,10 @@ public:
 
 private:
     void moveFocused(qint64 distance);
-    void takeCursor(const QCursor &cursor);
-    void giveCursorBack();
 
     BVSlider &m_slider;
     BVSlider::Handle m_focused = BVSlider::ValueHandle;
     BVSlider::Handle m_hovered = BVSlider::NoHandle;
     double m_wheelRest = 0.0; // positions, that the handle has not moved yet
-    bool m_hasTakenCursor = false;
-    bool m_hadCursor = false; // the slider, one of its own
-    QCursor m_cursor;         // which we have set
-    QCursor m_cursorBefore;
+    BVCursorOverride m_cursor;
 };

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/BVCursorTable.h"
+#include "units/BVCursorOverride_p.h"
 
-#include <QCursor>
 #include <QObject>
 #include <QPoint>
 
@@ -34,25 +33,6 @@ private:
         Cancelled, // the button is still down
     };
 
-    /// Puts a cursor in place of a widget's own, and gives that back.
-    class CursorOverride
-    {
-    public:
-        explicit CursorOverride(QWidget *widget)
-            : m_widget(widget)
-        {
-        }
-        void set(BVCursorTable::Cursor cursor);
-        void reset();
-
-    private:
-        QWidget *m_widget;
-        bool m_isOn = false;
-        bool m_wasSet = false; // what it shows otherwise; else the cursor of its parent
-        QCursor m_own;
-        QCursor m_shown;
-    };
-
     bool handleMouse(QObject *watched, QMouseEvent *event);
     void press(QObject *watched, const QMouseEvent &event);
     bool move(const QMouseEvent &event);
@@ -69,8 +49,8 @@ private:
 
     BVDoubleSpinBox *m_box; // parent of this
     QLineEdit *m_edit;      // child of the box
-    CursorOverride m_boxCursor;
-    CursorOverride m_editCursor;
+    BVCursorOverride m_boxCursor;
+    BVCursorOverride m_editCursor;
     State m_state = Idle;
     bool m_onPrefix = false;     // what was pressed; else a button
     bool m_isOverPrefix = false; // where the pointer is
