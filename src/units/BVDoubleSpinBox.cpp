@@ -265,21 +265,25 @@ QSize BVDoubleSpinBox::minimumSizeHint() const
 
 // Stepping
 
+bool BVDoubleSpinBox::isReadOnlyOrLocked() const
+{
+    return isReadOnly() || getBvStatus(BVWidgetStatus::StandardLocked);
+}
+
 bool BVDoubleSpinBox::isSlidingPossible() const
 {
-    return isEnabled() && !isReadOnly() && !getBvStatus(BVWidgetStatus::StandardLocked) &&
-           property("value").isValid() && property("maximum").isValid() &&
-           property("minimum").isValid();
+    return isEnabled() && !isReadOnlyOrLocked() && property("value").isValid() &&
+           property("maximum").isValid() && property("minimum").isValid();
 }
 
 bool BVDoubleSpinBox::isSteppingPossible() const
 {
-    return !isReadOnly() && !getBvStatus(BVWidgetStatus::StandardLocked) && !m_sliding;
+    return !isReadOnlyOrLocked() && !m_sliding;
 }
 
 QAbstractSpinBox::StepEnabled BVDoubleSpinBox::stepEnabled() const
 {
-    if (isReadOnly() || getBvStatus(BVWidgetStatus::StandardLocked))
+    if (isReadOnlyOrLocked())
         return StepNone;
     if (wrapping() || isEmpty())
         return StepUpEnabled | StepDownEnabled;
@@ -519,7 +523,7 @@ bool BVDoubleSpinBox::event(QEvent *event)
 /// What may be done with the box has changed.
 void BVDoubleSpinBox::onAccessChanged()
 {
-    lineEdit()->setReadOnly(isReadOnly() || getBvStatus(BVWidgetStatus::StandardLocked));
+    lineEdit()->setReadOnly(isReadOnlyOrLocked());
     if (!isSlidingPossible())
         m_steps->drop();
     m_drag->update();
@@ -530,8 +534,7 @@ void BVDoubleSpinBox::onAccessChanged()
 /// Settles a text when no more can be typed, so that leaving the box later changes nothing.
 void BVDoubleSpinBox::takeLastTyped()
 {
-    const bool isEditable =
-        isEnabled() && !isReadOnly() && !getBvStatus(BVWidgetStatus::StandardLocked);
+    const bool isEditable = isEnabled() && !isReadOnlyOrLocked();
     if (std::exchange(m_editable, isEditable) && !isEditable)
         m_content->takeTyped();
 }

@@ -291,6 +291,7 @@ protected:
 private:
     friend class BVSpinBoxDrag; // for the style option of the buttons
 
+    bool isReadOnlyOrLocked() const;
     bool isSteppingPossible() const;
     void stepUnlessRunning(int steps, bool accelerate, bool &running);
     void onFormatterChanged();
