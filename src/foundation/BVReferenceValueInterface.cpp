@@ -99,11 +99,18 @@ QString BVReferenceValueInterface::composedToolTip(const QWidget *widget)
                          {translated("Reference value: %1").arg(referenceText(widget, reference))});
 }
 
-bool BVReferenceValueInterface::showToolTip(QWidget *widget, QHelpEvent *event)
+void BVReferenceValueInterface::showComposedToolTip(QWidget *widget, const QHelpEvent *event)
 {
-    if (!widget || !hasReference(widget))
-        return false;
+    if (!widget || !event)
+        return;
     QToolTip::showText(event->globalPos(), composedToolTip(widget), widget, widget->rect(),
                        widget->toolTipDuration());
+}
+
+bool BVReferenceValueInterface::showToolTip(QWidget *widget, QHelpEvent *event)
+{
+    if (!widget || !event || !hasReference(widget))
+        return false;
+    showComposedToolTip(widget, event);
     return true;
 }

@@ -36,6 +36,8 @@ public:
     /// The tool tip of @p widget: its own text, then "Reference value: ..." on a line of its own if
     /// it has a reference value. Empty when there is neither.
     static QString composedToolTip(const QWidget *widget);
-    /// Shows that tool tip if the widget has a reference value; returns whether it does.
+    /// Shows that tool tip where @p event asks for it; an empty one hides what is shown.
+    static void showComposedToolTip(QWidget *widget, const QHelpEvent *event);
+    /// Shows it only if the widget has a reference value; returns whether it does.
     static bool showToolTip(QWidget *widget, QHelpEvent *event);
 };

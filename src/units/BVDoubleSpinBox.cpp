@@ -21,7 +21,6 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QStyleOptionSpinBox>
-#include <QToolTip>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -487,8 +486,7 @@ bool BVDoubleSpinBox::event(QEvent *event)
 {
     const QEvent::Type type = event->type();
     if (type == QEvent::ToolTip) {
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), composedToolTip(this),
-                           this, rect(), toolTipDuration());
+        showComposedToolTip(this, static_cast<QHelpEvent *>(event));
         return true;
     }
     const QPointer<BVDoubleSpinBox> self(this);

@@ -20,7 +20,6 @@
 #include <QPainter>
 #include <QPointer>
 #include <QStyleOptionSlider>
-#include <QToolTip>
 #include <QWheelEvent>
 
 #include <limits>
@@ -683,8 +682,7 @@ bool BVSlider::event(QEvent *event)
         return handleVirtualSlider(event);
     if (event->type() == QEvent::ToolTip) {
         if (!m_pointer->drag().isActive() && !isSliderDown())
-            QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), composedToolTip(this),
-                               this, rect(), toolTipDuration());
+            showComposedToolTip(this, static_cast<QHelpEvent *>(event));
         return true;
     }
     if (event->type() == QEvent::Polish)

@@ -8,7 +8,6 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPointer>
-#include <QToolTip>
 #include <QVariant>
 
 #include <cmath>
@@ -313,8 +312,7 @@ bool BVValueEdit::event(QEvent *event)
 {
     if (event->type() != QEvent::ToolTip)
         return BVLineEdit::event(event);
-    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), composedToolTip(this), this,
-                       rect(), toolTipDuration());
+    showComposedToolTip(this, static_cast<QHelpEvent *>(event));
     return true;
 }
 
