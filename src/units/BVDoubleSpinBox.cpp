@@ -465,9 +465,7 @@ void BVDoubleSpinBox::fixup(QString &text) const
 
 QString BVDoubleSpinBox::referenceValueText(const QVariant &reference) const
 {
-    bool ok = false;
-    const double value = reference.toDouble(&ok);
-    return ok ? m_formatter->textFromValue(value, true) : reference.toString();
+    return BVValueTexts::referenceText(*m_formatter, reference);
 }
 
 QString BVDoubleSpinBox::toolTipText() const

@@ -8,7 +8,6 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPointer>
-#include <QVariant>
 
 #include <cmath>
 
@@ -464,9 +463,7 @@ bool BVValueEdit::isNoValue() const
 
 QString BVValueEdit::referenceValueText(const QVariant &reference) const
 {
-    bool ok = false;
-    const double value = reference.toDouble(&ok);
-    return ok ? textFromValue(value, true) : reference.toString();
+    return BVValueTexts::referenceText(*m_formatter, reference);
 }
 
 QString BVValueEdit::toolTipText() const

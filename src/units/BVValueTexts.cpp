@@ -6,6 +6,7 @@
 #include "units/UnitsConfiguration.h"
 
 #include <QLocale>
+#include <QVariant>
 
 #include <cmath>
 
@@ -61,4 +62,11 @@ QStringList BVValueTexts::valueInOtherUnits(const BVFormatter &formatter, double
         lines << QStringLiteral("= ") + text;
     }
     return lines;
+}
+
+QString BVValueTexts::referenceText(const BVFormatter &formatter, const QVariant &reference)
+{
+    bool ok = false;
+    const double value = reference.toDouble(&ok);
+    return ok ? formatter.textFromValue(value, true) : reference.toString();
 }

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 class BVFormatter;
+class QVariant;
 
 /// What the widgets that take one value have in common about its texts.
 namespace BVValueTexts {
@@ -19,5 +20,8 @@ QString fullValueText(const BVFormatter &formatter, double value);
 
 /// A line "= ..." for each other unit that the user could choose for the value's quantity.
 QStringList valueInOtherUnits(const BVFormatter &formatter, double value);
+
+/// A reference value as the formatter writes it in full; one that is no number as its text.
+QString referenceText(const BVFormatter &formatter, const QVariant &reference);
 
 } // namespace BVValueTexts
