@@ -8,6 +8,12 @@ namespace {
 
 constexpr double s_noise = 1e-12; // relative; what sums of steps may miss a limit by
 
+/// Whether both limits are finite and apart.
+bool canWrap(double minimum, double maximum)
+{
+    return maximum > minimum && std::isfinite(maximum - minimum);
+}
+
 } // namespace
 
 double BVStepping::roundedToStep(double value, double step, double direction, double tolerance)
@@ -38,11 +44,6 @@ double BVStepping::stepOfRange(double minimum, double maximum, int count, double
 {
     const double width = maximum - minimum;
     return count > 0 && std::isfinite(width) ? width / count : singleStep;
-}
-
-bool BVStepping::canWrap(double minimum, double maximum)
-{
-    return maximum > minimum && std::isfinite(maximum - minimum);
 }
 
 double BVStepping::wrapped(double value, double minimum, double maximum, double tolerance)

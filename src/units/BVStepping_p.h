@@ -22,10 +22,8 @@ double logarithmic(double current, double decades, double count);
 /// (-1), or the range has no finite width.
 double stepOfRange(double minimum, double maximum, int count, double singleStep);
 
-/// Whether both limits are finite and apart.
-bool canWrap(double minimum, double maximum);
 /// A value beyond a limit by more than the tolerance moved into the range by whole widths of it;
-/// any other value, and any value where the range cannot wrap, as it is.
+/// any other value, and any value where the limits are not finite and apart, as it is.
 double wrapped(double value, double minimum, double maximum, double tolerance);
 
 /// A value outside by less than the tolerance as the limit that it misses; any other as it is.
