@@ -19,44 +19,42 @@ void BVSliderHandles::focus(BVSlider::Handle handle)
 
 void BVSliderHandles::ensureFocused()
 {
-    if (m_slider.isHandleActive(m_focused))
-        return;
-    for (const auto handle :
-         {BVSlider::ValueHandle, BVSlider::LowerLimitHandle, BVSlider::UpperLimitHandle}) {
-        if (m_slider.isHandleActive(handle)) {
-            focus(handle);
-            return;
-        }
-    }
-    focus(BVSlider::ValueHandle);
+    if (!m_slider.isHandleActive(m_focused))
+        focus(firstActive(true));
 }
 
 bool BVSliderHandles::focusNext(bool forward)
 {
-    const int step = forward ? 1 : -1;
-    for (int next = m_focused + step;
-         next >= BVSlider::ValueHandle && next <= BVSlider::UpperLimitHandle; next += step) {
-        const auto handle = static_cast<BVSlider::Handle>(next);
-        if (m_slider.isHandleActive(handle)) {
-            focus(handle);
-            return true;
-        }
-    }
-    return false;
+    const BVSlider::Handle next = nextActive(m_focused, forward);
+    if (next == BVSlider::NoHandle)
+        return false;
+    focus(next);
+    return true;
 }
 
 void BVSliderHandles::enter(bool forward)
 {
-    m_focused = forward ? BVSlider::ValueHandle : BVSlider::UpperLimitHandle;
-    // Its own focus is announced by the slider once it has it.
-    while (!m_slider.isHandleActive(m_focused)) {
-        const int next = m_focused + (forward ? 1 : -1);
-        if (next < BVSlider::ValueHandle || next > BVSlider::UpperLimitHandle) {
-            m_focused = BVSlider::ValueHandle;
-            return;
-        }
-        m_focused = static_cast<BVSlider::Handle>(next);
+    m_focused = firstActive(forward); // the slider announces it once it has the focus itself
+}
+
+/// The next active handle from one, or from a place outside all; NoHandle if there is none.
+BVSlider::Handle BVSliderHandles::nextActive(int from, bool forward) const
+{
+    const int step = forward ? 1 : -1;
+    for (int next = from + step;
+         next >= BVSlider::ValueHandle && next <= BVSlider::UpperLimitHandle; next += step) {
+        const auto handle = static_cast<BVSlider::Handle>(next);
+        if (m_slider.isHandleActive(handle))
+            return handle;
     }
+    return BVSlider::NoHandle;
+}
+
+/// The first active handle, or the last; the value's if none is active.
+BVSlider::Handle BVSliderHandles::firstActive(bool forward) const
+{
+    const int outside = forward ? BVSlider::ValueHandle - 1 : BVSlider::UpperLimitHandle + 1;
+    return qMax(BVSlider::ValueHandle, nextActive(outside, forward));
 }
 
 void BVSliderHandles::moveFocused(qint64 distance)

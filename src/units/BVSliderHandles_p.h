@@ -39,6 +39,8 @@ public:
     void updateCursor(bool isDraggingLimit);
 
 private:
+    BVSlider::Handle nextActive(int from, bool forward) const;
+    BVSlider::Handle firstActive(bool forward) const;
     void moveFocused(qint64 distance);
 
     BVSlider &m_slider;
