@@ -172,7 +172,6 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
-    friend class BVTreeContentHeight;
     friend class BVTreeEditController;
     friend class BVTreeGrid;
     friend class BVTreeVisibleRows;
