@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "BVWidgetsExport.h"
+
 #include <QModelIndex>
 #include <QPersistentModelIndex>
 #include <QPointer>
@@ -19,17 +21,21 @@ enum class DropIndicatorPosition {
 
 /// The running drag, or the drop that has just been made, as its view's drag-and-drop manager sees
 /// it.
-struct DragDropInfo
+///
+/// Rows that are dropped go to dropRow() below dropParent(); both are of the model of the view that
+/// they are dropped on.
+struct BVWIDGETS_EXPORT DragDropInfo
 {
-    QPointer<QTreeView> source;              // where the rows come from; null for a foreign drag
-    QModelIndexList draggedIndexes;          // as their owner has noted them; of the source's model
-    QPersistentModelIndex dropIndex;         // the target; invalid on the viewport
-    QRect dropRect;                          // of the target, in the viewport
+    QPointer<QTreeView> source;      // where the rows come from; null for a foreign drag
+    QModelIndexList draggedIndexes;  // as their owner has noted them; of the source's model
+    QPersistentModelIndex dropIndex; // the target; invalid on the viewport
+    QRect dropRect;                  // of the target, in the viewport
     DropIndicatorPosition position = DropIndicatorPosition::OnViewport;
     Qt::DropAction action = Qt::IgnoreAction; // the proposed one
 
-    /// The row before which dropped rows are to be inserted below dropParent(); -1 for the end.
+    /// The row below dropParent() before which dropped rows are to be inserted; -1 for the end.
     int dropRow() const;
     /// The row that takes the dropped rows as its children: the target itself or its parent.
+    /// Invalid for the top level.
     QModelIndex dropParent() const;
 };
