@@ -7,6 +7,8 @@
 #include "itemviews/BVTreeContentHeight_p.h"
 #include "itemviews/BVTreeHover_p.h"
 #include "itemviews/BVTreeItemMove_p.h"
+#include "itemviews/TreeViewContextMenu.h"
+#include "itemviews/TreeViewCopyHandler.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -342,7 +344,46 @@ void BVDragTreeWidget::contextMenuEvent(QContextMenuEvent *event)
 
 void BVDragTreeWidget::showContextMenu(const QPoint &position)
 {
-    Q_UNUSED(position)
+    TreeViewContextMenu menu(this, position);
+    if (m_copyHandler)
+        m_copyHandler->addCopyActionsToMenu(menu);
+    menu.show();
+}
+
+// Copying
+
+TreeViewCopyHandler *BVDragTreeWidget::initCopyHandler()
+{
+    if (!m_copyHandler)
+        m_copyHandler = new TreeViewCopyHandler(this);
+    return m_copyHandler;
+}
+
+void BVDragTreeWidget::enableCopyAllAction(bool enable)
+{
+    initCopyHandler()->enableCopyAllAction(enable);
+}
+
+bool BVDragTreeWidget::isCopyAllActionEnabled() const
+{
+    return m_copyHandler && m_copyHandler->isCopyAllActionEnabled();
+}
+
+void BVDragTreeWidget::enableCopySelectedAction(bool enable)
+{
+    initCopyHandler()->enableCopySelectedAction(enable);
+}
+
+bool BVDragTreeWidget::isCopySelectedActionEnabled() const
+{
+    return m_copyHandler && m_copyHandler->isCopySelectedActionEnabled();
+}
+
+void BVDragTreeWidget::setSelectionModel(QItemSelectionModel *selectionModel)
+{
+    QTreeWidget::setSelectionModel(selectionModel);
+    if (m_copyHandler)
+        m_copyHandler->selectionModelChanged();
 }
 
 // Painting

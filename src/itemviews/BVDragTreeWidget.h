@@ -84,6 +84,16 @@ public:
     /// Called by the manager while something is dragged over the tree.
     void setDraggingState(BVDragAndDropManager::DragState state);
 
+    /// The handler belongs to the tree. Null until copying has been enabled or disabled.
+    TreeViewCopyHandler *getCopyHandler() const { return m_copyHandler; }
+    /// Whether all rows, or those selected, can be copied, by the context menu and, those
+    /// selected, by the standard keys. Off at first.
+    void enableCopyAllAction(bool enable);
+    bool isCopyAllActionEnabled() const;
+    void enableCopySelectedAction(bool enable);
+    bool isCopySelectedActionEnabled() const;
+
+    void setSelectionModel(QItemSelectionModel *selectionModel) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     void doItemsLayout() override;
@@ -120,6 +130,7 @@ protected:
 private:
     class RowHover;
 
+    TreeViewCopyHandler *initCopyHandler();
     int contentHeight() const;
     void onContentChanged();
     void selectMoved(const QList<QTreeWidgetItem *> &rows);
@@ -129,6 +140,7 @@ private:
     std::unique_ptr<RowHover> m_hover;
     std::unique_ptr<BVTreeContentHeight> m_contentHeight;
     QPointer<BVDragAndDropManager> m_dragAndDropManager;
+    TreeViewCopyHandler *m_copyHandler = nullptr; // child of this
     QPersistentModelIndex m_tintedRow;
     QColor m_hoverColor; // of it
     QPoint m_pressPosition;
