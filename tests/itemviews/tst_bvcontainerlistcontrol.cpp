@@ -86,7 +86,11 @@ class tst_BVContainerListControl : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { muteOffscreenWarnings(); }
+    void initTestCase()
+    {
+        muteOffscreenWarnings();
+        TreeText::registerTypes();
+    }
 
     void keysMoveRows_data();
     void keysMoveRows();
@@ -280,6 +284,7 @@ void tst_BVContainerListControl::readOnly()
     QVERIFY(!isEditing());
     QCOMPARE(list.rows(), QStringLiteral("a(b,c),d,e"));
 
+    list.select("d"); // the arrow key has moved on
     list.setEditable(true);
     list.setToolBarEnabled(true);
     QCOMPARE(list.tree()->editTriggers(), QAbstractItemView::NoEditTriggers);
