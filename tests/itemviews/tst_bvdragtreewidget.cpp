@@ -78,7 +78,8 @@ void tst_BVDragTreeWidget::movedRowsKeepWhatTheyHave()
     tree.setSelectionMode(QAbstractItemView::ExtendedSelection);
     TreeText::build(tree, QStringLiteral("a(b,c(d),g),e,f"));
     QTreeWidgetItem *a = TreeText::item(tree, 'a');
-    tree.expandAll();
+    a->setExpanded(true);
+    TreeText::item(tree, 'c')->setExpanded(true);
     TreeText::item(tree, 'g')->setHidden(true);
     TreeText::item(tree, 'b')->setFirstColumnSpanned(true);
     for (const char name : {'b', 'd'})
