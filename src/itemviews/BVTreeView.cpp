@@ -513,9 +513,16 @@ void BVTreeView::paintEvent(QPaintEvent *event)
             grid.paintLines(painter, m_gridSecondFlag);
         grid.paintColumn(painter, column);
     }
+    const bool showsIndicator = showDropIndicator();
+    setDropIndicatorShown(showsIndicator && !(m_dragAndDropManager && dragEnabled()));
     QTreeView::paintEvent(event);
-    if (!m_dragAndDropManager)
-        return;
+    setDropIndicatorShown(showsIndicator);
+    if (m_dragAndDropManager)
+        paintDragAndDrop();
+}
+
+void BVTreeView::paintDragAndDrop()
+{
     QPainter painter(viewport());
     if (state() == QAbstractItemView::DraggingState) {
         m_dragAndDropManager->paintDropTargetItemPreview(&painter);

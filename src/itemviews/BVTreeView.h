@@ -188,6 +188,7 @@ private:
     void onContentChanged();
     void onStructureChanged();
     void updateGeometryIfResizable();
+    void paintDragAndDrop();
 
     std::unique_ptr<BVTreeEditController> m_editController;
     std::unique_ptr<BVTreeHover> m_hover;
