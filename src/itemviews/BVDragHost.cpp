@@ -77,6 +77,18 @@ void BVDragHost::setDraggingState(QTreeView *view, BVDragAndDropManager::DragSta
         ViewAccess::setDragging(view, isDragging, isEditing);
 }
 
+BVDragHost::IndicatorHider::IndicatorHider(QTreeView *view, const BVDragAndDropManager *manager)
+    : m_view(view)
+    , m_wasShown(view->showDropIndicator())
+{
+    view->setDropIndicatorShown(m_wasShown && !(manager && view->dragEnabled()));
+}
+
+BVDragHost::IndicatorHider::~IndicatorHider()
+{
+    m_view->setDropIndicatorShown(m_wasShown);
+}
+
 void BVDragHost::paint(QTreeView *view, BVDragAndDropManager *manager)
 {
     if (!manager)

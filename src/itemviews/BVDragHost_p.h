@@ -15,6 +15,20 @@ void tellState(QTreeView *view, BVDragAndDropManager::DragState state);
 BVDragAndDropManager *makeManager(QTreeView *view);
 /// Brings the view into the state of dragging, or out of it, back to editing or none.
 void setDraggingState(QTreeView *view, BVDragAndDropManager::DragState state, bool isEditing);
+/// Keeps the toolkit's own drop indicator away while a manager works for the view.
+class IndicatorHider
+{
+public:
+    IndicatorHider(QTreeView *view, const BVDragAndDropManager *manager);
+    ~IndicatorHider();
+    IndicatorHider(const IndicatorHider &) = delete;
+    IndicatorHider &operator=(const IndicatorHider &) = delete;
+
+private:
+    QTreeView *m_view;
+    bool m_wasShown;
+};
+
 /// Paints what the manager has to show over the rows; null has nothing.
 void paint(QTreeView *view, BVDragAndDropManager *manager);
 

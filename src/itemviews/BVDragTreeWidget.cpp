@@ -451,6 +451,9 @@ void BVDragTreeWidget::drawBranches(QPainter *painter, const QRect &rect,
 
 void BVDragTreeWidget::paintEvent(QPaintEvent *event)
 {
-    QTreeWidget::paintEvent(event);
+    {
+        const BVDragHost::IndicatorHider hider(this, m_dragAndDropManager);
+        QTreeWidget::paintEvent(event);
+    }
     BVDragHost::paint(this, m_dragAndDropManager);
 }

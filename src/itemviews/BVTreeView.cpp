@@ -559,6 +559,9 @@ void BVTreeView::paintEvent(QPaintEvent *event)
             grid.paintLines(painter, m_gridSecondFlag);
         grid.paintColumn(painter, column);
     }
-    QTreeView::paintEvent(event);
+    {
+        const BVDragHost::IndicatorHider hider(this, m_dragAndDropManager);
+        QTreeView::paintEvent(event);
+    }
     BVDragHost::paint(this, m_dragAndDropManager);
 }
