@@ -430,7 +430,11 @@ void BVDragAndDropManager::processDragLeaveEvent(QDragLeaveEvent *event)
     consumes(m_dragLeaveCallback, event);
     if (!guard || !m_treeView)
         return;
-    const QPersistentModelIndex before = m_target->index();
+    const QPersistentModelIndex target = m_target->index();
+    if (target.isValid())
+        Q_EMIT sigDropTargetChanged(QModelIndex(), target);
+    if (!guard || !m_treeView)
+        return;
     resetTarget();
     if (BVDragSource::running() !=
         m_source.get()) { // else the hint stays until the end of the drag
@@ -438,8 +442,6 @@ void BVDragAndDropManager::processDragLeaveEvent(QDragLeaveEvent *event)
         m_hint->startAnimation(false);
     }
     tidyUp();
-    if (guard && before.isValid())
-        Q_EMIT sigDropTargetChanged(QModelIndex(), before);
 }
 
 // Dropping

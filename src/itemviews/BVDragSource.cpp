@@ -8,7 +8,14 @@
 
 namespace {
 
-constexpr QPoint s_pictureOffset(12, 12); // px, of the dragged picture from the pointer
+constexpr int s_pictureOffset = 12; // px, of the dragged picture from the pointer
+
+/// The pointer's place in the picture: outside, so that the target stays in sight.
+QPoint hotSpotOf(const QPixmap &picture, bool hasPreview)
+{
+    const int previewHeight = hasPreview ? qRound(picture.height() / picture.devicePixelRatio()) : 0;
+    return -QPoint(s_pictureOffset, s_pictureOffset + previewHeight);
+}
 
 QList<QPersistentModelIndex> persistent(const QModelIndexList &indexes)
 {
@@ -83,7 +90,7 @@ void BVDragSource::runWithMouse(const QModelIndexList &rows)
     drag->setParent(nullptr); // the toolkit deletes it, also when the view dies meanwhile
     drag->setMimeData(mime.release());
     drag->setPixmap(m_pixmap);
-    drag->setHotSpot(-s_pictureOffset);
+    drag->setHotSpot(hotSpotOf(m_pixmap, m_manager->getUsePreview()));
     const auto watch = QObject::connect(view(), &QObject::destroyed, [] { QDrag::cancel(); });
     run([drag] { drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction); });
     QObject::disconnect(watch);
