@@ -69,6 +69,11 @@ BVDragAndDropManager *BVDragHost::makeManager(QTreeView *view)
     return manager;
 }
 
+void BVDragHost::deleteManagers(QTreeView *view)
+{
+    qDeleteAll(view->findChildren<BVDragAndDropManager *>(QString(), Qt::FindDirectChildrenOnly));
+}
+
 void BVDragHost::setDraggingState(QTreeView *view, BVDragAndDropManager::DragState state,
                                   bool isEditing)
 {

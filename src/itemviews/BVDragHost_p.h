@@ -13,6 +13,8 @@ void tellState(QTreeView *view, BVDragAndDropManager::DragState state);
 
 /// A manager that scrolls the view and paints rows as the view does. A child of the view.
 BVDragAndDropManager *makeManager(QTreeView *view);
+/// To be called by a view that is being destroyed, whose managers must not see more of its events.
+void deleteManagers(QTreeView *view);
 /// Brings the view into the state of dragging, or out of it, back to editing or none.
 void setDraggingState(QTreeView *view, BVDragAndDropManager::DragState state, bool isEditing);
 /// Keeps the toolkit's own drop indicator away while a manager works for the view.

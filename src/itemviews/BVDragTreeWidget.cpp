@@ -72,6 +72,7 @@ BVDragTreeWidget::BVDragTreeWidget(QWidget *parent)
 
 BVDragTreeWidget::~BVDragTreeWidget()
 {
+    BVDragHost::deleteManagers(this);
     // Headers are deleted late and tell of it.
     header()->disconnect(this);
 }

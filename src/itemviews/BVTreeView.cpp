@@ -78,6 +78,7 @@ BVTreeView::BVTreeView(QWidget *parent)
 
 BVTreeView::~BVTreeView()
 {
+    BVDragHost::deleteManagers(this);
     // Headers are deleted late and tell of it.
     header()->disconnect(this);
 }

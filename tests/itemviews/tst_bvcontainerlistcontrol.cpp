@@ -63,10 +63,10 @@ bool dropForeign(const List &list, const QMimeData &mime, QChar row)
     QCoreApplication::sendEvent(viewport, &enter);
     if (enter.isAccepted())
         QCoreApplication::sendEvent(viewport, &move);
-    if (!move.isAccepted())
-        return false;
-    QCoreApplication::sendEvent(viewport, &drop);
-    return drop.isAccepted();
+    QDragLeaveEvent leave; // the toolkit keeps what it has entered until a leave or drop
+    QEvent &end = move.isAccepted() ? static_cast<QEvent &>(drop) : leave;
+    QCoreApplication::sendEvent(viewport, &end);
+    return move.isAccepted() && drop.isAccepted();
 }
 
 QByteArray streamed(int count, const QVariantList &values)
