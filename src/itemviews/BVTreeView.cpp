@@ -3,6 +3,7 @@
 
 #include "itemviews/BVCustomHeaderView.h"
 #include "itemviews/BVDelegateManager.h"
+#include "itemviews/BVDragHost_p.h"
 #include "itemviews/BVItemDelegate.h"
 #include "itemviews/BVRowWalk_p.h"
 #include "itemviews/BVTreeContentHeight_p.h"
@@ -13,7 +14,8 @@
 #include "itemviews/BVTreeModelLink_p.h"
 #include "itemviews/BVTreeViewModel.h"
 #include "itemviews/BVTreeVisibleRows_p.h"
-#include "platform/BVMenu.h"
+#include "itemviews/TreeViewContextMenu.h"
+#include "itemviews/TreeViewCopyHandler.h"
 #include "platform/PropertyChangeFilter.h"
 
 #include <QContextMenuEvent>
@@ -25,12 +27,37 @@ namespace {
 constexpr int s_spaceRowHeight = 20; // px, of a row of space below the content
 constexpr int s_frameSpace = 2;      // px, without rows of space
 
+/// Has the view tell of the cell under the mouse.
+class CellHover : public BVTreeHover
+{
+public:
+    explicit CellHover(BVTreeView *view)
+        : BVTreeHover(view)
+        , m_view(view)
+    {
+    }
+
+protected:
+    void onEnter(const QModelIndex &index) override
+    {
+        Q_EMIT m_view->sigItemHoverEnter(index, index.column());
+    }
+    void onLeave(const QModelIndex &index) override
+    {
+        Q_EMIT m_view->sigItemHoverLeave(index, index.column());
+    }
+    void onMouseLeft() override { Q_EMIT m_view->sigLeaveEvent(); }
+
+private:
+    BVTreeView *m_view;
+};
+
 } // namespace
 
 BVTreeView::BVTreeView(QWidget *parent)
     : QTreeView(parent)
     , m_editController(std::make_unique<BVTreeEditController>(this))
-    , m_hover(std::make_unique<BVTreeHover>(this))
+    , m_hover(std::make_unique<CellHover>(this))
     , m_contentHeight(std::make_unique<BVTreeContentHeight>(this))
     , m_headerChecks(std::make_unique<BVTreeHeaderChecks>(this))
     , m_visibleRows(std::make_unique<BVTreeVisibleRows>(this))
@@ -51,6 +78,7 @@ BVTreeView::BVTreeView(QWidget *parent)
 
 BVTreeView::~BVTreeView()
 {
+    BVDragHost::deleteManagers(this);
     // Headers are deleted late and tell of it.
     header()->disconnect(this);
 }
@@ -76,6 +104,8 @@ void BVTreeView::onStructureChanged()
 void BVTreeView::setSelectionModel(QItemSelectionModel *selectionModel)
 {
     QTreeView::setSelectionModel(selectionModel);
+    if (m_copyHandler)
+        m_copyHandler->selectionModelChanged();
     viewport()->update();
 }
 
@@ -427,14 +457,70 @@ void BVTreeView::contextMenuEvent(QContextMenuEvent *event)
 
 void BVTreeView::showContextMenu(const QPoint &position)
 {
-    const QModelIndex index = indexAt(position);
-    BVItemDelegate *delegate = BVDelegateManager::itemDelegateOf(this, index);
-    if (!delegate)
-        return;
-    BVMenu menu;
-    delegate->provideContextMenuActions(index, position, this, &menu);
-    if (!menu.isEmpty())
-        menu.exec(viewport()->mapToGlobal(position));
+    TreeViewContextMenu menu(this, position);
+    if (m_copyHandler)
+        m_copyHandler->addCopyActionsToMenu(menu);
+    menu.show();
+}
+
+// Copying
+
+void BVTreeView::makeCopyHandler()
+{
+    if (!m_copyHandler)
+        m_copyHandler = new TreeViewCopyHandler(this);
+}
+
+void BVTreeView::enableCopyAllAction(bool enable)
+{
+    if (enable)
+        makeCopyHandler();
+    if (m_copyHandler)
+        m_copyHandler->enableCopyAllAction(enable);
+}
+
+bool BVTreeView::isCopyAllActionEnabled() const
+{
+    return m_copyHandler && m_copyHandler->isCopyAllActionEnabled();
+}
+
+void BVTreeView::enableCopySelectedAction(bool enable)
+{
+    if (enable)
+        makeCopyHandler();
+    if (m_copyHandler)
+        m_copyHandler->enableCopySelectedAction(enable);
+}
+
+bool BVTreeView::isCopySelectedActionEnabled() const
+{
+    return m_copyHandler && m_copyHandler->isCopySelectedActionEnabled();
+}
+
+// Drag and drop
+
+void BVTreeView::setDragAndDropManager(BVDragAndDropManager *manager)
+{
+    m_dragAndDropManager = manager;
+    viewport()->update();
+}
+
+BVDragAndDropManager *BVTreeView::initDragAndDropManager()
+{
+    if (!m_dragAndDropManager)
+        setDragAndDropManager(BVDragHost::makeManager(this));
+    return m_dragAndDropManager;
+}
+
+void BVTreeView::setDragEnabled(bool enable)
+{
+    QTreeView::setDragEnabled(enable);
+    viewport()->update();
+}
+
+void BVTreeView::setDraggingState(BVDragAndDropManager::DragState state)
+{
+    BVDragHost::setDraggingState(this, state, isEditingState());
 }
 
 // Painting
@@ -461,18 +547,6 @@ void BVTreeView::setPaintHeaderSelection(bool paint)
     viewport()->update();
 }
 
-void BVTreeView::setDragAndDropManager(BVDragAndDropManager *manager)
-{
-    m_dragAndDropManager = manager;
-    viewport()->update();
-}
-
-void BVTreeView::setOverlayPainter(const OverlayPainter &painter)
-{
-    m_overlayPainter = painter;
-    viewport()->update();
-}
-
 void BVTreeView::paintEvent(QPaintEvent *event)
 {
     executeDelayedItemsLayout();
@@ -486,9 +560,9 @@ void BVTreeView::paintEvent(QPaintEvent *event)
             grid.paintLines(painter, m_gridSecondFlag);
         grid.paintColumn(painter, column);
     }
-    QTreeView::paintEvent(event);
-    if (m_overlayPainter) {
-        QPainter painter(viewport());
-        m_overlayPainter(painter, state() == QAbstractItemView::DraggingState);
+    {
+        const BVDragHost::IndicatorHider hider(this, m_dragAndDropManager);
+        QTreeView::paintEvent(event);
     }
+    BVDragHost::paint(this, m_dragAndDropManager);
 }

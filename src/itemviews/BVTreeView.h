@@ -3,14 +3,14 @@
 
 #include "BVWidgetsExport.h"
 
+#include "itemviews/BVDragAndDropManager.h"
+
 #include <QModelIndexList>
 #include <QTreeView>
 #include <QVector>
 
-#include <functional>
 #include <memory>
 
-class BVDragAndDropManager;
 class BVTreeContentHeight;
 class BVTreeEditController;
 class BVTreeGrid;
@@ -19,6 +19,7 @@ class BVTreeHover;
 class BVTreeModelLink;
 class BVTreeViewDataListener;
 class BVTreeVisibleRows;
+class TreeViewCopyHandler;
 
 /// The tree and table view of the library, over a BVTreeViewModel or any other model.
 ///
@@ -92,12 +93,25 @@ public:
     QModelIndex getHoverItem() const;
     void setHoverItem(const QModelIndex &index);
 
-    /// The manager belongs to its maker. Null for none.
+    /// The manager of the rows that are dragged out of the view and over it; null for none.
     BVDragAndDropManager *getDragAndDropManager() const { return m_dragAndDropManager; }
+    /// The manager belongs to its maker; the one before is put out of work.
     void setDragAndDropManager(BVDragAndDropManager *manager);
-    /// Called at the end of each painting of the viewport, with whether a drag is in progress.
-    using OverlayPainter = std::function<void(QPainter &painter, bool dragging)>;
-    void setOverlayPainter(const OverlayPainter &painter);
+    /// The manager, made and owned by the view if it has none.
+    BVDragAndDropManager *initDragAndDropManager();
+    /// Whether the manager works. Off at first.
+    void setDragEnabled(bool enable);
+    /// Called by the manager while something is dragged over the view.
+    void setDraggingState(BVDragAndDropManager::DragState state);
+
+    /// The handler belongs to the view. Null until copying is enabled.
+    TreeViewCopyHandler *getCopyHandler() const { return m_copyHandler; }
+    /// Whether all rows, or those selected, can be copied, by the context menu and, those
+    /// selected, by the standard keys. Off at first.
+    void enableCopyAllAction(bool enable);
+    bool isCopyAllActionEnabled() const;
+    void enableCopySelectedAction(bool enable);
+    bool isCopySelectedActionEnabled() const;
 
     bool isEditingState() const;
     QStyleOptionViewItem getViewOptions() const { return viewOptions(); }
@@ -150,8 +164,8 @@ protected:
     /// Whether the cell is to be passed over although it is editable: by default, if its delegate
     /// is a BVItemDelegate that says so.
     virtual bool isEditingPrevented(const QModelIndex &index) const;
-    /// Opens the menu for a click at @p position in the viewport: the entries of the cell's
-    /// delegate, or none.
+    /// Opens the menu for a click at @p position in the viewport: a TreeViewContextMenu with what
+    /// can be copied. Nothing opens if it has no entries.
     virtual void showContextMenu(const QPoint &position);
 
     using QTreeView::edit;
@@ -172,7 +186,6 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
-    friend class BVTreeContentHeight;
     friend class BVTreeEditController;
     friend class BVTreeGrid;
     friend class BVTreeVisibleRows;
@@ -184,6 +197,7 @@ private:
     void onContentChanged();
     void onStructureChanged();
     void updateGeometryIfResizable();
+    void makeCopyHandler();
 
     std::unique_ptr<BVTreeEditController> m_editController;
     std::unique_ptr<BVTreeHover> m_hover;
@@ -191,8 +205,8 @@ private:
     std::unique_ptr<BVTreeHeaderChecks> m_headerChecks;
     std::unique_ptr<BVTreeVisibleRows> m_visibleRows;
     std::unique_ptr<BVTreeModelLink> m_modelLink;
-    BVDragAndDropManager *m_dragAndDropManager = nullptr; // not owned
-    OverlayPainter m_overlayPainter;
+    QPointer<BVDragAndDropManager> m_dragAndDropManager;
+    TreeViewCopyHandler *m_copyHandler = nullptr; // child of this
     bool m_resizable = false;
     int m_spaceToAdd = 0; // rows
     int m_minimumResizableHeight = 0;

@@ -1,0 +1,511 @@
+// SPDX-License-Identifier: MIT
+#include "itemviews/BVDragAndDropManager.h"
+
+#include "foundation/MainWindow.h"
+#include "foundation/RegisterDragAndDropWidgetEvent.h"
+#include "itemviews/BVDragHint_p.h"
+#include "itemviews/BVDragHost_p.h"
+#include "itemviews/BVDragKeys_p.h"
+#include "itemviews/BVDragPixmap_p.h"
+#include "itemviews/BVDragSource_p.h"
+#include "itemviews/BVDropListeners_p.h"
+#include "itemviews/BVDropPainter_p.h"
+#include "itemviews/BVDropRules_p.h"
+#include "itemviews/BVDropTarget_p.h"
+#include "itemviews/BVRegisteredDropWidgets_p.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QScrollBar>
+
+#include <algorithm>
+
+using Brimvale::RegisterDragAndDropWidgetEvent;
+
+namespace {
+
+/// Calls what may replace the callback or delete its owner.
+template <typename Callback, typename Event>
+bool consumes(Callback callback, Event *event)
+{
+    return callback && callback(event);
+}
+
+} // namespace
+
+BVDragAndDropManager::BVDragAndDropManager(QTreeView *view)
+    : QObject(view)
+    , m_treeView(view)
+    , m_source(std::make_unique<BVDragSource>(this))
+    , m_target(std::make_unique<BVDropTarget>(view))
+    , m_hint(std::make_unique<BVDragHint>(view ? view->viewport() : nullptr))
+    , m_keys(std::make_unique<BVDragKeys>(this))
+    , m_dropListeners(std::make_unique<BVDropListeners>())
+    , m_registered(std::make_unique<BVRegisteredDropWidgets>(this))
+{
+    if (!view)
+        return;
+    view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
+    view->viewport()->setMouseTracking(true); // the hint makes way for the pointer
+    for (const QScrollBar *bar : {view->verticalScrollBar(), view->horizontalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this, &BVDragAndDropManager::onScrolled);
+    if (QWidget *mainWindow = Brimvale::mainWindow())
+        mainWindow->installEventFilter(this);
+}
+
+BVDragAndDropManager::~BVDragAndDropManager() = default;
+
+BVDragAndDropManager *BVDragAndDropManager::managerOf(const QTreeView *view)
+{
+    return BVDragHost::managerOf(view);
+}
+
+/// Another manager works for the view.
+bool BVDragAndDropManager::isReplaced() const
+{
+    return managerOf(m_treeView) != this;
+}
+
+// Settings
+
+QString BVDragAndDropManager::getDragAndDropInfoText() const
+{
+    return m_hint->text();
+}
+
+void BVDragAndDropManager::setDragAndDropInfoText(const QString &text)
+{
+    m_hint->setText(text);
+}
+
+void BVDragAndDropManager::addAcceptedFormat(const QString &format)
+{
+    if (!format.isEmpty() && !m_acceptedFormats.contains(format))
+        m_acceptedFormats.append(format);
+}
+
+void BVDragAndDropManager::removeAcceptedFormat(const QString &format)
+{
+    m_acceptedFormats.removeAll(format);
+}
+
+int BVDragAndDropManager::addDropListener(const DropListener &listener)
+{
+    return m_dropListeners->add(listener);
+}
+
+void BVDragAndDropManager::removeDropListener(int id)
+{
+    m_dropListeners->remove(id);
+}
+
+// State
+
+QModelIndexList BVDragAndDropManager::getDraggedIndexes() const
+{
+    return m_source->draggedIndexes();
+}
+
+QModelIndex BVDragAndDropManager::getDropIndex() const
+{
+    return m_target->index();
+}
+
+DropIndicatorPosition BVDragAndDropManager::getDropIndicatorPosition() const
+{
+    return m_target->position();
+}
+
+DragDropInfo BVDragAndDropManager::getDragAndDropInfo() const
+{
+    DragDropInfo info = draggedInfo();
+    m_target->describe(&info);
+    return info;
+}
+
+/// What is dragged, without a target.
+DragDropInfo BVDragAndDropManager::draggedInfo() const
+{
+    DragDropInfo info;
+    if (const BVDragSource *source = BVDragSource::running()) {
+        info.source = source->view();
+        info.draggedIndexes = source->draggedIndexes();
+    }
+    return info;
+}
+
+void BVDragAndDropManager::setDragState(DragState state)
+{
+    if (state == m_dragState)
+        return;
+    m_dragState = state;
+    BVDragHost::tellState(m_treeView, state);
+    if (const auto callback = m_stateCallback)
+        callback(state);
+}
+
+/// A drag is no longer over the view.
+void BVDragAndDropManager::tidyUp()
+{
+    m_lastMove = LastMove();
+    if (m_treeView)
+        m_treeView->viewport()->update();
+    tellAutoScroll(false);
+    setDragState(NoDrag);
+}
+
+// Events
+
+bool BVDragAndDropManager::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == RegisterDragAndDropWidgetEvent::s_customEventType) {
+        m_registered->handle(*static_cast<RegisterDragAndDropWidgetEvent *>(event));
+        return watched == m_treeView;
+    }
+    if (!m_treeView || isReplaced())
+        return false;
+    if (watched == m_treeView)
+        return handleViewEvent(event);
+    if (watched == m_treeView->viewport())
+        return handleViewportEvent(event);
+    return BVDragSource::running() == m_source.get() &&
+           m_registered->handle(watched, event, draggedInfo());
+}
+
+bool BVDragAndDropManager::handleViewEvent(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+        return m_keys->handle(static_cast<QKeyEvent *>(event));
+    case QEvent::Show: // there may be a main window only now
+        if (QWidget *mainWindow = Brimvale::mainWindow())
+            mainWindow->installEventFilter(this);
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool BVDragAndDropManager::handleViewportEvent(QEvent *event)
+{
+    if (!m_treeView->dragEnabled())
+        return event->type() == QEvent::MouseMove; // the view knows drags and rubber bands, too
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        return processMousePressEvent(static_cast<QMouseEvent *>(event));
+    case QEvent::MouseButtonRelease:
+        m_isPressed = false;
+        m_hint->setActive(false);
+        m_hint->startAnimation(false);
+        return false;
+    case QEvent::MouseMove:
+        processMouseMoveEvent(static_cast<QMouseEvent *>(event));
+        return true;
+    case QEvent::Leave:
+        if (m_treeView->isVisible() && m_hint->hasPixmap() && !m_hint->isActive())
+            m_hint->startAnimation(false);
+        return false;
+    case QEvent::DragEnter:
+        processDragEnterEvent(static_cast<QDragEnterEvent *>(event));
+        return true;
+    case QEvent::DragMove:
+        processDragMoveEvent(static_cast<QDragMoveEvent *>(event));
+        return true;
+    case QEvent::DragLeave:
+        processDragLeaveEvent(static_cast<QDragLeaveEvent *>(event));
+        return true;
+    case QEvent::Drop:
+        processDropEvent(static_cast<QDropEvent *>(event));
+        return true;
+    case QEvent::ToolTip:
+        m_hint->startAnimation(true);
+        return false;
+    default:
+        return false;
+    }
+}
+
+// Dragging out
+
+bool BVDragAndDropManager::processMousePressEvent(QMouseEvent *event)
+{
+    const QPointer<BVDragAndDropManager> guard(this);
+    if (consumes(m_mousePressedCallback, event))
+        return true;
+    if (guard && event->button() == Qt::LeftButton) {
+        m_pressPosition = event->pos();
+        m_isPressed = true;
+    }
+    return !guard;
+}
+
+void BVDragAndDropManager::processMouseMoveEvent(QMouseEvent *event)
+{
+    if (m_treeView->isEnabled())
+        m_hint->updateMouseOver(event->pos());
+    const QPointer<BVDragAndDropManager> guard(this);
+    if (consumes(m_mouseMoveCallback, event) || !guard || !m_treeView)
+        return;
+    const QItemSelectionModel *selection = m_treeView->selectionModel();
+    if (!(event->buttons() & Qt::LeftButton) || !m_treeView->model() || !selection ||
+        !selection->hasSelection() || !m_isPressed)
+        return;
+    // One pixel earlier than the toolkit.
+    if ((m_pressPosition - event->pos()).manhattanLength() < QApplication::startDragDistance() - 1)
+        return;
+    m_isPressed = false;
+    const QModelIndexList rows = BVDropRules::draggableRows(m_treeView, m_dragWholeRow);
+    if (rows.isEmpty())
+        return;
+    m_hint->setActive(true);
+    m_hint->startAnimation(true);
+    m_source->runWithMouse(rows);
+}
+
+QPixmap BVDragAndDropManager::renderToPixmap(const QModelIndexList &rows) const
+{
+    if (!m_treeView || !m_treeView->model())
+        return QPixmap();
+    QStyleOptionViewItem option;
+    option.initFrom(m_treeView);
+    option.font = m_treeView->font();
+    option.decorationSize = m_treeView->iconSize();
+    if (const auto callback = m_getViewOptionsCallback)
+        option = callback();
+    QVector<int> columns = BVDragPixmap::visibleColumns(m_treeView);
+    if (m_dragVisualizationColumn >= 0 && !m_renderAllColumns)
+        columns = {m_dragVisualizationColumn};
+    return BVDragPixmap(m_treeView, option)
+        .renderToPixmap(rows, m_renderAllColumns ? columns : columns.mid(0, 1));
+}
+
+/// Whatever has become of it.
+void BVDragAndDropManager::endDrag()
+{
+    m_hint->setActive(false);
+    m_hint->startAnimation(false);
+    resetTarget();
+    tidyUp();
+}
+
+// Dragging over
+
+bool BVDragAndDropManager::isAccepted(const QMimeData *mime) const
+{
+    if (!mime)
+        return false;
+    const QStringList formats = mime->formats();
+    if (m_acceptedFormats.isEmpty()) {
+        const BVDragSource *source = BVDragSource::running();
+        return source && (source->view() == m_treeView || source->view() == m_secondTreeView) &&
+               !formats.isEmpty();
+    }
+    return std::any_of(formats.begin(), formats.end(), [this](const QString &format) {
+        return m_acceptedFormats.contains(format);
+    });
+}
+
+void BVDragAndDropManager::processDragEnterEvent(QDragEnterEvent *event)
+{
+    const QPointer<BVDragAndDropManager> guard(this);
+    if (!consumes(m_dragEnterCallback, event) && guard)
+        event->setAccepted(isAccepted(event->mimeData()));
+    if (!guard || !m_treeView)
+        return;
+    resetTarget();
+    if (!event->isAccepted())
+        return;
+    m_hint->setActive(true);
+    m_hint->updateMouseOver(event->pos());
+    setDragState(Dragging);
+}
+
+QModelIndex BVDragAndDropManager::getDropTarget(const QPoint &pos) const
+{
+    return m_treeView && m_treeView->model() ? m_treeView->indexAt(pos) : QModelIndex();
+}
+
+DropIndicatorPosition BVDragAndDropManager::dropIndicatorPosition(const QPoint &pos,
+                                                                  const QRect &rect,
+                                                                  const QModelIndex &index)
+{
+    return BVDropRules::dropIndicatorPosition(pos, rect, index);
+}
+
+DropIndicatorPosition
+BVDragAndDropManager::advancedDropIndicatorPosition(const QPoint &pos,
+                                                    const QModelIndex &index) const
+{
+    const QRect rect = m_treeView ? m_treeView->visualRect(index) : QRect();
+    return BVDropRules::advancedDropIndicatorPosition(pos, rect, index);
+}
+
+void BVDragAndDropManager::processDragMoveEvent(QDragMoveEvent *event)
+{
+    m_hint->updateMouseOver(event->pos());
+    m_lastMove = {event->pos(), event->possibleActions(), event->mimeData()};
+    const QPointer<BVDragAndDropManager> guard(this);
+    if (!consumes(m_dragMoveCallback, event) && guard && m_treeView)
+        followDrag(event);
+    if (guard && m_treeView)
+        updateAutoScroll(event->pos());
+}
+
+void BVDragAndDropManager::followDrag(QDragMoveEvent *event)
+{
+    const QPersistentModelIndex target = getDropTarget(event->pos());
+    if (!announceTarget(target, event))
+        return;
+    const QRect rect = m_target->rectOf(target, m_dragWholeRow);
+    const DropIndicatorPosition position =
+        m_useMoveVisualizationLine ? advancedDropIndicatorPosition(event->pos(), target)
+        : target.isValid()         ? dropIndicatorPosition(event->pos(), rect, target)
+                                   : DropIndicatorPosition::OnViewport;
+    setDragAndDropTargetInfo(target, position, event->proposedAction());
+    event->accept();
+}
+
+/// Tells of a new target. False if that has been the end of the view.
+bool BVDragAndDropManager::announceTarget(const QModelIndex &newTarget, QDragMoveEvent *event)
+{
+    const QPointer<BVDragAndDropManager> guard(this);
+    const QPersistentModelIndex target = newTarget;
+    const QPersistentModelIndex previous = m_target->index();
+    const int before = previous.column(); // -1 if there is none
+    const bool isOtherAction = event->proposedAction() != m_target->action();
+    if ((target.isValid() && target.column() != before) || isOtherAction)
+        Q_EMIT sigDropTargetColumnChanged(target, target.column(), before, event);
+    if (guard && (target != previous || isOtherAction))
+        Q_EMIT sigDropTargetChanged(target, previous);
+    return guard && m_treeView;
+}
+
+void BVDragAndDropManager::setDragAndDropTargetInfo(const QModelIndex &target,
+                                                    DropIndicatorPosition position,
+                                                    Qt::DropAction action)
+{
+    m_target->set(target, m_target->rectOf(target, m_dragWholeRow), position, action,
+                  m_usePreview || m_useMoveVisualizationLine);
+    if (m_secondTreeView)
+        m_secondTreeView->viewport()->update();
+}
+
+void BVDragAndDropManager::resetTarget()
+{
+    m_target->reset();
+    if (m_secondTreeView)
+        m_secondTreeView->viewport()->update();
+}
+
+/// Under a pointer at rest there is another row now.
+void BVDragAndDropManager::onScrolled()
+{
+    if (m_dragState != Dragging || !m_lastMove.mime || !m_treeView)
+        return;
+    QDragMoveEvent again(m_lastMove.pos, m_lastMove.actions, m_lastMove.mime, Qt::LeftButton,
+                         QApplication::keyboardModifiers());
+    processDragMoveEvent(&again);
+}
+
+void BVDragAndDropManager::updateAutoScroll(const QPoint &pos)
+{
+    const QRect area = m_treeView->viewport()->visibleRegion().boundingRect();
+    tellAutoScroll(BVDropRules::isInScrollMargin(pos, area, m_treeView->autoScrollMargin()));
+}
+
+void BVDragAndDropManager::tellAutoScroll(bool on)
+{
+    const auto callback = m_autoScrollCallback;
+    if (callback && m_treeView && m_treeView->hasAutoScroll())
+        callback(on);
+}
+
+void BVDragAndDropManager::processDragLeaveEvent(QDragLeaveEvent *event)
+{
+    const QPointer<BVDragAndDropManager> guard(this);
+    consumes(m_dragLeaveCallback, event);
+    if (!guard || !m_treeView)
+        return;
+    const QPersistentModelIndex target = m_target->index();
+    if (target.isValid())
+        Q_EMIT sigDropTargetChanged(QModelIndex(), target);
+    if (!guard || !m_treeView)
+        return;
+    resetTarget();
+    if (BVDragSource::running() !=
+        m_source.get()) { // else the hint stays until the end of the drag
+        m_hint->setActive(false);
+        m_hint->startAnimation(false);
+    }
+    tidyUp();
+}
+
+// Dropping
+
+void BVDragAndDropManager::processDropEvent(QDropEvent *event)
+{
+    const QPointer<BVDragAndDropManager> guard(this);
+    m_hint->setActive(false);
+    m_hint->startAnimation(false);
+    m_target->setAction(event->proposedAction());
+    if (!consumes(m_dropCallback, event) && guard) {
+        event->accept();
+        const DragDropInfo info = getDragAndDropInfo();
+        Q_EMIT sigDropEvent(event);
+        if (guard) {
+            resetTarget();
+            notifyListeners(info);
+        }
+    }
+    if (BVDragSource *source = BVDragSource::running())
+        source->clearDraggedIndexes();
+    if (guard)
+        tidyUp();
+}
+
+/// Listeners may remove rows and themselves.
+void BVDragAndDropManager::notifyListeners(DragDropInfo info)
+{
+    const QPointer<BVDragAndDropManager> guard(this);
+    const auto refreshed = [this, &info] {
+        info.draggedIndexes = draggedInfo().draggedIndexes;
+        return info;
+    };
+    m_dropListeners->notify(this, refreshed);
+    if (guard)
+        m_registered->notify(refreshed);
+}
+
+// Painting
+
+bool BVDragAndDropManager::hasTarget() const
+{
+    return m_treeView && m_treeView->model() && m_target->action() != Qt::IgnoreAction;
+}
+
+void BVDragAndDropManager::paintDropTargetItemPreview(QPainter *painter)
+{
+    const BVDragSource *source = BVDragSource::running();
+    if (m_usePreview && source && hasTarget())
+        BVDropPainter(m_treeView).paintPreview(painter, getDragAndDropInfo(), source->pixmap());
+}
+
+void BVDragAndDropManager::paintDropTargetWidgetVisualization(QPainter *painter)
+{
+    if (!hasTarget())
+        return;
+    const BVDropPainter marks(m_treeView);
+    const DragDropInfo info = getDragAndDropInfo();
+    marks.paintTarget(painter, info);
+    if (m_useMoveVisualizationLine)
+        marks.paintMoveLine(painter, info);
+}
+
+void BVDragAndDropManager::paintDragAndDropInfoText(QPainter *painter)
+{
+    m_hint->paint(painter);
+}
