@@ -16,6 +16,18 @@ namespace {
 constexpr int s_rows = 100000;
 constexpr int s_columns = 5;
 
+/// As in the other benchmarks of trees, the rows share a thousand texts.
+const QString &text(int row, int column)
+{
+    static const QStringList s_texts = [] {
+        QStringList list;
+        for (int i = 0; i < 1000; ++i)
+            list << QStringLiteral("step %1").arg(i * 7919 % 1000);
+        return list;
+    }();
+    return s_texts.at((row * 31 + column * 17) % s_texts.size());
+}
+
 struct Tree
 {
     Tree()
@@ -25,7 +37,7 @@ struct Tree
         for (int row = 0; row < s_rows; ++row) {
             auto *item = new BVTreeViewItem;
             for (int column = 0; column < s_columns; ++column)
-                item->setText(column, QStringLiteral("step %1.%2").arg(row).arg(column));
+                item->setText(column, text(row, column));
             items << item;
         }
         for (int column = 0; column < s_columns; ++column)

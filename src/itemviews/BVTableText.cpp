@@ -3,6 +3,9 @@
 
 namespace {
 
+constexpr int s_shortText = 12;            // characters of a cell, with what follows it
+constexpr qint64 s_mostReserved = 1 << 24; // characters
+
 /// The text of a cell. Line breaks stay in the cell also where programs would begin a new row.
 QString toHtml(const QString &text)
 {
@@ -24,6 +27,13 @@ BVTableText::BVTableText(int columns, int headerRows)
 {
 }
 
+void BVTableText::reserve(int rows)
+{
+    const qint64 cells = qint64(rows) * m_columns;
+    m_text.reserve(int(qMin(cells * s_shortText, s_mostReserved)));
+    m_cellEnds.reserve(size_t(qMin(cells, s_mostReserved)));
+}
+
 void BVTableText::addCell(const QString &text)
 {
     if (m_columns == 0)
@@ -35,6 +45,14 @@ void BVTableText::addCell(const QString &text)
     m_text += text;
     m_cellEnds.push_back(m_text.size());
     ++m_column;
+}
+
+void BVTableText::addCell(const QVariant &value)
+{
+    if (value.userType() == QMetaType::QString)
+        addCell(*static_cast<const QString *>(value.constData()));
+    else
+        addCell(value.toString());
 }
 
 int BVTableText::rowCount() const

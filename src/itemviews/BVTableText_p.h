@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QVariant>
 
 #include <vector>
 
@@ -15,8 +16,11 @@ public:
     /// A table without columns stays empty. The first @p headerRows rows are headers.
     explicit BVTableText(int columns, int headerRows = 0);
 
+    /// Makes room for rows of short texts.
+    void reserve(int rows);
     /// Fills the next cell, row by row.
     void addCell(const QString &text);
+    void addCell(const QVariant &value);
     /// The rows begun so far, headers included.
     int rowCount() const;
     int headerRowCount() const { return m_headerRows; }

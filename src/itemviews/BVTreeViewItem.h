@@ -11,6 +11,7 @@
 #include <vector>
 
 class BVCheckCounters;
+class BVRowTexts;
 class BVTreeViewModel;
 class QIcon;
 class QString;
@@ -115,6 +116,7 @@ public:
 
 private:
     friend class BVCheckCounters;
+    friend class BVRowTexts;
     friend class BVTreeViewModel;
 
     struct PushDown;

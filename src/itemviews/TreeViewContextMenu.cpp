@@ -192,8 +192,9 @@ void TreeViewContextMenu::adjustMenu() {}
 
 const TreeViewContextMenu::StandardAction *TreeViewContextMenu::standardAction(int id)
 {
-    const auto *found = std::find_if(std::begin(s_standardActions), std::end(s_standardActions),
-                                     [id](const StandardAction &action) { return action.id == id; });
+    const auto *found =
+        std::find_if(std::begin(s_standardActions), std::end(s_standardActions),
+                     [id](const StandardAction &action) { return action.id == id; });
     return found == std::end(s_standardActions) ? nullptr : found;
 }
 

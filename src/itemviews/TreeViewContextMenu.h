@@ -49,10 +49,7 @@ public:
     QMenu *getMenu() const;
     void setDisabled(bool disabled) { m_disabled = disabled; }
     /// Whether the entries added by show() follow without a separator.
-    void setSuppressAdditionalSeparator(bool suppress)
-    {
-        m_suppressAdditionalSeparator = suppress;
-    }
+    void setSuppressAdditionalSeparator(bool suppress) { m_suppressAdditionalSeparator = suppress; }
 
     /// Adds an action that stays with its owner, and enables or disables it. Null is ignored.
     void appendAction(QAction *action, bool enabled);

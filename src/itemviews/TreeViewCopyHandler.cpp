@@ -3,6 +3,7 @@
 
 #include "itemviews/BVDelegateManager.h"
 #include "itemviews/BVItemDelegate.h"
+#include "itemviews/BVRowTexts_p.h"
 #include "itemviews/BVRowWalk_p.h"
 #include "itemviews/BVSelectedRows_p.h"
 #include "itemviews/BVTableMimeData_p.h"
@@ -138,7 +139,8 @@ bool TreeViewCopyHandler::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isKey =
         event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
-    if (watched != m_view || !isKey || !static_cast<QKeyEvent *>(event)->matches(QKeySequence::Copy))
+    if (watched != m_view || !isKey ||
+        !static_cast<QKeyEvent *>(event)->matches(QKeySequence::Copy))
         return QObject::eventFilter(watched, event);
     if (event->type() == QEvent::KeyPress)
         copySelected();
@@ -196,6 +198,10 @@ QString TreeViewCopyHandler::getCellText(const QModelIndex &index) const
 void TreeViewCopyHandler::getRowText(const QModelIndex &row, const QVector<int> &columns,
                                      BVTableText &table) const
 {
+    if (!m_useFormattedValues) {
+        BVRowTexts::append(table, row, columns);
+        return;
+    }
     for (const int column : columns)
         table.addCell(getCellText(row.sibling(row.row(), column)));
 }
@@ -207,6 +213,7 @@ void TreeViewCopyHandler::copySelected()
     const QModelIndexList rows = getSortedSelectedRows(m_view);
     const QVector<int> columns = copiedColumns();
     BVTableText table = headerTable(columns);
+    table.reserve(rows.size());
     for (const QModelIndex &row : rows)
         getRowText(row, columns, table);
     setClipboard(table);
@@ -218,6 +225,7 @@ void TreeViewCopyHandler::copyAll()
         return;
     const QVector<int> columns = copiedColumns();
     BVTableText table = headerTable(columns);
+    table.reserve(m_view->model()->rowCount(m_view->rootIndex()));
     BVRowWalk::visit(*m_view->model(), m_view->rootIndex(), [&](const QModelIndex &row) {
         if (m_view->isRowHidden(row.row(), row.parent()))
             return BVRowWalk::Skip;

@@ -57,8 +57,8 @@ public:
     void setHtmlEnabled(bool enable);
     bool isHtmlEnabled() const { return m_htmlEnabled; }
 
-    /// Adds the enabled actions, unless the view has no rows. "Copy" is left out if the view selects
-    /// nothing, and disabled without selected rows.
+    /// Adds the enabled actions, unless the view has no rows. "Copy" is left out if the view
+    /// selects nothing, and disabled without selected rows.
     void addCopyActionsToMenu(QMenu &menu);
     void addCopyActionsToMenu(TreeViewContextMenu &menu);
 
@@ -93,6 +93,6 @@ private:
 };
 
 /// The selected rows of a view, as the indexes of their first cells, from top to bottom; those in
-/// collapsed branches stand where they would be shown. A row is selected if any of its cells is. Hidden
-/// rows, rows below them and rows outside the view's root are left out.
+/// collapsed branches stand where they would be shown. A row is selected if any of its cells is.
+/// Hidden rows, rows below them and rows outside the view's root are left out.
 BVWIDGETS_EXPORT QModelIndexList getSortedSelectedRows(QTreeView *view);

@@ -3,7 +3,6 @@
 #include "itemviews/BVTreeView.h"
 #include "itemviews/BVTreeViewModel.h"
 #include "itemviews/TreeViewContextMenu.h"
-#include "itemviews/TreeViewCopyHandler.h"
 
 #include "TestSupport.h"
 
@@ -20,19 +19,27 @@
 
 namespace {
 
-QMenu *openMenu()
-{
-    return qobject_cast<QMenu *>(QApplication::activePopupWidget());
-}
+const QPoint s_onRow(40, 5);
 
 /// Acts on the next menu when it is open, and closes it if it still is afterwards.
 void onMenu(const std::function<void(QMenu *)> &act)
 {
     QTimer::singleShot(0, [act] {
-        if (QMenu *menu = openMenu())
+        if (auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget()))
             act(menu);
         while (QWidget *popup = QApplication::activePopupWidget())
             popup->close();
+    });
+}
+
+/// Presses keys in the next menu: d(own), u(p), r(ight), s(elect) and e(scape).
+void pressInMenu(const QString &keys)
+{
+    static const QHash<QChar, Qt::Key> s_keys{
+        {'d', Qt::Key_Down}, {'u', Qt::Key_Up}, {'r', Qt::Key_Right}, {'s', Qt::Key_Return}, {'e', Qt::Key_Escape}};
+    onMenu([keys](QMenu *) {
+        for (const QChar key : keys)
+            QTest::keyClick(QApplication::activePopupWidget(), s_keys[key]);
     });
 }
 
@@ -85,51 +92,43 @@ private Q_SLOTS:
     void chosen();
     void collapseOther_data();
     void collapseOther();
-    void deletedWhileOpen_data();
     void deletedWhileOpen();
 };
 
 void tst_TreeViewContextMenu::entries_data()
 {
-    QTest::addColumn<bool>("hasBranches");
-    QTest::addColumn<QString>("options");
     QTest::addColumn<QString>("entries");
-
-    QTest::newRow("flat list") << false << "" << "";
-    QTest::newRow("branches") << true << "" << "Expand All,Collapse All,Collapse Other";
-    QTest::newRow("beside the rows") << true << "beside" << "Expand All,Collapse All,Collapse Other!";
-    QTest::newRow("copying") << true << "copy all" << "Copy!,Copy all,-,Expand All,Collapse All,Collapse Other";
-    QTest::newRow("copying a selected row") << false << "copy select" << "Copy,-";
-    QTest::newRow("delegate") << true << "delegate all" << "Copy all,-,Of a,Expand All,Collapse All,Collapse Other";
-    QTest::newRow("delegate, by keyboard") << false << "delegate key" << "Of a";
+    QTest::newRow("flat list") << "";
+    QTest::newRow("tree") << "Expand All,Collapse All,Collapse Other";
+    QTest::newRow("tree, beside the rows") << "Expand All,Collapse All,Collapse Other!";
+    QTest::newRow("tree, copy, all") << "Copy!,Copy all,-,Expand All,Collapse All,Collapse Other";
+    QTest::newRow("copy, current row") << "Copy,-";
+    QTest::newRow("tree, delegate, all") << "Copy all,-,Of a,Expand All,Collapse All,Collapse Other";
+    QTest::newRow("delegate, current row by key") << "Of a";
 }
 
 void tst_TreeViewContextMenu::entries()
 {
-    QFETCH(bool, hasBranches);
-    QFETCH(QString, options);
+    const QString options = QTest::currentDataTag();
+    const bool isKey = options.contains("key");
     BVTreeViewModel model;
     model.setColumnCount(1);
-    auto *item = new BVTreeViewItem(model.invisibleRootItem());
-    item->setText(0, "a");
-    if (hasBranches)
+    auto *item = new BVTreeViewItem({{{Qt::DisplayRole, "a"}}}, model.invisibleRootItem());
+    if (options.contains("tree"))
         new BVTreeViewItem(item);
-    BVTreeView view;
     Delegate delegate;
+    BVTreeView view;
     view.setModel(&model);
-    view.setSelectionMode(QAbstractItemView::ExtendedSelection);
     view.enableCopyAllAction(options.contains("all"));
     view.enableCopySelectedAction(options.contains("copy"));
     if (options.contains("delegate"))
         view.setItemDelegate(&delegate);
-    if (options.contains("select"))
-        view.selectAll();
-    if (options.contains("key"))
+    if (options.contains("current"))
         view.setCurrentIndex(model.index(0, 0));
     QString entries;
     onMenu([&](const QMenu *menu) { entries = textsOf(menu); });
-    const QPoint position = options.contains("beside") || options.contains("key") ? QPoint(5, 150) : QPoint(40, 5);
-    QContextMenuEvent event(options.contains("key") ? QContextMenuEvent::Keyboard : QContextMenuEvent::Mouse, position);
+    QContextMenuEvent event(isKey ? QContextMenuEvent::Keyboard : QContextMenuEvent::Mouse,
+                            isKey || options.contains("beside") ? QPoint(5, 150) : s_onRow);
     QApplication::sendEvent(view.viewport(), &event);
     QCoreApplication::processEvents(); // also if there was no menu
     QTEST(entries, "entries");
@@ -137,112 +136,93 @@ void tst_TreeViewContextMenu::entries()
 
 void tst_TreeViewContextMenu::chosen_data()
 {
-    QTest::addColumn<QList<int>>("keys");
-    QTest::addColumn<bool>("disabled");
+    QTest::addColumn<QString>("keys");
     QTest::addColumn<int>("id");
     QTest::addColumn<QString>("text"); // "" if no entry was chosen
-
-    using Keys = QList<int>;
-    QTest::newRow("own entry") << Keys{Qt::Key_Down, Qt::Key_Return} << false << 5 << "Five";
-    QTest::newRow("in a submenu") << Keys{Qt::Key_Down, Qt::Key_Down, Qt::Key_Right, Qt::Key_Return} << false << 6 << "UNKNOWN";
-    QTest::newRow("no id") << Keys{Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Return} << false << -1 << "Plain";
-    QTest::newRow("standard") << Keys{Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Return} << false << 97 << "Expand All";
-    QTest::newRow("closed") << Keys{Qt::Key_Down, Qt::Key_Escape} << false << -1 << "";
-    QTest::newRow("disabled") << Keys{Qt::Key_Down, Qt::Key_Return} << true << -1 << "";
+    QTest::newRow("own entry") << "ds" << 5 << "Five";
+    QTest::newRow("in a submenu") << "ddrs" << 6 << "UNKNOWN";
+    QTest::newRow("without an id") << "uuuus" << -1 << "Plain";
+    QTest::newRow("standard entry") << "uuus" << 97 << "Expand All";
+    QTest::newRow("closed") << "de" << -1 << "";
+    QTest::newRow("disabled") << "ds" << -1 << "";
 }
 
 void tst_TreeViewContextMenu::chosen()
 {
-    QFETCH(QList<int>, keys);
-    QFETCH(bool, disabled);
+    QFETCH(QString, keys);
     QTreeWidget widget;
-    new QTreeWidgetItem(new QTreeWidgetItem(&widget, {"a"}), {"b"});
-    Menu menu(&widget, QPoint(40, 5));
-    menu.setDisabled(disabled);
+    auto *item = new QTreeWidgetItem(&widget, {"a"});
+    new QTreeWidgetItem(item, {"b"});
+    Menu menu(&widget, s_onRow);
+    menu.setDisabled(QTest::currentDataTag() == QString("disabled"));
     QAction *action = nullptr;
-    onMenu([&](QMenu *) {
-        for (const int key : keys)
-            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key(key));
-    });
+    pressInMenu(keys);
     QTEST(menu.show(&action), "id");
     QTEST(action ? action->text() : QString(), "text");
-    QCOMPARE(widget.isExpanded(widget.model()->index(0, 0)), action == menu.actionAt(97) && action);
+    QCOMPARE(item->isExpanded(), action && action == menu.actionAt(97));
     QCOMPARE(textsOf(menu.getMenu()), "Five,More,Plain,-,Expand All,Collapse All,Collapse Other"); // enabled again
-    QCOMPARE(menu.actionText(97) + menu.actionText(98) + menu.actionText(1), "Expand AllCollapse AllUNKNOWN");
 }
 
 void tst_TreeViewContextMenu::collapseOther_data()
 {
-    QTest::addColumn<QString>("expanded");
-    QTest::addColumn<QString>("root");
+    QTest::addColumn<QString>("before"); // the expanded ones of a(b(c(d)),e(f)) and g(h)
+    QTest::addColumn<bool>("hasRoot");
     QTest::addColumn<QString>("log"); // "+" with animation
-
-    // a(b(c(d)),e(f)) and g(h)
-    QTest::newRow("collapsed row") << "aceg" << "" << "+b +a";
-    QTest::newRow("expanded row") << "abceg" << "" << "b c a";
-    QTest::newRow("below a root") << "abceg" << "a" << "b c";
+    QTest::newRow("collapsed row") << "aceg" << false << "+b +a";
+    QTest::newRow("expanded row") << "abceg" << false << "b c a";
+    QTest::newRow("below a root") << "abceg" << true << "b c";
 }
 
 void tst_TreeViewContextMenu::collapseOther()
 {
-    QFETCH(QString, expanded);
-    QFETCH(QString, root);
+    QFETCH(QString, before);
+    QFETCH(bool, hasRoot);
     QTreeWidget widget;
     QHash<QString, QTreeWidgetItem *> items{{"", widget.invisibleRootItem()}};
-    for (const char *pair : {"a", "ba", "cb", "dc", "ea", "fe", "g", "hg"})
-        items[QString(pair[0])] = new QTreeWidgetItem(items[QString(pair).mid(1)], {QString(pair[0])});
-    for (const QChar name : QString("abc"))
+    for (const QString &pair : QString("a ba cb dc ea fe g hg").split(' '))
+        items[pair.left(1)] = new QTreeWidgetItem(items[pair.mid(1)], {pair.left(1)});
+    for (const QChar name : before)
         items[name]->setExpanded(true);
-    if (!root.isEmpty())
-        widget.setRootIndex(widget.model()->index(0, 0));
-    widget.resize(300, 300);
-    widget.scrollTo(widget.model()->index(0, 0, widget.model()->index(0, 0)));
-    TreeViewContextMenu menu(&widget, widget.visualItemRect(items["b"]).center());
-    for (auto item = items.cbegin(); item != items.cend(); ++item)
-        item.value()->setExpanded(expanded.contains(item.key()) && !item.key().isEmpty());
-    QStringList log;
-    connect(&widget, &QTreeWidget::itemExpanded, &widget, [&](const QTreeWidgetItem *item) {
-        log << (widget.isAnimated() ? "+" : "") + item->text(0);
-    });
-    onMenu([](QMenu *) { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Up); QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return); });
+    const QModelIndex a = widget.model()->index(0, 0);
+    if (hasRoot)
+        widget.setRootIndex(a);
+    TreeViewContextMenu menu(&widget, widget.visualRect(widget.model()->index(0, 0, a)).center());
+    QString log;
+    connect(&widget, &QTreeWidget::itemExpanded, &widget,
+            [&](const QTreeWidgetItem *item) { log += (widget.isAnimated() ? " +" : " ") + item->text(0); });
+    pressInMenu("us");
     QCOMPARE(menu.show(), 99);
-    QTEST(log.join(' '), "log");
+    QTEST(log.mid(1), "log");
     QVERIFY(!widget.isAnimated() && !items["e"]->isExpanded() && !items["g"]->isExpanded());
-}
-
-void tst_TreeViewContextMenu::deletedWhileOpen_data()
-{
-    QTest::addColumn<QString>("what");
-    for (const char *what : {"view", "model", "menu", "entry"})
-        QTest::newRow(what) << what;
 }
 
 void tst_TreeViewContextMenu::deletedWhileOpen()
 {
-    QFETCH(QString, what);
-    auto model = std::make_unique<BVTreeViewModel>();
-    model->setColumnCount(1);
-    new BVTreeViewItem(new BVTreeViewItem(model->invisibleRootItem()));
-    auto view = std::make_unique<BVTreeView>();
-    view->setModel(model.get());
-    auto menu = std::make_unique<TreeViewContextMenu>(view.get(), QPoint(40, 5));
-    auto *entry = new QAction("Goes");
-    menu->appendAction(entry, true);
-    connect(entry, &QAction::triggered, this, [&] {
-        if (what == "view")
-            view.reset();
-        else if (what == "model")
-            model.reset();
-        else if (what == "menu")
-            menu.reset();
-        if (what != "menu" && menu) // chosen together, by a slot
-            QMetaObject::invokeMethod(menu.get(), "onCollapseOther");
-        delete entry;
-    });
-    onMenu([&](QMenu *) { entry->trigger(); });
-    QAction *chosen = entry;
-    QCOMPARE(menu->show(&chosen), -1);
-    QVERIFY(!chosen);
+    for (const QString &what : {QString("view"), QString("model"), QString("menu"), QString("entry")}) {
+        auto model = std::make_unique<BVTreeViewModel>();
+        model->setColumnCount(1);
+        new BVTreeViewItem(new BVTreeViewItem(model->invisibleRootItem()));
+        auto view = std::make_unique<BVTreeView>();
+        view->setModel(model.get());
+        auto menu = std::make_unique<TreeViewContextMenu>(view.get(), s_onRow);
+        auto *entry = new QAction("Goes");
+        menu->appendAction(entry, true);
+        connect(entry, &QAction::triggered, this, [&] {
+            if (what == "view")
+                view.reset();
+            if (what == "model")
+                model.reset();
+            if (what == "menu")
+                menu.reset();
+            else
+                QMetaObject::invokeMethod(menu.get(), "onCollapseOther");
+            delete entry;
+        });
+        onMenu([&](QMenu *) { entry->trigger(); });
+        QAction *chosen = entry;
+        QCOMPARE(menu->show(&chosen), -1);
+        QVERIFY(!chosen);
+    }
 }
 
 QTEST_MAIN(tst_TreeViewContextMenu)
