@@ -2,7 +2,9 @@
 #include "WorkbenchWindow.h"
 
 #include "Appearance.h"
+#include "OperationsPage.h"
 #include "PreferencesDialog.h"
+#include "ResultsPage.h"
 #include "SetupFile.h"
 #include "SetupForm.h"
 #include "StatusSummary.h"
@@ -11,6 +13,7 @@
 #include <BVFormatter.h>
 #include <BVLabel.h>
 #include <BVMenu.h>
+#include <BVTabWidget.h>
 #include <BVWidgetsVersion.h>
 #include <SvgIcon.h>
 #include <UnitsChangedEvent.h>
@@ -66,25 +69,26 @@ QString shownUnit(UnitsConfiguration::Dimension dimension)
 WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
     : m_appearance(appearance)
     , m_form(new SetupForm)
+    , m_pages(new BVTabWidget(this))
+    , m_results(new ResultsPage)
+    , m_operations(new OperationsPage)
 {
     qApp->setProperty(s_mainWindowProperty, QVariant::fromValue<QObject *>(this));
     setWindowIcon(createSvgIcon(QStringLiteral(":/Icons/ruler.svg")));
 
-    auto *area = new QScrollArea(this);
-    area->setWidgetResizable(true);
-    area->setWidget(m_form);
-    auto *centre = new QWidget(this);
-    auto *layout = new QVBoxLayout(centre);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(createHeader());
-    layout->addWidget(area, 1);
-    setCentralWidget(centre);
+    m_pages->setDocumentMode(true);
+    m_pages->addTab(createSetupPage(), tr("Process set-up"));
+    m_pages->addTab(m_results, tr("Results"));
+    m_pages->addTab(m_operations, tr("Operations"));
+    setCentralWidget(m_pages);
 
     createActions();
     m_summary = new StatusSummary(m_form, this);
     statusBar()->addPermanentWidget(m_summary);
     connect(m_form, &SetupForm::changed, this, &WorkbenchWindow::updateTitle);
+    connect(m_pages, &QTabWidget::currentChanged, this, [this] {
+        m_summary->setVisible(m_pages->currentWidget()->isAncestorOf(m_form)); // it is of the form
+    });
     setMinimumSize(s_minimumSize);
     newSetup();
 }
@@ -94,6 +98,20 @@ WorkbenchWindow::~WorkbenchWindow()
     m_form->disconnect(this); // fields that are hidden next may still take a text over
     if (qApp->property(s_mainWindowProperty).value<QObject *>() == this)
         qApp->setProperty(s_mainWindowProperty, QVariant());
+}
+
+QWidget *WorkbenchWindow::createSetupPage()
+{
+    auto *area = new QScrollArea(this);
+    area->setWidgetResizable(true);
+    area->setWidget(m_form);
+    auto *page = new QWidget(this);
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(createHeader());
+    layout->addWidget(area, 1);
+    return page;
 }
 
 QWidget *WorkbenchWindow::createHeader()
@@ -165,7 +183,7 @@ void WorkbenchWindow::createActions()
     connect(write, &QAction::triggered, this, &WorkbenchWindow::save);
     connect(writeAs, &QAction::triggered, this, &WorkbenchWindow::saveAs);
     connect(reset, &QAction::triggered, this, &WorkbenchWindow::resetAll);
-    connect(next, &QAction::triggered, m_form, &SetupForm::focusNextNeedingInput);
+    connect(next, &QAction::triggered, this, &WorkbenchWindow::goToNextFieldNeedingInput);
     connect(preferences, &QAction::triggered, this, &WorkbenchWindow::showPreferences);
     connect(about, &QAction::triggered, this, &WorkbenchWindow::showAbout);
 
@@ -266,8 +284,22 @@ bool WorkbenchWindow::isReadyToSave()
         return true;
     showError(tr("The set-up cannot be saved yet."),
               tr("These fields need input: %1.").arg(fields.join(QStringLiteral(", "))));
-    m_form->focusNextNeedingInput();
+    goToNextFieldNeedingInput();
     return false;
+}
+
+void WorkbenchWindow::showPageOf(QWidget *widget)
+{
+    for (int i = 0; i < m_pages->count(); ++i) {
+        if (m_pages->widget(i) == widget || m_pages->widget(i)->isAncestorOf(widget))
+            m_pages->setCurrentIndex(i);
+    }
+}
+
+void WorkbenchWindow::goToNextFieldNeedingInput()
+{
+    showPageOf(m_form);
+    m_form->focusNextNeedingInput();
 }
 
 bool WorkbenchWindow::saveFile(const QString &path)
