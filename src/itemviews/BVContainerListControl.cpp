@@ -37,6 +37,11 @@ BVContainerListControl::BVContainerListControl(QWidget *parent, BVDragTreeWidget
 
 BVContainerListControl::~BVContainerListControl() = default;
 
+BVDragTreeWidget *BVContainerListControl::tree() const
+{
+    return m_tree;
+}
+
 BVContainerListControl *BVContainerListControl::controlOf(const QTreeView *tree)
 {
     auto *control = tree ? qobject_cast<BVContainerListControl *>(tree->parentWidget()) : nullptr;

@@ -53,7 +53,7 @@ public:
     ~BVContainerListControl() override;
 
     /// Null only once the tree has been deleted.
-    BVDragTreeWidget *tree() const { return m_tree; }
+    BVDragTreeWidget *tree() const;
     /// The control that holds the tree, or null.
     static BVContainerListControl *controlOf(const QTreeView *tree);
 
