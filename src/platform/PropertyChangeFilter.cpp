@@ -19,7 +19,7 @@ void appendChildren(const QWidget *widget, QVector<QPointer<QWidget>> &widgets)
 {
     const QObjectList &children = widget->children();
     for (QObject *child : children) {
-        if (!child->isWidgetType())
+        if (!child || !child->isWidgetType()) // null: a sibling that its parent has deleted
             continue;
         auto *inner = static_cast<QWidget *>(child);
         if (inner->isWindow() && !inner->isVisible()) {

@@ -74,6 +74,7 @@ private Q_SLOTS:
     void requestsBecomeOne();
     void directOneServesPostedOne();
     void deletedWidgetsAreDropped();
+    void whileChildrenAreDeleted();
     void requestWhileServedWaits();
     void filterFollowsNamedProperties();
 
@@ -225,6 +226,16 @@ void tst_PropertyChangeFilter::deletedWidgetsAreDropped()
     QCoreApplication::sendPostedEvents();
     QCOMPARE(polished(&m_form->window), 1);
     QCOMPARE(m_style->counts.size(), 0);
+}
+
+/// As when a child's status goes with it while the form that shows it stays.
+void tst_PropertyChangeFilter::whileChildrenAreDeleted()
+{
+    auto *last = new QLineEdit(m_form->box);
+    connect(m_form->edit, &QObject::destroyed, this, [this] { PropertyChangeFilter::repolish(&m_form->window, true); });
+    connect(last, &QObject::destroyed, this, [this] { PropertyChangeFilter::repolish(&m_form->window, true); });
+    delete m_form->box;
+    QVERIFY(polished(m_form->label) > 0);
 }
 
 void tst_PropertyChangeFilter::requestWhileServedWaits()
