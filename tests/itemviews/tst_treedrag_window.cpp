@@ -177,6 +177,8 @@ void tst_TreeDragWindow::moves()
 void tst_TreeDragWindow::escape()
 {
     DragTree *tree = m_trees[1];
+    tree->m_manager->setUsePreview(true);
+    tree->m_manager->setUseMoveVisualizationLine(true);
     QWidget *viewport = tree->m_view->viewport();
     const auto mark = [viewport] { return viewport->grab().toImage(); };
     QVERIFY(XdoTool::movePointer(m_window.get(), QPoint(2, 2)));
