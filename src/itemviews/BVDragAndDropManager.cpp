@@ -422,11 +422,8 @@ void BVDragAndDropManager::processDragLeaveEvent(QDragLeaveEvent *event)
 {
     const QPointer<BVDragAndDropManager> guard(this);
     consumes(m_dragLeaveCallback, event);
-    if (!guard || !getTreeView())
-        return;
-    const QPersistentModelIndex target = m_target->index();
-    if (target.isValid())
-        Q_EMIT sigDropTargetChanged(QModelIndex(), target);
+    if (guard && getDropIndex().isValid())
+        Q_EMIT sigDropTargetChanged(QModelIndex(), getDropIndex());
     if (!guard || !getTreeView())
         return;
     resetTarget();
@@ -489,10 +486,9 @@ void BVDragAndDropManager::paintDropTargetWidgetVisualization(QPainter *painter)
     if (!hasTarget())
         return;
     const BVDropPainter marks(getTreeView());
-    const DragDropInfo info = getDragAndDropInfo();
-    marks.paintTarget(painter, info);
+    marks.paintTarget(painter, getDragAndDropInfo());
     if (m_useMoveVisualizationLine)
-        marks.paintMoveLine(painter, info);
+        marks.paintMoveLine(painter, getDragAndDropInfo());
 }
 
 void BVDragAndDropManager::paintDragAndDropInfoText(QPainter *painter)

@@ -213,9 +213,7 @@ void tst_TreeDragWindow::viewDies()
         return !m_trees[1]->m_manager->getDropIndex().isValid();
     }));
     QCOMPARE(rows(), QString("a,b,c(d),e | p,q,r"));
-    QVERIFY(XdoTool::click(m_trees[1]->m_view->viewport())); // the pointer works as before
-    m_trees[1]->select("p");
-    QVERIFY(XdoTool::clickAt(m_trees[1]->m_view->viewport(), m_trees[1]->at("q")));
+    QVERIFY(XdoTool::clickAt(m_trees[1]->m_view->viewport(), m_trees[1]->at("q"))); // the pointer works as before
     QTRY_VERIFY(m_trees[1]->m_view->selectionModel()->isSelected(m_trees[1]->cell("q")));
 }
 
