@@ -63,10 +63,14 @@ BVDragAndDropManager *BVDragAndDropManager::managerOf(const QTreeView *view)
     return BVDragHost::managerOf(view);
 }
 
-/// Another manager works for the view.
-bool BVDragAndDropManager::isReplaced() const
+QTreeView *BVDragAndDropManager::getTreeView() const
 {
-    return managerOf(m_treeView) != this;
+    return qobject_cast<QTreeView *>(m_treeView); // none once its destruction has begun
+}
+
+QTreeView *BVDragAndDropManager::getSecondTreeView() const
+{
+    return qobject_cast<QTreeView *>(m_secondTreeView);
 }
 
 // Settings
@@ -121,19 +125,8 @@ DropIndicatorPosition BVDragAndDropManager::getDropIndicatorPosition() const
 
 DragDropInfo BVDragAndDropManager::getDragAndDropInfo() const
 {
-    DragDropInfo info = draggedInfo();
+    DragDropInfo info = BVDragSource::runningInfo();
     m_target->describe(&info);
-    return info;
-}
-
-/// What is dragged, without a target.
-DragDropInfo BVDragAndDropManager::draggedInfo() const
-{
-    DragDropInfo info;
-    if (const BVDragSource *source = BVDragSource::running()) {
-        info.source = source->view();
-        info.draggedIndexes = source->draggedIndexes();
-    }
     return info;
 }
 
@@ -142,7 +135,7 @@ void BVDragAndDropManager::setDragState(DragState state)
     if (state == m_dragState)
         return;
     m_dragState = state;
-    BVDragHost::tellState(m_treeView, state);
+    BVDragHost::tellState(getTreeView(), state);
     if (const auto callback = m_stateCallback)
         callback(state);
 }
@@ -151,62 +144,63 @@ void BVDragAndDropManager::setDragState(DragState state)
 void BVDragAndDropManager::tidyUp()
 {
     m_lastMove = LastMove();
-    if (m_treeView)
-        m_treeView->viewport()->update();
+    if (getTreeView())
+        getTreeView()->viewport()->update();
+    const QPointer<BVDragAndDropManager> guard(this);
     tellAutoScroll(false);
-    setDragState(NoDrag);
+    if (guard)
+        setDragState(NoDrag);
 }
 
 // Events
 
 bool BVDragAndDropManager::eventFilter(QObject *watched, QEvent *event)
 {
+    const QTreeView *view = getTreeView();
+    if (managerOf(view) != this)
+        return false; // the view dies, or has another one
     if (event->type() == RegisterDragAndDropWidgetEvent::s_customEventType) {
         m_registered->handle(*static_cast<RegisterDragAndDropWidgetEvent *>(event));
-        return watched == m_treeView;
+        return watched == view;
     }
-    if (!m_treeView || isReplaced())
-        return false;
-    if (watched == m_treeView)
+    if (watched == view)
         return handleViewEvent(event);
-    if (watched == m_treeView->viewport())
+    if (watched == view->viewport())
         return handleViewportEvent(event);
     return BVDragSource::running() == m_source.get() &&
-           m_registered->handle(watched, event, draggedInfo());
+           m_registered->handle(watched, event, BVDragSource::runningInfo());
 }
 
 bool BVDragAndDropManager::handleViewEvent(QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::ShortcutOverride:
-    case QEvent::KeyPress:
+    const QEvent::Type type = event->type();
+    if (type == QEvent::ShortcutOverride || type == QEvent::KeyPress)
         return m_keys->handle(static_cast<QKeyEvent *>(event));
-    case QEvent::Show: // there may be a main window only now
-        if (QWidget *mainWindow = Brimvale::mainWindow())
-            mainWindow->installEventFilter(this);
-        return false;
-    default:
-        return false;
-    }
+    QWidget *mainWindow = type == QEvent::Show ? Brimvale::mainWindow() : nullptr;
+    if (mainWindow) // there may be one only now
+        mainWindow->installEventFilter(this);
+    return false;
 }
 
 bool BVDragAndDropManager::handleViewportEvent(QEvent *event)
 {
-    if (!m_treeView->dragEnabled())
+    if (!getTreeView()->dragEnabled()) {
+        if (m_dragState != NoDrag) // it has just been disabled
+            endDrag();
         return event->type() == QEvent::MouseMove; // the view knows drags and rubber bands, too
+    }
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         return processMousePressEvent(static_cast<QMouseEvent *>(event));
     case QEvent::MouseButtonRelease:
         m_isPressed = false;
-        m_hint->setActive(false);
-        m_hint->startAnimation(false);
+        m_hint->finish();
         return false;
     case QEvent::MouseMove:
         processMouseMoveEvent(static_cast<QMouseEvent *>(event));
         return true;
     case QEvent::Leave:
-        if (m_treeView->isVisible() && m_hint->hasPixmap() && !m_hint->isActive())
+        if (getTreeView()->isVisible() && m_hint->hasPixmap() && !m_hint->isActive())
             m_hint->startAnimation(false);
         return false;
     case QEvent::DragEnter:
@@ -245,49 +239,43 @@ bool BVDragAndDropManager::processMousePressEvent(QMouseEvent *event)
 
 void BVDragAndDropManager::processMouseMoveEvent(QMouseEvent *event)
 {
-    if (m_treeView->isEnabled())
+    if (getTreeView()->isEnabled())
         m_hint->updateMouseOver(event->pos());
     const QPointer<BVDragAndDropManager> guard(this);
-    if (consumes(m_mouseMoveCallback, event) || !guard || !m_treeView)
+    if (consumes(m_mouseMoveCallback, event) || !guard || !getTreeView())
         return;
-    const QItemSelectionModel *selection = m_treeView->selectionModel();
-    if (!(event->buttons() & Qt::LeftButton) || !m_treeView->model() || !selection ||
+    const QItemSelectionModel *selection = getTreeView()->selectionModel();
+    if (!(event->buttons() & Qt::LeftButton) || !getTreeView()->model() || !selection ||
         !selection->hasSelection() || !m_isPressed)
         return;
     // One pixel earlier than the toolkit.
     if ((m_pressPosition - event->pos()).manhattanLength() < QApplication::startDragDistance() - 1)
         return;
     m_isPressed = false;
-    const QModelIndexList rows = BVDropRules::draggableRows(m_treeView, m_dragWholeRow);
+    const QModelIndexList rows = BVDropRules::draggableRows(getTreeView(), m_dragWholeRow);
     if (rows.isEmpty())
         return;
-    m_hint->setActive(true);
+    m_hint->setActive();
     m_hint->startAnimation(true);
     m_source->runWithMouse(rows);
 }
 
 QPixmap BVDragAndDropManager::renderToPixmap(const QModelIndexList &rows) const
 {
-    if (!m_treeView || !m_treeView->model())
+    const QTreeView *view = getTreeView();
+    if (!view || !view->model())
         return QPixmap();
-    QStyleOptionViewItem option;
-    option.initFrom(m_treeView);
-    option.font = m_treeView->font();
-    option.decorationSize = m_treeView->iconSize();
-    if (const auto callback = m_getViewOptionsCallback)
-        option = callback();
-    QVector<int> columns = BVDragPixmap::visibleColumns(m_treeView);
-    if (m_dragVisualizationColumn >= 0 && !m_renderAllColumns)
-        columns = {m_dragVisualizationColumn};
-    return BVDragPixmap(m_treeView, option)
-        .renderToPixmap(rows, m_renderAllColumns ? columns : columns.mid(0, 1));
+    const auto callback = m_getViewOptionsCallback;
+    const BVDragPixmap picture(view, callback ? callback() : BVDragPixmap::optionsOf(view));
+    const QVector<int> columns = BVDragPixmap::visibleColumns(view);
+    const int first = qMax(columns.indexOf(m_dragVisualizationColumn), 0);
+    return picture.renderToPixmap(rows, m_renderAllColumns ? columns : columns.mid(first, 1));
 }
 
 /// Whatever has become of it.
 void BVDragAndDropManager::endDrag()
 {
-    m_hint->setActive(false);
-    m_hint->startAnimation(false);
+    m_hint->finish();
     resetTarget();
     tidyUp();
 }
@@ -301,7 +289,8 @@ bool BVDragAndDropManager::isAccepted(const QMimeData *mime) const
     const QStringList formats = mime->formats();
     if (m_acceptedFormats.isEmpty()) {
         const BVDragSource *source = BVDragSource::running();
-        return source && (source->view() == m_treeView || source->view() == m_secondTreeView) &&
+        return source &&
+               (source->view() == getTreeView() || source->view() == getSecondTreeView()) &&
                !formats.isEmpty();
     }
     return std::any_of(formats.begin(), formats.end(), [this](const QString &format) {
@@ -314,19 +303,19 @@ void BVDragAndDropManager::processDragEnterEvent(QDragEnterEvent *event)
     const QPointer<BVDragAndDropManager> guard(this);
     if (!consumes(m_dragEnterCallback, event) && guard)
         event->setAccepted(isAccepted(event->mimeData()));
-    if (!guard || !m_treeView)
+    if (!guard || !getTreeView())
         return;
     resetTarget();
     if (!event->isAccepted())
         return;
-    m_hint->setActive(true);
+    m_hint->setActive();
     m_hint->updateMouseOver(event->pos());
     setDragState(Dragging);
 }
 
 QModelIndex BVDragAndDropManager::getDropTarget(const QPoint &pos) const
 {
-    return m_treeView && m_treeView->model() ? m_treeView->indexAt(pos) : QModelIndex();
+    return getTreeView() && getTreeView()->model() ? getTreeView()->indexAt(pos) : QModelIndex();
 }
 
 DropIndicatorPosition BVDragAndDropManager::dropIndicatorPosition(const QPoint &pos,
@@ -340,7 +329,7 @@ DropIndicatorPosition
 BVDragAndDropManager::advancedDropIndicatorPosition(const QPoint &pos,
                                                     const QModelIndex &index) const
 {
-    const QRect rect = m_treeView ? m_treeView->visualRect(index) : QRect();
+    const QRect rect = getTreeView() ? getTreeView()->visualRect(index) : QRect();
     return BVDropRules::advancedDropIndicatorPosition(pos, rect, index);
 }
 
@@ -349,9 +338,9 @@ void BVDragAndDropManager::processDragMoveEvent(QDragMoveEvent *event)
     m_hint->updateMouseOver(event->pos());
     m_lastMove = {event->pos(), event->possibleActions(), event->mimeData()};
     const QPointer<BVDragAndDropManager> guard(this);
-    if (!consumes(m_dragMoveCallback, event) && guard && m_treeView)
+    if (!consumes(m_dragMoveCallback, event) && guard && getTreeView())
         followDrag(event);
-    if (guard && m_treeView)
+    if (guard && getTreeView())
         updateAutoScroll(event->pos());
 }
 
@@ -381,7 +370,7 @@ bool BVDragAndDropManager::announceTarget(const QModelIndex &newTarget, QDragMov
         Q_EMIT sigDropTargetColumnChanged(target, target.column(), before, event);
     if (guard && (target != previous || isOtherAction))
         Q_EMIT sigDropTargetChanged(target, previous);
-    return guard && m_treeView;
+    return guard && getTreeView();
 }
 
 void BVDragAndDropManager::setDragAndDropTargetInfo(const QModelIndex &target,
@@ -390,21 +379,21 @@ void BVDragAndDropManager::setDragAndDropTargetInfo(const QModelIndex &target,
 {
     m_target->set(target, m_target->rectOf(target, m_dragWholeRow), position, action,
                   m_usePreview || m_useMoveVisualizationLine);
-    if (m_secondTreeView)
-        m_secondTreeView->viewport()->update();
+    if (getSecondTreeView())
+        getSecondTreeView()->viewport()->update();
 }
 
 void BVDragAndDropManager::resetTarget()
 {
     m_target->reset();
-    if (m_secondTreeView)
-        m_secondTreeView->viewport()->update();
+    if (getSecondTreeView())
+        getSecondTreeView()->viewport()->update();
 }
 
 /// Under a pointer at rest there is another row now.
 void BVDragAndDropManager::onScrolled()
 {
-    if (m_dragState != Dragging || !m_lastMove.mime || !m_treeView)
+    if (m_dragState != Dragging || !m_lastMove.mime || !getTreeView())
         return;
     QDragMoveEvent again(m_lastMove.pos, m_lastMove.actions, m_lastMove.mime, Qt::LeftButton,
                          QApplication::keyboardModifiers());
@@ -413,14 +402,14 @@ void BVDragAndDropManager::onScrolled()
 
 void BVDragAndDropManager::updateAutoScroll(const QPoint &pos)
 {
-    const QRect area = m_treeView->viewport()->visibleRegion().boundingRect();
-    tellAutoScroll(BVDropRules::isInScrollMargin(pos, area, m_treeView->autoScrollMargin()));
+    const QRect area = getTreeView()->viewport()->visibleRegion().boundingRect();
+    tellAutoScroll(BVDropRules::isInScrollMargin(pos, area, getTreeView()->autoScrollMargin()));
 }
 
 void BVDragAndDropManager::tellAutoScroll(bool on)
 {
     const auto callback = m_autoScrollCallback;
-    if (callback && m_treeView && m_treeView->hasAutoScroll())
+    if (callback && getTreeView() && getTreeView()->hasAutoScroll())
         callback(on);
 }
 
@@ -428,19 +417,13 @@ void BVDragAndDropManager::processDragLeaveEvent(QDragLeaveEvent *event)
 {
     const QPointer<BVDragAndDropManager> guard(this);
     consumes(m_dragLeaveCallback, event);
-    if (!guard || !m_treeView)
-        return;
-    const QPersistentModelIndex target = m_target->index();
-    if (target.isValid())
-        Q_EMIT sigDropTargetChanged(QModelIndex(), target);
-    if (!guard || !m_treeView)
+    if (guard && getDropIndex().isValid())
+        Q_EMIT sigDropTargetChanged(QModelIndex(), getDropIndex());
+    if (!guard || !getTreeView())
         return;
     resetTarget();
-    if (BVDragSource::running() !=
-        m_source.get()) { // else the hint stays until the end of the drag
-        m_hint->setActive(false);
-        m_hint->startAnimation(false);
-    }
+    if (BVDragSource::running() != m_source.get()) // else the hint stays until the drag ends
+        m_hint->finish();
     tidyUp();
 }
 
@@ -449,8 +432,7 @@ void BVDragAndDropManager::processDragLeaveEvent(QDragLeaveEvent *event)
 void BVDragAndDropManager::processDropEvent(QDropEvent *event)
 {
     const QPointer<BVDragAndDropManager> guard(this);
-    m_hint->setActive(false);
-    m_hint->startAnimation(false);
+    m_hint->finish();
     m_target->setAction(event->proposedAction());
     if (!consumes(m_dropCallback, event) && guard) {
         event->accept();
@@ -472,7 +454,7 @@ void BVDragAndDropManager::notifyListeners(DragDropInfo info)
 {
     const QPointer<BVDragAndDropManager> guard(this);
     const auto refreshed = [this, &info] {
-        info.draggedIndexes = draggedInfo().draggedIndexes;
+        info.draggedIndexes = BVDragSource::runningInfo().draggedIndexes;
         return info;
     };
     m_dropListeners->notify(this, refreshed);
@@ -484,25 +466,24 @@ void BVDragAndDropManager::notifyListeners(DragDropInfo info)
 
 bool BVDragAndDropManager::hasTarget() const
 {
-    return m_treeView && m_treeView->model() && m_target->action() != Qt::IgnoreAction;
+    return getTreeView() && getTreeView()->model() && m_target->action() != Qt::IgnoreAction;
 }
 
 void BVDragAndDropManager::paintDropTargetItemPreview(QPainter *painter)
 {
     const BVDragSource *source = BVDragSource::running();
     if (m_usePreview && source && hasTarget())
-        BVDropPainter(m_treeView).paintPreview(painter, getDragAndDropInfo(), source->pixmap());
+        BVDropPainter(getTreeView()).paintPreview(painter, getDragAndDropInfo(), source->pixmap());
 }
 
 void BVDragAndDropManager::paintDropTargetWidgetVisualization(QPainter *painter)
 {
     if (!hasTarget())
         return;
-    const BVDropPainter marks(m_treeView);
-    const DragDropInfo info = getDragAndDropInfo();
-    marks.paintTarget(painter, info);
+    const BVDropPainter marks(getTreeView());
+    marks.paintTarget(painter, getDragAndDropInfo());
     if (m_useMoveVisualizationLine)
-        marks.paintMoveLine(painter, info);
+        marks.paintMoveLine(painter, getDragAndDropInfo());
 }
 
 void BVDragAndDropManager::paintDragAndDropInfoText(QPainter *painter)

@@ -97,10 +97,10 @@ public:
     /// The manager of a view, or null.
     static BVDragAndDropManager *managerOf(const QTreeView *view);
 
-    QTreeView *getTreeView() const { return m_treeView; }
+    QTreeView *getTreeView() const;
     /// A view with which rows are exchanged; null for none. It needs a manager of its own.
     void setSecondTreeView(QTreeView *view) { m_secondTreeView = view; }
-    QTreeView *getSecondTreeView() const { return m_secondTreeView; }
+    QTreeView *getSecondTreeView() const;
 
     /// The cell under the pointer of a drag; invalid if there is none.
     QModelIndex getDropIndex() const;
@@ -117,7 +117,7 @@ public:
     /// Empty and known formats are ignored.
     void addAcceptedFormat(const QString &format);
     void removeAcceptedFormat(const QString &format);
-    /// The column whose cells are dragged as picture; -1 for the first one that is shown.
+    /// The column whose cells make the picture; the first one that is shown for -1 or a hidden one.
     int getDragVisualizationColumn() const { return m_dragVisualizationColumn; }
     void setDragVisualizationColumn(int column) { m_dragVisualizationColumn = qMax(column, -1); }
     /// Whether rows are taken as a whole: one selected cell is enough to drag its row, and the row
@@ -220,7 +220,6 @@ private:
     friend class BVDragKeys;
     friend class BVDragSource;
 
-    bool isReplaced() const;
     bool handleViewEvent(QEvent *event);
     bool handleViewportEvent(QEvent *event);
     bool processMousePressEvent(QMouseEvent *event);
@@ -245,11 +244,10 @@ private:
     void tellAutoScroll(bool on);
     void setDragState(DragState state);
     void tidyUp();
-    DragDropInfo draggedInfo() const;
     void notifyListeners(DragDropInfo info);
 
-    QPointer<QTreeView> m_treeView;
-    QPointer<QTreeView> m_secondTreeView;
+    QPointer<QWidget> m_treeView;
+    QPointer<QWidget> m_secondTreeView;
     std::unique_ptr<BVDragSource> m_source;
     std::unique_ptr<BVDropTarget> m_target;
     std::unique_ptr<BVDragHint> m_hint;

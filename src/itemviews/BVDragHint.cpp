@@ -56,6 +56,12 @@ void BVDragHint::setText(const QString &text)
     m_viewport->update(bandRect());
 }
 
+void BVDragHint::finish()
+{
+    m_infoActive = false;
+    startAnimation(false);
+}
+
 void BVDragHint::updateMouseOver(const QPoint &pos)
 {
     const bool isOver = m_viewport && BVDropRules::isInHintBand(pos, m_viewport->height());

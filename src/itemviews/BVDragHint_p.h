@@ -22,7 +22,9 @@ public:
 
     /// Whether a running drag uses the hint.
     bool isActive() const { return m_infoActive; }
-    void setActive(bool active) { m_infoActive = active; }
+    void setActive() { m_infoActive = true; }
+    /// Slides out; the drag is over.
+    void finish();
     /// Whether any of it is to be seen.
     bool hasPixmap() const { return !m_infoPixmap.isNull(); }
 

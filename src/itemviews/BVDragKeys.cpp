@@ -4,6 +4,7 @@
 #include "itemviews/BVDragAndDropManager.h"
 #include "itemviews/BVDragSource_p.h"
 
+#include <QApplication>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -59,10 +60,11 @@ BVDragKeys::BVDragKeys(BVDragAndDropManager *manager)
 
 bool BVDragKeys::handle(QKeyEvent *event)
 {
-    if (!isMoveKey(event) || !m_manager->getTreeView()->dragEnabled())
+    const QTreeView *view = m_manager->getTreeView();
+    const bool isFromEditor = view->viewport()->isAncestorOf(QApplication::focusWidget());
+    if (!isMoveKey(event) || isFromEditor || !view->dragEnabled())
         return false;
-    const QModelIndexList rows =
-        BVDropRules::draggableRows(m_manager->getTreeView(), m_manager->isDragWholeRow());
+    const QModelIndexList rows = BVDropRules::draggableRows(view, m_manager->isDragWholeRow());
     if (rows.isEmpty())
         return false;
     event->accept();

@@ -35,6 +35,19 @@ BVDragPixmap::BVDragPixmap(const QTreeView *view, const QStyleOptionViewItem &op
     m_option.displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
 }
 
+QStyleOptionViewItem BVDragPixmap::optionsOf(const QTreeView *view)
+{
+    QStyleOptionViewItem option;
+    option.initFrom(view);
+    option.font = view->font();
+    option.decorationSize = view->iconSize();
+    if (!option.decorationSize.isValid()) {
+        const int size = view->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, view);
+        option.decorationSize = QSize(size, size);
+    }
+    return option;
+}
+
 QVector<int> BVDragPixmap::visibleColumns(const QTreeView *view)
 {
     const QHeaderView *header = view->header();
@@ -95,6 +108,7 @@ void BVDragPixmap::paintRow(QPainter *painter, const QPoint &topLeft, const QMod
     for (int i = 0; i < columns.size(); ++i) {
         const QModelIndex cell = row.sibling(row.row(), columns.at(i));
         option.rect.setWidth(widths.at(i));
+        option.state.setFlag(QStyle::State_Enabled, cell.flags() & Qt::ItemIsEnabled);
         const QAbstractItemDelegate *delegate = m_view->itemDelegate(cell);
         if (delegate && cell.isValid())
             delegate->paint(painter, option, cell);

@@ -20,6 +20,8 @@ public:
 
     /// The cells of these columns, left to right; rows may be given by any of their cells.
     QPixmap renderToPixmap(const QModelIndexList &rows, const QVector<int> &columns) const;
+    /// The options of a view that does not tell its own.
+    static QStyleOptionViewItem optionsOf(const QTreeView *view);
     /// All columns that the user sees, in their visual order.
     static QVector<int> visibleColumns(const QTreeView *view);
 

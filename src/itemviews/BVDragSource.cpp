@@ -13,7 +13,8 @@ constexpr int s_pictureOffset = 12; // px, of the dragged picture from the point
 /// The pointer's place in the picture: outside, so that the target stays in sight.
 QPoint hotSpotOf(const QPixmap &picture, bool hasPreview)
 {
-    const int previewHeight = hasPreview ? qRound(picture.height() / picture.devicePixelRatio()) : 0;
+    const int previewHeight =
+        hasPreview ? qRound(picture.height() / picture.devicePixelRatio()) : 0;
     return -QPoint(s_pictureOffset, s_pictureOffset + previewHeight);
 }
 
@@ -37,6 +38,16 @@ BVDragSource::BVDragSource(BVDragAndDropManager *manager)
 BVDragSource *BVDragSource::running()
 {
     return s_running ? s_running->m_source.get() : nullptr;
+}
+
+DragDropInfo BVDragSource::runningInfo()
+{
+    DragDropInfo info;
+    if (const BVDragSource *source = running()) {
+        info.source = source->view();
+        info.draggedIndexes = source->draggedIndexes();
+    }
+    return info;
 }
 
 QTreeView *BVDragSource::view() const

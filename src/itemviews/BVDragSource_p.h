@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QModelIndexList>
-#include <QPersistentModelIndex>
+#include "itemviews/DragDropInfo.h"
+
 #include <QPixmap>
-#include <QPointer>
 
 #include <functional>
 
 class BVDragAndDropManager;
 class QMimeData;
-class QTreeView;
 
 /// What is dragged out of a manager's view, by mouse or keys. Only one drag runs at a time.
 class BVDragSource
@@ -20,6 +18,8 @@ public:
 
     /// The source of the running drag; null if there is none, or if it has died.
     static BVDragSource *running();
+    /// What it drags, without a target.
+    static DragDropInfo runningInfo();
 
     QTreeView *view() const;
     /// Those of the running drag, as far as they still exist.

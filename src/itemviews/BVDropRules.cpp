@@ -79,13 +79,14 @@ int BVDropRules::dropRow(const QModelIndex &target, DropIndicatorPosition positi
     }
 }
 
-QModelIndex BVDropRules::dropParent(const QModelIndex &target, DropIndicatorPosition position)
+QModelIndex BVDropRules::dropParent(const QModelIndex &target, DropIndicatorPosition position,
+                                    const QModelIndex &root)
 {
     switch (position) {
     case DropIndicatorPosition::OnItem:
         return target.sibling(target.row(), 0);
     case DropIndicatorPosition::OnViewport:
-        return QModelIndex();
+        return root;
     default:
         return target.parent();
     }

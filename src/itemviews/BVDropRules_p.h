@@ -20,7 +20,8 @@ DropIndicatorPosition advancedDropIndicatorPosition(const QPoint &pos, const QRe
 
 /// As DragDropInfo has it.
 int dropRow(const QModelIndex &target, DropIndicatorPosition position);
-QModelIndex dropParent(const QModelIndex &target, DropIndicatorPosition position);
+QModelIndex dropParent(const QModelIndex &target, DropIndicatorPosition position,
+                       const QModelIndex &root);
 
 /// Whether a position is in the band that the hint covers.
 bool isInHintBand(const QPoint &pos, int viewportHeight);

@@ -15,6 +15,7 @@ BVDropTarget::~BVDropTarget() = default;
 void BVDropTarget::describe(DragDropInfo *info) const
 {
     info->dropIndex = m_dropIndex;
+    info->dropRoot = m_view ? m_view->rootIndex() : QModelIndex();
     info->dropRect = m_dropRect;
     info->position = m_position;
     info->action = m_action;

@@ -10,5 +10,5 @@ int DragDropInfo::dropRow() const
 
 QModelIndex DragDropInfo::dropParent() const
 {
-    return BVDropRules::dropParent(dropIndex, position);
+    return BVDropRules::dropParent(dropIndex, position, dropRoot);
 }

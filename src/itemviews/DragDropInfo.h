@@ -29,6 +29,7 @@ struct BVWIDGETS_EXPORT DragDropInfo
     QPointer<QTreeView> source;      // where the rows come from; null for a foreign drag
     QModelIndexList draggedIndexes;  // as their owner has noted them; of the source's model
     QPersistentModelIndex dropIndex; // the target; invalid on the viewport
+    QPersistentModelIndex dropRoot;  // the root of the view
     QRect dropRect;                  // of the target, in the viewport
     DropIndicatorPosition position = DropIndicatorPosition::OnViewport;
     Qt::DropAction action = Qt::IgnoreAction; // the proposed one
@@ -36,6 +37,6 @@ struct BVWIDGETS_EXPORT DragDropInfo
     /// The row below dropParent() before which dropped rows are to be inserted; -1 for the end.
     int dropRow() const;
     /// The row that takes the dropped rows as its children: the target itself or its parent.
-    /// Invalid for the top level.
+    /// Invalid for the top level of a model.
     QModelIndex dropParent() const;
 };

@@ -177,6 +177,8 @@ void tst_TreeDragWindow::moves()
 void tst_TreeDragWindow::escape()
 {
     DragTree *tree = m_trees[1];
+    tree->m_manager->setUsePreview(true);
+    tree->m_manager->setUseMoveVisualizationLine(true);
     QWidget *viewport = tree->m_view->viewport();
     const auto mark = [viewport] { return viewport->grab().toImage(); };
     QVERIFY(XdoTool::movePointer(m_window.get(), QPoint(2, 2)));
@@ -211,9 +213,7 @@ void tst_TreeDragWindow::viewDies()
         return !m_trees[1]->m_manager->getDropIndex().isValid();
     }));
     QCOMPARE(rows(), QString("a,b,c(d),e | p,q,r"));
-    QVERIFY(XdoTool::click(m_trees[1]->m_view->viewport())); // the pointer works as before
-    m_trees[1]->select("p");
-    QVERIFY(XdoTool::clickAt(m_trees[1]->m_view->viewport(), m_trees[1]->at("q")));
+    QVERIFY(XdoTool::clickAt(m_trees[1]->m_view->viewport(), m_trees[1]->at("q"))); // the pointer works as before
     QTRY_VERIFY(m_trees[1]->m_view->selectionModel()->isSelected(m_trees[1]->cell("q")));
 }
 
