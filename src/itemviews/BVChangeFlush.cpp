@@ -42,8 +42,6 @@ bool isRising(const std::vector<int> &rows)
 
 bool BVChangeFlush::tell(const BVPendingGroup &group) const
 {
-    if (!m_model->isShown() && !m_model->isHeard())
-        return true;
     const BVModelWatch watch(m_model, m_model->m_rootItem.get());
     Rows untold = byRow(itemsOf(group), group);
     Items items = untold.items;

@@ -91,17 +91,21 @@ BVCheckCounters::Kind BVCheckCounters::kindOf(const QVariant *counts, const QVar
 {
     if (counts && counts->isValid() && !counts->toBool())
         return NotCounted;
-    if (!state || !state->isValid())
-        return Missing;
-    // Nearly all are integers, which need no conversion.
-    bool isNumber = state->userType() == QMetaType::Int;
-    const int number =
-        isNumber ? *static_cast<const int *>(state->constData()) : state->toInt(&isNumber);
-    if (!isNumber)
-        return Mixed;
-    if (number == Qt::Unchecked)
-        return Unchecked;
-    return number == Qt::Checked ? Checked : Mixed;
+    return state ? State(*state).kind : Missing;
+}
+
+/// Nearly all are integers, which need no conversion.
+BVCheckCounters::State::State(const QVariant &value)
+    : isInt(value.userType() == QMetaType::Int)
+{
+    bool isNumber = isInt;
+    number = isInt ? *static_cast<const int *>(value.constData()) : value.toInt(&isNumber);
+    if (!value.isValid())
+        kind = Missing;
+    else if (isNumber && number == Qt::Unchecked)
+        kind = Unchecked;
+    else if (isNumber && number == Qt::Checked)
+        kind = Checked;
 }
 
 bool BVCheckCounters::isReliable(const BVTreeViewItem &item, int column)
@@ -114,6 +118,8 @@ BVCheckCounters::Column *BVCheckCounters::find(const BVTreeViewItem &item, int c
     if (!item.m_branch || !item.m_branch->checkCounters)
         return nullptr;
     auto &columns = item.m_branch->checkCounters->m_columns;
+    if (!columns.empty() && columns.front().column == column)
+        return &columns.front(); // mostly the only one
     const auto found = std::find_if(columns.begin(), columns.end(),
                                     [&](const Column &c) { return c.column == column; });
     return found == columns.end() ? nullptr : &*found;
@@ -184,15 +190,14 @@ BVCheckCounters::Stored::Stored(const BVTreeViewItem &item, int column)
     }
 }
 
-void BVCheckCounters::recount(const BVTreeViewItem *parent, int column, const Stored &before,
-                              const QVariant &after)
+void BVCheckCounters::recount(const BVTreeViewItem *parent, int column, const QVariant *counts,
+                              Kind before, Kind after)
 {
     Column *counters = parent ? find(*parent, column) : nullptr;
-    const Kind kind = counters ? kindOf(before.counts, before.state) : NotCounted;
-    if (kind == NotCounted)
+    if (!counters || (counts && counts->isValid() && !counts->toBool()))
         return;
-    --counters->counts[kind];
-    ++counters->counts[kindOf(nullptr, &after)];
+    --counters->counts[before];
+    ++counters->counts[after];
 }
 
 void BVCheckCounters::join(BVTreeViewItem *parent, const BVItemSpan &children)

@@ -52,10 +52,19 @@ public:
         const QVariant *counts = nullptr; // of CountsForParentCheckRole; null where there is none
         const QVariant *state = nullptr;
     };
-    /// Counts a child that is about to store another state. Nothing above the parent may have
-    /// counters. The parent may be null.
-    static void recount(const BVTreeViewItem *parent, int column, const Stored &before,
-                        const QVariant &after);
+    /// A check state, read once.
+    struct State
+    {
+        explicit State(const QVariant &value);
+
+        bool isInt;
+        int number; // 0 if it is none
+        Kind kind = Mixed;
+    };
+    /// Counts a child that is about to store another state, by what tells whether it counts at all.
+    /// Nothing above the parent may have counters. The parent may be null.
+    static void recount(const BVTreeViewItem *parent, int column, const QVariant *counts,
+                        Kind before, Kind after);
 
     /// Report children that are about to join the item's others or to leave them.
     static void join(BVTreeViewItem *parent, const BVItemSpan &children);

@@ -89,7 +89,12 @@ std::vector<BVPendingGroup> BVPendingChanges::take()
         dropRepeated(entry.group.items);
         groups.push_back(std::move(entry.group));
     }
+    clear();
+    return groups;
+}
+
+void BVPendingChanges::clear()
+{
     m_groups.clear();
     m_indexes.clear();
-    return groups;
 }

@@ -24,6 +24,7 @@ class BVPendingChanges
 public:
     bool isEmpty() const { return m_groups.empty(); }
     void add(int column, qint64 parent, qint64 item, const QVector<int> &roles);
+    void clear();
     /// Hands over all groups, in the order of their first changes.
     std::vector<BVPendingGroup> take();
 

@@ -60,9 +60,12 @@ bool isSame(int role, const QVariant &a, const QVariant &b)
 /// whatever that calls may delete the item or give it other flags.
 struct BVTreeViewItem::PushDown
 {
-    explicit PushDown(BVTreeViewItem *pushing)
+    PushDown(BVTreeViewItem *pushing, int toColumn, const QVariant &toWrite)
         : item(pushing)
         , outer(s_pushDowns)
+        , column(toColumn)
+        , value(toWrite)
+        , after(toWrite)
     {
         s_pushDowns = this;
     }
@@ -70,25 +73,29 @@ struct BVTreeViewItem::PushDown
     PushDown(const PushDown &) = delete;
     PushDown &operator=(const PushDown &) = delete;
 
-    void write(BVTreeViewItem *child, int column, const QVariant &value)
+    void write(BVTreeViewItem *child)
     {
-        if (writeStored(child, column, value) || !child->hasCheckState(column))
+        if (writeStored(child) || !child->hasCheckState(column))
             return;
         dropFlag();
         child->setData(column, Qt::CheckStateRole, value);
         restoreFlag();
     }
     /// The short way where a write can do no more than to store the state. False if it may.
-    bool writeStored(BVTreeViewItem *child, int column, const QVariant &value)
+    bool writeStored(BVTreeViewItem *child)
     {
         if (!child->isPlain() || (child->m_flags & Qt::ItemIsAutoTristate) ||
             child->isPushingDown())
             return false;
         const BVCheckCounters::Stored stored(*child, column);
         auto *state = const_cast<QVariant *>(stored.state);
-        if (!state || !state->isValid() || isSame(Qt::CheckStateRole, *state, value))
+        if (!state || !state->isValid())
             return true;
-        BVCheckCounters::recount(child->m_parent, column, stored, value);
+        const BVCheckCounters::State before(*state);
+        if (before.isInt && after.isInt ? before.number == after.number
+                                        : isSame(Qt::CheckStateRole, *state, value))
+            return true;
+        BVCheckCounters::recount(child->m_parent, column, stored.counts, before.kind, after.kind);
         *state = value;
         if (child->m_model) {
             dropFlag();
@@ -111,6 +118,9 @@ struct BVTreeViewItem::PushDown
 
     BVTreeViewItem *item; // null when it is gone
     PushDown *outer;
+    const int column;
+    const QVariant value;
+    const BVCheckCounters::State after;
     bool holdsFlag = false; // the item's ItemIsAutoTristate is to be set again
 };
 
@@ -392,13 +402,13 @@ bool BVTreeViewItem::pushDownCheckState(int column, const QVariant &value)
 {
     const BVModelWatch watch(m_model, this);
     BVTreeViewModel *const model = m_model;
-    PushDown running(this);
+    PushDown running(this, column, value);
     BVCheckCounters::forget(m_parent); // while a child is written the state is what is stored
     if (model)
         model->activateBulkItemChanged(true);
     // By index: a slot may insert, take or delete rows, this one included.
     for (int i = 0; running.item && i < m_childCount; ++i)
-        running.write(m_branch->children.at(i), column, value);
+        running.write(m_branch->children.at(i));
     if (watch.isModelAlive())
         model->activateBulkItemChanged(false);
     return running.item != nullptr;
@@ -407,25 +417,25 @@ bool BVTreeViewItem::pushDownCheckState(int column, const QVariant &value)
 void BVTreeViewItem::notify(int column, int role)
 {
     static const QVector<int> s_textRoles{Qt::DisplayRole, Qt::EditRole};
-    static const QVector<int> s_checkRoles{Qt::CheckStateRole};
     if (!m_model)
         return;
-    if (storedRole(role) == Qt::DisplayRole) {
+    if (role == Qt::CheckStateRole)
+        notifyCheckState(column);
+    else if (storedRole(role) == Qt::DisplayRole)
         m_model->notify(this, column, s_textRoles);
-        return;
-    }
-    if (role != Qt::CheckStateRole) {
+    else
         m_model->notify(this, column, {role});
-        return;
-    }
-    // Each step may run slots that change the tree.
+}
+
+/// Each step may run slots that change the tree.
+void BVTreeViewItem::notifyCheckState(int column)
+{
+    static const QVector<int> s_roles{Qt::CheckStateRole};
     BVTreeViewItem *item = this;
-    bool goesOn = true;
-    while (goesOn) {
-        if (!item->m_model->notify(item, column, s_checkRoles))
-            return;
+    while (item->m_model->notify(item, column, s_roles)) {
         item = item->m_parent;
-        goesOn = item && (item->m_flags & Qt::ItemIsAutoTristate);
+        if (!item || !(item->m_flags & Qt::ItemIsAutoTristate))
+            return;
     }
 }
 

@@ -155,6 +155,7 @@ private:
     bool change(int column, int role, QVariant &&value);
     void announce(int column, int role);
     void notify(int column, int role);
+    void notifyCheckState(int column);
     void releaseFlags();
     void changeFlags(Qt::ItemFlags flags);
     void setEnabledFlag(bool enabled);

@@ -298,6 +298,10 @@ bool BVTreeViewModel::flushPendingChanges()
         return true;
     if (m_delayTimer)
         m_delayTimer->stop();
+    if (!isShown() && !isHeard()) {
+        m_pendingChanges->clear();
+        return true;
+    }
     const std::vector<BVPendingGroup> groups = m_pendingChanges->take();
     return std::all_of(groups.cbegin(), groups.cend(), [this](const BVPendingGroup &group) {
         return BVChangeFlush(this).tell(group); // last when it has deleted this
