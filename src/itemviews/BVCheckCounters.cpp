@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVCheckCounters_p.h"
 
+#include "itemviews/BVItemBranch_p.h"
+#include "itemviews/BVItemSpan_p.h"
+#include "itemviews/BVItemValues_p.h"
 #include "itemviews/BVTreeViewItem.h"
 #include "itemviews/BVTreeViewModel.h"
 
 #include <algorithm>
 #include <functional>
-#include <typeinfo>
 
 namespace {
 
@@ -71,12 +73,17 @@ QVariant BVCheckCounters::walk(const BVTreeViewItem &item, int column)
 
 BVCheckCounters::Kind BVCheckCounters::kindOf(const BVTreeViewItem &item, int column)
 {
-    if (typeid(item) == typeid(BVTreeViewItem) && !item.derivesCheckState())
-        return kindOf(item.find(column, BVTreeViewModel::CountsForParentCheckRole),
-                      item.find(column, Qt::CheckStateRole));
+    if (item.isPlain() && !item.derivesCheckState())
+        return storedKind(item, column);
     const QVariant counts = item.data(column, BVTreeViewModel::CountsForParentCheckRole);
     const QVariant state = item.data(column, Qt::CheckStateRole);
     return kindOf(&counts, &state);
+}
+
+BVCheckCounters::Kind BVCheckCounters::storedKind(const BVTreeViewItem &item, int column)
+{
+    const Stored stored(item, column);
+    return kindOf(stored.counts, stored.state);
 }
 
 /// From the values of both roles, null where there is none.
@@ -84,30 +91,35 @@ BVCheckCounters::Kind BVCheckCounters::kindOf(const QVariant *counts, const QVar
 {
     if (counts && counts->isValid() && !counts->toBool())
         return NotCounted;
-    if (!state || !state->isValid())
-        return Missing;
-    // Nearly all are integers, which need no conversion.
-    bool isNumber = state->userType() == QMetaType::Int;
-    const int number =
-        isNumber ? *static_cast<const int *>(state->constData()) : state->toInt(&isNumber);
-    if (!isNumber)
-        return Mixed;
-    if (number == Qt::Unchecked)
-        return Unchecked;
-    return number == Qt::Checked ? Checked : Mixed;
+    return state ? State(*state).kind : Missing;
+}
+
+/// Nearly all are integers, which need no conversion.
+BVCheckCounters::State::State(const QVariant &value)
+    : isInt(value.userType() == QMetaType::Int)
+{
+    bool isNumber = isInt;
+    number = isInt ? *static_cast<const int *>(value.constData()) : value.toInt(&isNumber);
+    if (!value.isValid())
+        kind = Missing;
+    else if (isNumber && number == Qt::Unchecked)
+        kind = Unchecked;
+    else if (isNumber && number == Qt::Checked)
+        kind = Checked;
 }
 
 bool BVCheckCounters::isReliable(const BVTreeViewItem &item, int column)
 {
-    return typeid(item) == typeid(BVTreeViewItem) &&
-           (!item.derivesCheckState() || countersOf(item, column));
+    return item.isPlain() && (!item.derivesCheckState() || countersOf(item, column));
 }
 
 BVCheckCounters::Column *BVCheckCounters::find(const BVTreeViewItem &item, int column)
 {
-    if (!item.m_checkCounters)
+    if (!item.m_branch || !item.m_branch->checkCounters)
         return nullptr;
-    auto &columns = item.m_checkCounters->m_columns;
+    auto &columns = item.m_branch->checkCounters->m_columns;
+    if (!columns.empty() && columns.front().column == column)
+        return &columns.front(); // mostly the only one
     const auto found = std::find_if(columns.begin(), columns.end(),
                                     [&](const Column &c) { return c.column == column; });
     return found == columns.end() ? nullptr : &*found;
@@ -123,12 +135,16 @@ BVCheckCounters::Column *BVCheckCounters::countersOf(const BVTreeViewItem &item,
     for (const BVTreeViewItem *child : item.children()) {
         if (!isReliable(*child, column))
             return nullptr;
-        ++counters.counts[kindOf(*child, column)];
+        ++counters.counts[child->derivesCheckState() ? kindOf(*child, column)
+                                                     : storedKind(*child, column)];
     }
-    if (!item.m_checkCounters)
-        item.m_checkCounters = std::make_unique<BVCheckCounters>();
-    item.m_checkCounters->m_columns.push_back(counters);
-    return &item.m_checkCounters->m_columns.back();
+    if (item.m_childCount == 0)
+        return nullptr;
+    auto &made = item.m_branch->checkCounters;
+    if (!made)
+        made = std::make_unique<BVCheckCounters>();
+    made->m_columns.push_back(counters);
+    return &made->m_columns.back();
 }
 
 BVCheckCounters::Change::Change(BVTreeViewItem *item, int column)
@@ -161,28 +177,52 @@ BVCheckCounters::Change::~Change()
     apply(parent, m_column, difference);
 }
 
-void BVCheckCounters::join(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children)
+BVCheckCounters::Stored::Stored(const BVTreeViewItem &item, int column)
 {
-    if (parent->m_children.isEmpty())
+    if (!item.m_values)
+        return;
+    for (auto *value = item.m_values->columnBegin(column);
+         value != item.m_values->end() && value->column == column; ++value) {
+        if (value->role == BVTreeViewModel::CountsForParentCheckRole)
+            counts = &value->value;
+        else if (value->role == Qt::CheckStateRole)
+            state = &value->value;
+    }
+}
+
+void BVCheckCounters::recount(const BVTreeViewItem *parent, int column, const QVariant *counts,
+                              Kind before, Kind after)
+{
+    Column *counters = parent ? find(*parent, column) : nullptr;
+    if (!counters || (counts && counts->isValid() && !counts->toBool()))
+        return;
+    --counters->counts[before];
+    ++counters->counts[after];
+}
+
+void BVCheckCounters::join(BVTreeViewItem *parent, const BVItemSpan &children)
+{
+    if (parent->m_childCount == 0)
         forget(parent); // it begins to derive its state
     else
         add(parent, children, 1);
 }
 
-void BVCheckCounters::leave(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children)
+void BVCheckCounters::leave(BVTreeViewItem *parent, const BVItemSpan &children)
 {
-    if (parent->m_children.size() == children.size())
+    if (parent->m_childCount == children.size())
         forget(parent);
     else
         add(parent, children, -1);
 }
 
-void BVCheckCounters::add(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children,
-                          int sign)
+void BVCheckCounters::add(BVTreeViewItem *parent, const BVItemSpan &children, int sign)
 {
-    for (size_t i = 0; parent->m_checkCounters && i < parent->m_checkCounters->m_columns.size();
-         ++i) {
-        const int column = parent->m_checkCounters->m_columns[i].column;
+    if (!parent->m_branch)
+        return;
+    const auto &counters = parent->m_branch->checkCounters; // may be forgotten on the way
+    for (size_t i = 0; counters && i < counters->m_columns.size(); ++i) {
+        const int column = counters->m_columns[i].column;
         Counts difference{};
         for (const BVTreeViewItem *child : children) {
             if (!isReliable(*child, column)) {
@@ -220,7 +260,9 @@ void BVCheckCounters::forget(const BVTreeViewItem *item)
 {
     if (!item)
         return;
-    item->m_checkCounters.reset();
-    for (item = item->m_parent; item && item->m_checkCounters; item = item->m_parent)
-        item->m_checkCounters.reset();
+    if (item->m_branch)
+        item->m_branch->checkCounters.reset();
+    const auto isCounted = [&] { return item->m_branch && item->m_branch->checkCounters; };
+    for (item = item->m_parent; item && isCounted(); item = item->m_parent)
+        item->m_branch->checkCounters.reset();
 }

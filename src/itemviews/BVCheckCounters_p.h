@@ -2,11 +2,11 @@
 #pragma once
 
 #include <QVariant>
-#include <QVector>
 
 #include <array>
 #include <vector>
 
+class BVItemSpan;
 class BVTreeViewItem;
 
 /// How many children of an item have which check state, by column.
@@ -44,9 +44,31 @@ public:
         quint64 m_serial = 0; // of the counters that hold m_before; 0 if there are none
     };
 
+    /// What an item of the class itself, which does not derive its state, contributes.
+    struct Stored
+    {
+        Stored(const BVTreeViewItem &item, int column);
+
+        const QVariant *counts = nullptr; // of CountsForParentCheckRole; null where there is none
+        const QVariant *state = nullptr;
+    };
+    /// A check state, read once.
+    struct State
+    {
+        explicit State(const QVariant &value);
+
+        bool isInt;
+        int number; // 0 if it is none
+        Kind kind = Mixed;
+    };
+    /// Counts a child that is about to store another state, by what tells whether it counts at all.
+    /// Nothing above the parent may have counters. The parent may be null.
+    static void recount(const BVTreeViewItem *parent, int column, const QVariant *counts,
+                        Kind before, Kind after);
+
     /// Report children that are about to join the item's others or to leave them.
-    static void join(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children);
-    static void leave(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children);
+    static void join(BVTreeViewItem *parent, const BVItemSpan &children);
+    static void leave(BVTreeViewItem *parent, const BVItemSpan &children);
 
     /// Forgets what was counted for the item's children and for all above it.
     static void forget(const BVTreeViewItem *item);
@@ -62,13 +84,14 @@ private:
     };
 
     static Kind kindOf(const BVTreeViewItem &item, int column);
+    static Kind storedKind(const BVTreeViewItem &item, int column);
     static Kind kindOf(const QVariant *counts, const QVariant *state);
     static bool isReliable(const BVTreeViewItem &item, int column);
     static Column *find(const BVTreeViewItem &item, int column);
     static Column *countersOf(const BVTreeViewItem &item, int column);
     static bool isMixed(const Counts &counts);
     static bool dependsOnOrder(const Counts &counts);
-    static void add(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children, int sign);
+    static void add(BVTreeViewItem *parent, const BVItemSpan &children, int sign);
     static void apply(BVTreeViewItem *parent, int column, const Counts &difference);
     static QVariant walk(const BVTreeViewItem &item, int column);
 

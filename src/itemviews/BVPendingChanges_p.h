@@ -12,7 +12,7 @@ struct BVPendingGroup
 {
     int column;
     qint64 parent;
-    std::vector<qint64> items; // may repeat
+    std::vector<qint64> items; // once taken, each once and rising
     QVector<int> roles;        // each once, as they first came
 };
 
@@ -24,6 +24,7 @@ class BVPendingChanges
 public:
     bool isEmpty() const { return m_groups.empty(); }
     void add(int column, qint64 parent, qint64 item, const QVector<int> &roles);
+    void clear();
     /// Hands over all groups, in the order of their first changes.
     std::vector<BVPendingGroup> take();
 
@@ -31,9 +32,11 @@ private:
     struct Entry
     {
         BVPendingGroup group;
-        size_t limit; // of the items, before repeated ones are dropped
+        size_t limit;           // of the items, before repeated ones are dropped
+        QVector<int> lastRoles; // to know them again when the next change comes with them
     };
 
+    static void addRoles(Entry &pending, const QVector<int> &roles);
     Entry &entry(int column, qint64 parent);
 
     std::vector<Entry> m_groups;

@@ -1,17 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVTreeViewItem.h"
 
+#include "itemviews/BVBlockPool_p.h"
 #include "itemviews/BVCheckCounters_p.h"
+#include "itemviews/BVItemBranch_p.h"
+#include "itemviews/BVItemSpan_p.h"
+#include "itemviews/BVItemValues_p.h"
+#include "itemviews/BVModelWatch_p.h"
+#include "itemviews/BVTreeSort_p.h"
+#include "itemviews/BVTreeStructure_p.h"
 #include "itemviews/BVTreeViewModel.h"
 
 #include <QIcon>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-constexpr int s_nearRows = 16;      // rows around the hint that are worth a look
-constexpr size_t s_firstValues = 3; // room made for the first value
+constexpr int s_nearRows = 16; // rows around the hint that are worth a look
+
+BVBlockPool s_items(sizeof(BVTreeViewItem));
 
 bool isIntegral(const QVariant &value)
 {
@@ -51,9 +60,12 @@ bool isSame(int role, const QVariant &a, const QVariant &b)
 /// whatever that calls may delete the item or give it other flags.
 struct BVTreeViewItem::PushDown
 {
-    explicit PushDown(BVTreeViewItem *pushing)
+    PushDown(BVTreeViewItem *pushing, int toColumn, const QVariant &toWrite)
         : item(pushing)
         , outer(s_pushDowns)
+        , column(toColumn)
+        , value(toWrite)
+        , after(toWrite)
     {
         s_pushDowns = this;
     }
@@ -61,11 +73,44 @@ struct BVTreeViewItem::PushDown
     PushDown(const PushDown &) = delete;
     PushDown &operator=(const PushDown &) = delete;
 
-    void write(BVTreeViewItem *child, int column, const QVariant &value)
+    void write(BVTreeViewItem *child)
+    {
+        if (writeStored(child) || !child->hasCheckState(column))
+            return;
+        dropFlag();
+        child->setData(column, Qt::CheckStateRole, value);
+        restoreFlag();
+    }
+    /// The short way where a write can do no more than to store the state. False if it may.
+    bool writeStored(BVTreeViewItem *child)
+    {
+        if (!child->isPlain() || (child->m_flags & Qt::ItemIsAutoTristate) ||
+            child->isPushingDown())
+            return false;
+        const BVCheckCounters::Stored stored(*child, column);
+        auto *state = const_cast<QVariant *>(stored.state);
+        if (!state || !state->isValid())
+            return true;
+        const BVCheckCounters::State before(*state);
+        if (before.isInt && after.isInt ? before.number == after.number
+                                        : isSame(Qt::CheckStateRole, *state, value))
+            return true;
+        BVCheckCounters::recount(child->m_parent, column, stored.counts, before.kind, after.kind);
+        *state = value;
+        if (child->m_model) {
+            dropFlag();
+            child->announce(column, Qt::CheckStateRole);
+            restoreFlag();
+        }
+        return true;
+    }
+    void dropFlag()
     {
         holdsFlag = item->m_flags & Qt::ItemIsAutoTristate;
         item->m_flags &= ~Qt::ItemIsAutoTristate;
-        child->setData(column, Qt::CheckStateRole, value);
+    }
+    void restoreFlag()
+    {
         if (item && holdsFlag)
             item->m_flags |= Qt::ItemIsAutoTristate;
         holdsFlag = false;
@@ -73,11 +118,32 @@ struct BVTreeViewItem::PushDown
 
     BVTreeViewItem *item; // null when it is gone
     PushDown *outer;
+    const int column;
+    const QVariant value;
+    const BVCheckCounters::State after;
     bool holdsFlag = false; // the item's ItemIsAutoTristate is to be set again
 };
 
 qint64 BVTreeViewItem::s_nextId = 1;
 BVTreeViewItem::PushDown *BVTreeViewItem::s_pushDowns = nullptr;
+
+void BVTreeViewItem::ValuesDeleter::operator()(BVItemValues *values) const
+{
+    BVItemValues::destroy(values);
+}
+
+void *BVTreeViewItem::operator new(size_t size)
+{
+    return size == sizeof(BVTreeViewItem) ? s_items.take() : ::operator new(size);
+}
+
+void BVTreeViewItem::operator delete(void *item, size_t size)
+{
+    if (size == sizeof(BVTreeViewItem))
+        s_items.give(item);
+    else
+        ::operator delete(item);
+}
 
 BVTreeViewItem::BVTreeViewItem()
     : m_id(s_nextId++)
@@ -94,14 +160,15 @@ BVTreeViewItem::BVTreeViewItem(const QVector<QVector<ItemData>> &values, BVTreeV
     : BVTreeViewItem()
 {
     m_columnCount = qMin(values.size(), s_maximumColumns);
-    size_t count = 0;
+    int count = 0;
     for (const QVector<ItemData> &column : values)
-        count += size_t(column.size());
-    m_values.reserve(count);
+        count += column.size();
+    if (count > 0)
+        m_values.reset(BVItemValues::make(count));
     for (int column = 0; column < m_columnCount; ++column) {
         for (const ItemData &data : values[column]) {
             if (!find(column, storedRole(data.role)))
-                m_values.push_back({column, storedRole(data.role), data.value});
+                m_values->insert(column, storedRole(data.role), QVariant(data.value));
         }
     }
     appendTo(parent);
@@ -119,7 +186,7 @@ void BVTreeViewItem::appendTo(BVTreeViewItem *parent)
 BVTreeViewItem::BVTreeViewItem(const BVTreeViewItem &other)
     : m_flags(other.m_flags)
     , m_id(s_nextId++)
-    , m_values(other.m_values)
+    , m_values(copyOf(other.m_values.get()))
     , m_columnCount(other.m_columnCount)
 {
 }
@@ -128,7 +195,7 @@ BVTreeViewItem &BVTreeViewItem::operator=(const BVTreeViewItem &other)
 {
     if (this == &other)
         return *this;
-    std::vector<Value> values = other.m_values;
+    std::unique_ptr<BVItemValues, ValuesDeleter> values(copyOf(other.m_values.get()));
     const Qt::ItemFlags flags = other.m_flags;
     const int columnCount = other.m_columnCount;
     if (isHeader() && !setModelColumns(columnCount))
@@ -155,7 +222,7 @@ BVTreeViewItem::~BVTreeViewItem()
     // Nothing pending is told now: slots must not meet an item that is half gone.
     if (BVTreeViewItem *parent = holder()) {
         if (m_model)
-            m_model->takeRows(parent, row(), 1);
+            BVTreeStructure(m_model).takeRows(parent, row(), 1);
         else
             parent->release(row(), 1);
     }
@@ -167,18 +234,19 @@ BVTreeViewItem::~BVTreeViewItem()
 void BVTreeViewItem::deleteChildren()
 {
     thread_local std::vector<BVTreeViewItem *> *s_doomed = nullptr;
-    if (m_children.isEmpty())
+    if (m_childCount == 0)
         return;
     std::vector<BVTreeViewItem *> doomed;
     const bool isOutermost = !s_doomed;
     if (isOutermost)
         s_doomed = &doomed;
-    for (auto child = m_children.crbegin(); child != m_children.crend(); ++child) {
+    const QVector<BVTreeViewItem *> children = std::exchange(m_branch->children, {});
+    m_childCount = 0;
+    for (auto child = children.crbegin(); child != children.crend(); ++child) {
         (*child)->m_parent = nullptr;
         (*child)->m_model = nullptr;
         s_doomed->push_back(*child);
     }
-    m_children.clear();
     while (isOutermost && !doomed.empty()) {
         const BVTreeViewItem *item = doomed.back();
         doomed.pop_back();
@@ -190,20 +258,14 @@ void BVTreeViewItem::deleteChildren()
 
 // Values
 
-std::vector<BVTreeViewItem::Value>::const_iterator BVTreeViewItem::columnBegin(int column) const
+BVItemValues *BVTreeViewItem::copyOf(const BVItemValues *values)
 {
-    return std::lower_bound(m_values.begin(), m_values.end(), column,
-                            [](const Value &v, int c) { return v.column < c; });
+    return values ? BVItemValues::copy(*values) : nullptr;
 }
 
 const QVariant *BVTreeViewItem::find(int column, int role) const
 {
-    for (auto value = columnBegin(column); value != m_values.end() && value->column == column;
-         ++value) {
-        if (value->role == role)
-            return &value->value;
-    }
-    return nullptr;
+    return m_values ? m_values->find(column, role) : nullptr;
 }
 
 QVariant BVTreeViewItem::data(int column, int role) const
@@ -214,52 +276,64 @@ QVariant BVTreeViewItem::data(int column, int role) const
     return value ? *value : QVariant();
 }
 
+bool BVTreeViewItem::hasCheckState(int column) const
+{
+    if (!isPlain() || derivesCheckState())
+        return data(column, Qt::CheckStateRole).isValid();
+    const QVariant *state = find(column, Qt::CheckStateRole);
+    return state && state->isValid();
+}
+
 bool BVTreeViewItem::derivesCheckState() const
 {
-    return (m_flags & Qt::ItemIsAutoTristate) && !m_children.isEmpty();
+    return (m_flags & Qt::ItemIsAutoTristate) && m_childCount > 0;
 }
 
 void BVTreeViewItem::setData(int column, int role, const QVariant &value)
+{
+    write(column, role, QVariant(value));
+}
+
+void BVTreeViewItem::write(int column, int role, QVariant &&value)
 {
     if (column < 0 || column >= s_maximumColumns)
         return;
     if (column >= m_columnCount && isHeader() && !setModelColumns(column + 1))
         return;
-    if (change(column, role, value) && m_model)
+    if (change(column, role, std::move(value)) && m_model)
         announce(column, role);
 }
 
 /// False if the model, and this with it, has not outlived the notification.
 bool BVTreeViewItem::setModelColumns(int count)
 {
-    const BVTreeViewModel::Watch watch(m_model, this);
+    const BVModelWatch watch(m_model, this);
     m_model->setColumnCount(count);
     return watch.isModelAlive();
 }
 
 /// False if nothing has changed or the item is gone.
-bool BVTreeViewItem::change(int column, int role, const QVariant &value)
+bool BVTreeViewItem::change(int column, int role, QVariant &&value)
 {
     if (isPushingDown())
         BVCheckCounters::forget(m_parent); // they know the state from before
     BVCheckCounters::Change change(this, column);
-    bool hasPushed = false;
-    if (role == Qt::CheckStateRole && (m_flags & Qt::ItemIsAutoTristate) &&
-        !isSame(role, value, int(Qt::PartiallyChecked))) {
-        const QVariant before = data(column, role);
-        if (!pushDownCheckState(column, value)) {
-            change.abandon();
-            return false;
-        }
-        hasPushed = before != data(column, role);
+    if (role != Qt::CheckStateRole || !(m_flags & Qt::ItemIsAutoTristate) ||
+        isSame(role, value, int(Qt::PartiallyChecked)))
+        return store(column, storedRole(role), std::move(value));
+    const QVariant before = data(column, role);
+    if (!pushDownCheckState(column, value)) {
+        change.abandon();
+        return false;
     }
-    return store(column, storedRole(role), value) || hasPushed;
+    // What the children make of it counts as well as what is stored.
+    return store(column, role, std::move(value)) || before != data(column, role);
 }
 
 void BVTreeViewItem::announce(int column, int role)
 {
     if (m_model->m_itemChangedCallback) {
-        const BVTreeViewModel::Watch watch(m_model, this);
+        const BVModelWatch watch(m_model, this);
         const auto callback = m_model->m_itemChangedCallback; // may be replaced by what it does
         callback(this, role);
         if (!watch.isItemAlive())
@@ -269,49 +343,38 @@ void BVTreeViewItem::announce(int column, int role)
 }
 
 /// Returns whether the value is another one now.
-bool BVTreeViewItem::store(int column, int role, const QVariant &value)
+bool BVTreeViewItem::store(int column, int role, QVariant &&value)
 {
     m_columnCount = qMax(m_columnCount, column + 1);
-    auto position = columnBegin(column);
-    for (; position != m_values.end() && position->column == column; ++position) {
-        if (position->role != role)
-            continue;
-        QVariant &stored = m_values[size_t(position - m_values.begin())].value;
-        if (isSame(role, stored, value))
+    if (auto *stored = const_cast<QVariant *>(find(column, role))) {
+        if (isSame(role, *stored, value))
             return false;
-        stored = value;
+        *stored = std::move(value);
         return true;
     }
-    insertValue(position, {column, role, value});
+    if (!m_values || m_values->isFull())
+        m_values.reset(BVItemValues::enlarge(m_values.release()));
+    m_values->insert(column, role, std::move(value));
     return true;
-}
-
-/// Most items keep the few values that they get when they are made.
-void BVTreeViewItem::insertValue(std::vector<Value>::const_iterator position, Value value)
-{
-    const auto index = position - m_values.cbegin();
-    if (m_values.size() == m_values.capacity())
-        m_values.reserve(qMax(s_firstValues, m_values.size() + m_values.size() / 2));
-    m_values.insert(m_values.begin() + index, std::move(value));
 }
 
 /// Makes room for @p count columns in front of @p column.
 void BVTreeViewItem::shiftColumns(int column, int count)
 {
-    m_checkCounters.reset();
+    if (m_branch)
+        m_branch->checkCounters.reset();
     if (column >= m_columnCount)
         return;
-    for (Value &value : m_values) {
-        if (value.column >= column)
-            value.column += count;
-    }
+    if (m_values)
+        m_values->shiftColumns(column, count);
     m_columnCount += count;
 }
 
 /// Drops all columns from @p count on.
 void BVTreeViewItem::cutColumns(int count)
 {
-    m_values.erase(m_values.begin() + (columnBegin(count) - m_values.cbegin()), m_values.end());
+    if (m_values)
+        m_values->cutColumns(count);
     m_columnCount = count;
 }
 
@@ -337,16 +400,15 @@ bool BVTreeViewItem::isPushingDown() const
 /// Sets the children that have a check state. False if the item is gone.
 bool BVTreeViewItem::pushDownCheckState(int column, const QVariant &value)
 {
-    const BVTreeViewModel::Watch watch(m_model, this);
+    const BVModelWatch watch(m_model, this);
     BVTreeViewModel *const model = m_model;
-    PushDown running(this);
+    PushDown running(this, column, value);
+    BVCheckCounters::forget(m_parent); // while a child is written the state is what is stored
     if (model)
         model->activateBulkItemChanged(true);
     // By index: a slot may insert, take or delete rows, this one included.
-    for (int i = 0; running.item && i < m_children.size(); ++i) {
-        if (m_children[i]->data(column, Qt::CheckStateRole).isValid())
-            running.write(m_children[i], column, value);
-    }
+    for (int i = 0; running.item && i < m_childCount; ++i)
+        running.write(m_branch->children.at(i));
     if (watch.isModelAlive())
         model->activateBulkItemChanged(false);
     return running.item != nullptr;
@@ -355,27 +417,25 @@ bool BVTreeViewItem::pushDownCheckState(int column, const QVariant &value)
 void BVTreeViewItem::notify(int column, int role)
 {
     static const QVector<int> s_textRoles{Qt::DisplayRole, Qt::EditRole};
-    static const QVector<int> s_checkRoles{Qt::CheckStateRole};
     if (!m_model)
         return;
-    if (storedRole(role) == Qt::DisplayRole) {
+    if (role == Qt::CheckStateRole)
+        notifyCheckState(column);
+    else if (storedRole(role) == Qt::DisplayRole)
         m_model->notify(this, column, s_textRoles);
-        return;
-    }
-    if (role != Qt::CheckStateRole) {
+    else
         m_model->notify(this, column, {role});
-        return;
-    }
-    // Each step may run slots that change the tree.
+}
+
+/// Each step may run slots that change the tree.
+void BVTreeViewItem::notifyCheckState(int column)
+{
+    static const QVector<int> s_roles{Qt::CheckStateRole};
     BVTreeViewItem *item = this;
-    bool goesOn = true;
-    while (goesOn) {
-        const BVTreeViewModel::Watch watch(item->m_model, item);
-        item->m_model->notify(item, column, s_checkRoles);
-        if (!watch.isItemAlive())
-            return;
+    while (item->m_model->notify(item, column, s_roles)) {
         item = item->m_parent;
-        goesOn = item && (item->m_flags & Qt::ItemIsAutoTristate);
+        if (!item || !(item->m_flags & Qt::ItemIsAutoTristate))
+            return;
     }
 }
 
@@ -413,7 +473,10 @@ QString BVTreeViewItem::text(int column) const
 
 void BVTreeViewItem::setText(int column, const QString &text)
 {
-    setData(column, Qt::DisplayRole, text);
+    if (isPlain())
+        write(column, Qt::DisplayRole, text); // without a copy of the value on the way
+    else
+        setData(column, Qt::DisplayRole, text);
 }
 
 void BVTreeViewItem::setIcon(int column, const QIcon &icon)
@@ -467,7 +530,7 @@ void BVTreeViewItem::setEnabledFlag(bool enabled)
 
 void BVTreeViewItem::setDisabled(bool disabled)
 {
-    const BVTreeViewModel::Watch watch(m_model, this);
+    const BVModelWatch watch(m_model, this);
     setEnabledFlag(!disabled);
     if (watch.isItemAlive())
         m_model->propagateEnabledBelow(this);
@@ -495,26 +558,47 @@ BVTreeViewItem *BVTreeViewItem::holder() const
 
 BVTreeViewItem *BVTreeViewItem::child(int row) const
 {
-    return m_children.value(row);
+    return row >= 0 && row < m_childCount ? m_branch->children.at(row) : nullptr;
+}
+
+const QVector<BVTreeViewItem *> &BVTreeViewItem::children() const
+{
+    static const QVector<BVTreeViewItem *> s_none;
+    return m_branch ? m_branch->children : s_none;
+}
+
+BVTreeViewItem::Branch &BVTreeViewItem::branch()
+{
+    if (!m_branch)
+        m_branch = std::make_unique<Branch>();
+    return *m_branch;
 }
 
 int BVTreeViewItem::row() const
 {
     const BVTreeViewItem *parent = holder();
-    return parent ? parent->indexOfChild(this) : -1;
+    return parent ? parent->rowOf(this) : -1;
 }
 
-/// The hint is right unless rows were inserted or taken in front; then it is off by a few rows, or
-/// all hints are made anew.
 int BVTreeViewItem::indexOfChild(const BVTreeViewItem *child) const
 {
-    if (!child || child->holder() != this)
-        return -1;
-    const int count = m_children.size();
-    const int hint = child->m_row;
-    for (int distance = 0; distance <= s_nearRows; ++distance) {
-        for (const int row : {hint - distance, hint + distance}) {
-            if (row >= 0 && row < count && m_children[row] == child) {
+    return child && child->holder() == this ? rowOf(child) : -1;
+}
+
+/// The row of an item that is known to be a child.
+int BVTreeViewItem::rowOf(const BVTreeViewItem *child) const
+{
+    return m_branch->rowDoubt == 0 ? child->m_row : findRow(child);
+}
+
+/// Once rows were inserted or taken in front, the hint is mostly off by a few rows. Where many rows
+/// are asked for, all hints are made anew, at a cost that does not weigh much among so many.
+int BVTreeViewItem::findRow(const BVTreeViewItem *child) const
+{
+    const bool isAskedOften = ++m_branch->rowDoubt > m_childCount / s_nearRows;
+    for (int distance = 0; distance <= s_nearRows && !isAskedOften; ++distance) {
+        for (const int row : {child->m_row - distance, child->m_row + distance}) {
+            if (row >= 0 && row < m_childCount && m_branch->children.at(row) == child) {
                 child->m_row = row;
                 return row;
             }
@@ -524,46 +608,72 @@ int BVTreeViewItem::indexOfChild(const BVTreeViewItem *child) const
     return child->m_row;
 }
 
+void BVTreeViewItem::doubtRows()
+{
+    m_branch->rowDoubt = qMax(m_branch->rowDoubt, 1);
+}
+
+/// The rows in front of @p from are known to be right if all were.
 void BVTreeViewItem::numberChildren(int from) const
 {
-    for (int row = from; row < m_children.size(); ++row)
-        m_children[row]->m_row = row;
+    for (int row = from; row < m_childCount; ++row)
+        m_branch->children.at(row)->m_row = row;
+    if (from == 0)
+        m_branch->rowDoubt = 0;
 }
 
 void BVTreeViewItem::appendChild(BVTreeViewItem *child)
 {
-    appendChildren({child});
+    if (!m_model || m_model->flushFor(this))
+        insert(m_childCount, BVItemSpan(&child));
 }
 
 void BVTreeViewItem::appendChildren(const QVector<BVTreeViewItem *> &children)
 {
     if (!m_model || m_model->flushFor(this))
-        insertChildren(m_children.size(), children);
+        insertChildren(m_childCount, children);
 }
 
 void BVTreeViewItem::insertChild(int row, BVTreeViewItem *child)
 {
-    insertChildren(row, {child});
+    insert(row, BVItemSpan(&child));
 }
 
 void BVTreeViewItem::insertChildren(int row, const QVector<BVTreeViewItem *> &children)
 {
-    if (row < 0 || row > m_children.size() || isHeader())
-        return;
-    if (m_model)
-        m_model->insertItems(this, row, children);
-    else
-        adopt(row, insertable(children));
+    const QVector<BVTreeViewItem *> kept = children; // whatever slots do
+    insert(row, kept);
 }
 
-QVector<BVTreeViewItem *> BVTreeViewItem::insertable(const QVector<BVTreeViewItem *> &items) const
+void BVTreeViewItem::insert(int row, const BVItemSpan &items)
 {
-    const auto isFree = [this](const BVTreeViewItem *item) {
-        return item && item != this && !item->m_model && !item->m_parent &&
-               (item->m_children.isEmpty() || !inTree(item));
-    };
-    if (items.size() == 1)
-        return isFree(items.front()) ? items : QVector<BVTreeViewItem *>();
+    const auto isPossible = [&] { return row >= 0 && row <= m_childCount && !isHeader(); };
+    if (!isPossible() || (m_model && (!m_model->flushFor(this) || !isPossible())))
+        return;
+    if (items.size() != 1)
+        insertFree(row, insertable(items));
+    else if (isInsertable(items[0]))
+        insertFree(row, items);
+}
+
+void BVTreeViewItem::insertFree(int row, const BVItemSpan &items)
+{
+    if (items.size() == 0)
+        return;
+    if (m_model)
+        BVTreeStructure(m_model).insert(this, row, items);
+    else
+        adopt(row, items);
+}
+
+bool BVTreeViewItem::isInsertable(const BVTreeViewItem *item) const
+{
+    return item && item != this && !item->m_model && !item->m_parent &&
+           (item->m_childCount == 0 || !inTree(item));
+}
+
+QVector<BVTreeViewItem *> BVTreeViewItem::insertable(const BVItemSpan &items) const
+{
     // Free items have no row of their own: the hint can tell where in the list each stands first.
     for (int i = items.size() - 1; i >= 0; --i) {
         if (items[i] && !items[i]->m_model && !items[i]->m_parent)
@@ -572,35 +682,37 @@ QVector<BVTreeViewItem *> BVTreeViewItem::insertable(const QVector<BVTreeViewIte
     QVector<BVTreeViewItem *> result;
     result.reserve(items.size());
     for (int i = 0; i < items.size(); ++i) {
-        if (isFree(items[i]) && items[i]->m_row == i)
+        if (isInsertable(items[i]) && items[i]->m_row == i)
             result.append(items[i]);
     }
     return result;
 }
 
 /// Takes free items into the list, without a word to anyone.
-void BVTreeViewItem::adopt(int row, const QVector<BVTreeViewItem *> &items)
+void BVTreeViewItem::adopt(int row, const BVItemSpan &items)
 {
-    if (items.isEmpty())
-        return;
     if (s_pushDowns)
         BVCheckCounters::forget(this); // it may hold states from before
     else
         BVCheckCounters::join(this, items);
     BVTreeViewItem *parent = isRoot() ? nullptr : this;
-    const bool isLast = row == m_children.size();
+    const bool isLast = row == m_childCount;
+    QVector<BVTreeViewItem *> &children = branch().children;
     if (items.size() == 1) {
-        m_children.insert(row, items.front());
+        children.insert(row, items[0]);
     } else {
-        m_children.insert(row, items.size(), nullptr);
-        std::copy(items.begin(), items.end(), m_children.begin() + row);
+        children.insert(row, items.size(), nullptr);
+        std::copy(items.begin(), items.end(), children.begin() + row);
     }
+    m_childCount = children.size();
     for (int i = 0; i < items.size(); ++i) {
         items[i]->m_parent = parent;
         items[i]->m_row = row + i;
     }
     if (!isLast && items.size() > s_nearRows)
         numberChildren(row + items.size());
+    else if (!isLast)
+        doubtRows();
 }
 
 void BVTreeViewItem::removeChild(BVTreeViewItem *child)
@@ -610,18 +722,18 @@ void BVTreeViewItem::removeChild(BVTreeViewItem *child)
 
 BVTreeViewItem *BVTreeViewItem::takeChild(int row)
 {
-    if (row < 0 || row >= m_children.size())
+    if (row < 0 || row >= m_childCount)
         return nullptr;
     if (m_model)
-        return m_model->takeItem(this, row);
+        return BVTreeStructure(m_model).take(this, row);
     return release(row, 1).front();
 }
 
 QVector<BVTreeViewItem *> BVTreeViewItem::takeChildren()
 {
     if (m_model)
-        return m_model->takeItems(this);
-    return release(0, m_children.size());
+        return BVTreeStructure(m_model).takeAll(this);
+    return release(0, m_childCount);
 }
 
 void BVTreeViewItem::removeChildren()
@@ -633,21 +745,25 @@ void BVTreeViewItem::removeChildren()
 /// Gives items out of the list, without a word to anyone.
 QVector<BVTreeViewItem *> BVTreeViewItem::release(int row, int count)
 {
-    const QVector<BVTreeViewItem *> items = m_children.mid(row, count);
+    const QVector<BVTreeViewItem *> items = children().mid(row, count);
     if (s_pushDowns)
         BVCheckCounters::forget(this);
     else
         BVCheckCounters::leave(this, items);
-    m_children.remove(row, count);
+    if (count > 0)
+        m_branch->children.remove(row, count);
+    m_childCount -= count;
     for (BVTreeViewItem *item : items)
         item->m_parent = nullptr;
     if (count > s_nearRows)
         numberChildren(row);
+    else if (row < m_childCount)
+        doubtRows();
     return items;
 }
 
 void BVTreeViewItem::sortChildren(int column, Qt::SortOrder order)
 {
     if (m_model)
-        m_model->sortItems(this, column, order);
+        BVTreeSort(m_model).sort(this, column, order);
 }

@@ -7,10 +7,12 @@
 
 #include <Qt>
 
+#include <cstddef>
 #include <memory>
-#include <vector>
+#include <typeinfo>
 
-class BVCheckCounters;
+class BVItemSpan;
+class BVItemValues;
 class BVRowTexts;
 class BVTreeViewModel;
 class QIcon;
@@ -55,6 +57,12 @@ public:
     BVTreeViewItem &operator=(const BVTreeViewItem &other);
     virtual ~BVTreeViewItem();
 
+    /// Items of this class itself come from a pool.
+    static void *operator new(size_t size);
+    static void operator delete(void *item, size_t size);
+    static void *operator new(size_t /*size*/, void *place) { return place; }
+    static void operator delete(void * /*item*/, void * /*place*/) {}
+
     virtual QVariant data(int column, int role) const;
     /// Stores a value and tells the model's views, unless it is there already. A column that does
     /// not exist is made; the header item then widens its model.
@@ -70,8 +78,8 @@ public:
     virtual bool isHidden() const;
 
     BVTreeViewItem *child(int row) const;
-    int childCount() const { return m_children.size(); }
-    const QVector<BVTreeViewItem *> &children() const { return m_children; }
+    int childCount() const { return m_childCount; }
+    const QVector<BVTreeViewItem *> &children() const;
     /// The row of a child, or -1.
     int indexOfChild(const BVTreeViewItem *child) const;
     /// The item's row among its siblings; -1 for an item without a place.
@@ -115,58 +123,72 @@ public:
     void sortChildren(int column, Qt::SortOrder order);
 
 private:
+    friend class BVChangeFlush;
     friend class BVCheckCounters;
     friend class BVRowTexts;
+    friend class BVSiblingSort;
+    friend class BVTreeSort;
+    friend class BVTreeStructure;
     friend class BVTreeViewModel;
 
+    struct Branch;
     struct PushDown;
-    struct Value
+    struct ValuesDeleter
     {
-        int column;
-        int role;
-        QVariant value;
+        void operator()(BVItemValues *values) const;
     };
 
     static int storedRole(int role) { return role == Qt::EditRole ? int(Qt::DisplayRole) : role; }
-    std::vector<Value>::const_iterator columnBegin(int column) const;
     const QVariant *find(int column, int role) const;
-    bool store(int column, int role, const QVariant &value);
-    void insertValue(std::vector<Value>::const_iterator position, Value value);
+    void write(int column, int role, QVariant &&value);
+    bool store(int column, int role, QVariant &&value);
+    static BVItemValues *copyOf(const BVItemValues *values);
     void shiftColumns(int column, int count);
     void cutColumns(int count);
+    /// Whether the item is of this class itself, so that nothing is overridden.
+    bool isPlain() const { return typeid(*this) == typeid(BVTreeViewItem); }
     bool isHeader() const;
     bool isRoot() const;
     bool setModelColumns(int count);
+    bool hasCheckState(int column) const;
     bool derivesCheckState() const;
     bool isPushingDown() const;
     bool pushDownCheckState(int column, const QVariant &value);
-    bool change(int column, int role, const QVariant &value);
+    bool change(int column, int role, QVariant &&value);
     void announce(int column, int role);
     void notify(int column, int role);
+    void notifyCheckState(int column);
     void releaseFlags();
     void changeFlags(Qt::ItemFlags flags);
     void setEnabledFlag(bool enabled);
     void appendTo(BVTreeViewItem *parent);
     BVTreeViewItem *holder() const;
-    QVector<BVTreeViewItem *> insertable(const QVector<BVTreeViewItem *> &items) const;
-    void adopt(int row, const QVector<BVTreeViewItem *> &items);
+    void insert(int row, const BVItemSpan &items);
+    void insertFree(int row, const BVItemSpan &items);
+    bool isInsertable(const BVTreeViewItem *item) const;
+    QVector<BVTreeViewItem *> insertable(const BVItemSpan &items) const;
+    void adopt(int row, const BVItemSpan &items);
     QVector<BVTreeViewItem *> release(int row, int count);
+    int rowOf(const BVTreeViewItem *child) const;
+    int findRow(const BVTreeViewItem *child) const;
+    void doubtRows();
     void numberChildren(int from) const;
+    Branch &branch();
     void deleteChildren();
 
     static qint64 s_nextId;
     static PushDown *s_pushDowns; // running ones, innermost first
 
-    // What finding a row needs stands in front, close together.
+    // One line of a processor's cache: rows are many, and reached in any order.
     BVTreeViewItem *m_parent = nullptr;
     BVTreeViewModel *m_model = nullptr;
-    mutable int m_row = 0; // a hint; row() checks it
+    mutable int m_row = 0; // a hint, unless the parent's rows are beyond doubt
     Qt::ItemFlags m_flags = Qt::ItemIsSelectable | Qt::ItemIsUserCheckable | Qt::ItemIsEnabled;
-    QVector<BVTreeViewItem *> m_children; // owned
     qint64 m_id;
-    std::vector<Value> m_values; // by column, in a column as they were first set
-    mutable std::unique_ptr<BVCheckCounters> m_checkCounters; // made when first needed
+    std::unique_ptr<BVItemValues, ValuesDeleter> m_values; // null while there are none
+    std::unique_ptr<Branch> m_branch;                      // null while there were no children
     int m_columnCount = 0;
+    int m_childCount = 0;
 };
 
 Q_DECLARE_METATYPE(BVTreeViewItem *)

@@ -12,8 +12,8 @@
 #include <memory>
 
 class BVItemIdMap;
+class BVModelWatch;
 class BVPendingChanges;
-struct BVPendingGroup;
 class QTimer;
 class QTreeView;
 
@@ -145,65 +145,47 @@ Q_SIGNALS:
     void itemsChanged(QVector<BVTreeViewItem *> items, int column, QVector<int> roles);
 
 protected:
-    /// These keep track of whether somebody listens to itemsChanged(), which costs a list each
-    /// time.
+    /// These keep track of who listens to changes, so that none is described to nobody.
     void connectNotify(const QMetaMethod &signal) override;
     void disconnectNotify(const QMetaMethod &signal) override;
 
 private:
+    friend class BVChangeFlush;
+    friend class BVModelWatch;
+    friend class BVTreeSort;
+    friend class BVTreeStructure;
     friend class BVTreeViewItem;
 
     static constexpr int s_allColumns = -1;
 
-    /// Tells whether an item, and the model itself, have outlived the slots that were called since.
-    class Watch
-    {
-    public:
-        Watch(BVTreeViewModel *model, const BVTreeViewItem *item);
-        ~Watch();
-        Watch(const Watch &) = delete;
-        Watch &operator=(const Watch &) = delete;
-
-        bool isModelAlive() const { return m_model != nullptr; }
-        bool isItemAlive() const;
-
-    private:
-        friend class BVTreeViewModel;
-
-        BVTreeViewModel *m_model; // null when it is gone
-        Watch *m_outer;
-        quint64 m_structure;
-        qint64 m_id;
-    };
-
     BVTreeViewItem *itemOrRoot(const QModelIndex &index) const;
     BVTreeViewItem *itemOfId(qint64 id) const;
     QModelIndex cell(const BVTreeViewItem *item, int column) const;
-    void notify(BVTreeViewItem *item, int column, const QVector<int> &roles);
-    void emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles);
-    void emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles);
-    bool isHeard();
+    bool notify(BVTreeViewItem *item, int column, const QVector<int> &roles);
+    bool emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles);
+    bool emitHeader(int column);
+    bool emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles);
+    bool emitItem(BVTreeViewItem *item, int column, const QVector<int> &roles);
+    void findListeners();
+    bool isShown()
+    {
+        if (m_listenersChanged)
+            findListeners();
+        return m_isShown;
+    }
+    bool isHeard()
+    {
+        if (m_listenersChanged)
+            findListeners();
+        return m_isHeard;
+    }
     bool flushPendingChanges();
     bool flushFor(const BVTreeViewItem *item);
-    void emitGroup(const BVPendingGroup &group);
-    int emitRanges(const QVector<int> &rows, const BVTreeViewItem *parent,
-                   const BVPendingGroup &group);
-    QVector<BVTreeViewItem *> itemsOfIds(const std::vector<qint64> &ids) const;
-    QVector<BVTreeViewItem *> itemsLeft(const QVector<BVTreeViewItem *> &items,
-                                        const std::vector<qint64> &ids) const;
-    QVector<int> rowsOf(const QVector<BVTreeViewItem *> &items, const BVTreeViewItem &parent) const;
     void enterMode(UpdateMode mode);
     void leaveMode(UpdateMode mode);
     void setModes(UpdateMode mode, UpdateMode saved);
     void activateBulkItemChanged(bool on);
 
-    void registerItems(const QVector<BVTreeViewItem *> &items);
-    void unregisterItems(const QVector<BVTreeViewItem *> &items);
-    void insertItems(BVTreeViewItem *parent, int row, const QVector<BVTreeViewItem *> &items);
-    void insertFreeItems(BVTreeViewItem *parent, int row, const QVector<BVTreeViewItem *> &items);
-    BVTreeViewItem *takeItem(BVTreeViewItem *parent, int row);
-    QVector<BVTreeViewItem *> takeItems(BVTreeViewItem *parent);
-    QVector<BVTreeViewItem *> takeRows(BVTreeViewItem *parent, int row, int count);
     void beginInsertItems(BVTreeViewItem *parent, int row, int count);
     void endInsertItems();
     void beginRemoveItems(BVTreeViewItem *parent, int row, int count);
@@ -212,8 +194,6 @@ private:
     void changeColumns(Begin begin, Change change, End end);
     void shiftColumns(int column, int count);
     void deleteRows();
-    void sortLists(BVTreeViewItem *parent, int column, Qt::SortOrder order);
-    void sortItems(BVTreeViewItem *parent, int column, Qt::SortOrder order);
     void propagateEnabledRecursively(BVTreeViewItem *item);
     void propagateEnabledBelow(BVTreeViewItem *item);
 
@@ -229,9 +209,10 @@ private:
     QTimer *m_delayTimer = nullptr; // child of this, in delayed mode
     std::unique_ptr<BVPendingChanges> m_pendingChanges;
     std::unique_ptr<BVItemIdMap> m_itemsById; // the root and all rows
+    bool m_isShown = false;                   // dataChanged() is connected
     bool m_isHeard = false;                   // itemsChanged() is connected
-    bool m_listenersChanged = false;          // since m_isHeard was found out
-    Watch *m_watches = nullptr;               // innermost first
+    bool m_listenersChanged = false;          // since those were found out
+    BVModelWatch *m_watches = nullptr;        // innermost first
     quint64 m_structure = 0;                  // another one after each change of the structure
 };
 

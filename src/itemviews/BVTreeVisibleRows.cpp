@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int s_mostDeferred = 1000; // beyond, all rows are laid out anew
+constexpr int s_mostMeasured = 100;  // rows; to measure more costs more than to lay them out anew
 
 /// The rows of the index and the indexes above it, outermost first.
 QVector<int> pathOf(QModelIndex index)
@@ -66,6 +67,10 @@ bool BVTreeVisibleRows::defers(const QModelIndex &topLeft, const QModelIndex &bo
         return false;
     if (isInClosedBranch(topLeft))
         return true;
+    if (bottomRight.row() - topLeft.row() >= s_mostMeasured) {
+        m_view->scheduleDelayedItemsLayout();
+        return true;
+    }
     if (m_first.isEmpty() || isInSight(topLeft, bottomRight))
         return false;
     if (!m_deferred.isEmpty() && m_deferred.constLast().topLeft == topLeft &&
