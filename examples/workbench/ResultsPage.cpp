@@ -69,13 +69,11 @@ QWidget *ResultsPage::createTools()
     m_filterEdit->setMaximumWidth(textWidth(this, 40));
     auto *cup = new BVPushButton(tr("Load one &cup"), tools);
     auto *longRun = new BVPushButton(tr("Load a &long run"), tools);
-    m_summary->setProperty("hint", true);
     auto *layout = new QHBoxLayout(tools);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_filterEdit, 1);
     layout->addWidget(m_onlyBeyond);
     layout->addStretch();
-    layout->addWidget(m_summary);
     layout->addWidget(cup);
     layout->addWidget(longRun);
     connect(m_filterEdit, &QLineEdit::textChanged, this, &ResultsPage::filter);
@@ -88,16 +86,21 @@ QWidget *ResultsPage::createTools()
 QWidget *ResultsPage::createPasteField()
 {
     auto *field = new QWidget(this);
-    auto *title = new BVLabel(tr("Paste here what you have copied above:"), field);
+    auto *title = new BVLabel(tr("&Paste here what you have copied above:"), field);
     title->setProperty("hint", true);
     title->setBuddy(m_paste);
+    m_summary->setProperty("hint", true);
+    auto *line = new QHBoxLayout;
+    line->addWidget(title);
+    line->addStretch();
+    line->addWidget(m_summary);
     m_paste->setAcceptRichText(false);
     m_paste->setLineWrapMode(QTextEdit::NoWrap);
     m_paste->setMinimumHeight(s_pasteHeight);
     auto *layout = new QVBoxLayout(field);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
-    layout->addWidget(title);
+    layout->addLayout(line);
     layout->addWidget(m_paste);
     setTabStops();
     return field;
