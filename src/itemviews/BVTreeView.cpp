@@ -27,12 +27,37 @@ namespace {
 constexpr int s_spaceRowHeight = 20; // px, of a row of space below the content
 constexpr int s_frameSpace = 2;      // px, without rows of space
 
+/// Has the view tell of the cell under the mouse.
+class CellHover : public BVTreeHover
+{
+public:
+    explicit CellHover(BVTreeView *view)
+        : BVTreeHover(view)
+        , m_view(view)
+    {
+    }
+
+protected:
+    void onEnter(const QModelIndex &index) override
+    {
+        Q_EMIT m_view->sigItemHoverEnter(index, index.column());
+    }
+    void onLeave(const QModelIndex &index) override
+    {
+        Q_EMIT m_view->sigItemHoverLeave(index, index.column());
+    }
+    void onMouseLeft() override { Q_EMIT m_view->sigLeaveEvent(); }
+
+private:
+    BVTreeView *m_view;
+};
+
 } // namespace
 
 BVTreeView::BVTreeView(QWidget *parent)
     : QTreeView(parent)
     , m_editController(std::make_unique<BVTreeEditController>(this))
-    , m_hover(std::make_unique<BVTreeHover>(this))
+    , m_hover(std::make_unique<CellHover>(this))
     , m_contentHeight(std::make_unique<BVTreeContentHeight>(this))
     , m_headerChecks(std::make_unique<BVTreeHeaderChecks>(this))
     , m_visibleRows(std::make_unique<BVTreeVisibleRows>(this))

@@ -176,7 +176,6 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
-    friend class BVTreeContentHeight;
     friend class BVTreeEditController;
     friend class BVTreeGrid;
     friend class BVTreeVisibleRows;
