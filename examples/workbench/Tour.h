@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -24,6 +25,8 @@ public:
     QString report() const;
 
 private:
+    static constexpr QSize s_windowSize = QSize(1040, 780); // px
+
     bool prepare();
     bool openSteel();
     bool chooseInch();
@@ -39,6 +42,11 @@ private:
     bool turnWheel();
     bool beginNewSetup();
     bool useNarrowWindow();
+    bool showResults();
+    bool changeLimit();
+    bool uncheckResults();
+    bool searchResults();
+    bool loadLongRun();
 
     FieldEditor *field(const char *group, const char *key) const;
     BVSlider *slider(const char *key) const;

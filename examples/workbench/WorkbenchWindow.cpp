@@ -3,6 +3,7 @@
 
 #include "Appearance.h"
 #include "PreferencesDialog.h"
+#include "ResultsPage.h"
 #include "SetupFile.h"
 #include "SetupForm.h"
 #include "StatusSummary.h"
@@ -11,6 +12,7 @@
 #include <BVFormatter.h>
 #include <BVLabel.h>
 #include <BVMenu.h>
+#include <BVTabWidget.h>
 #include <BVWidgetsVersion.h>
 #include <SvgIcon.h>
 #include <UnitsChangedEvent.h>
@@ -66,20 +68,16 @@ QString shownUnit(UnitsConfiguration::Dimension dimension)
 WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
     : m_appearance(appearance)
     , m_form(new SetupForm)
+    , m_pages(new BVTabWidget(this))
+    , m_results(new ResultsPage)
 {
     qApp->setProperty(s_mainWindowProperty, QVariant::fromValue<QObject *>(this));
     setWindowIcon(createSvgIcon(QStringLiteral(":/Icons/ruler.svg")));
 
-    auto *area = new QScrollArea(this);
-    area->setWidgetResizable(true);
-    area->setWidget(m_form);
-    auto *centre = new QWidget(this);
-    auto *layout = new QVBoxLayout(centre);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(createHeader());
-    layout->addWidget(area, 1);
-    setCentralWidget(centre);
+    m_pages->setDocumentMode(true);
+    m_pages->addTab(createSetupPage(), tr("Process set-up"));
+    m_pages->addTab(m_results, tr("Results"));
+    setCentralWidget(m_pages);
 
     createActions();
     m_summary = new StatusSummary(m_form, this);
@@ -94,6 +92,20 @@ WorkbenchWindow::~WorkbenchWindow()
     m_form->disconnect(this); // fields that are hidden next may still take a text over
     if (qApp->property(s_mainWindowProperty).value<QObject *>() == this)
         qApp->setProperty(s_mainWindowProperty, QVariant());
+}
+
+QWidget *WorkbenchWindow::createSetupPage()
+{
+    auto *area = new QScrollArea(this);
+    area->setWidgetResizable(true);
+    area->setWidget(m_form);
+    auto *page = new QWidget(this);
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(createHeader());
+    layout->addWidget(area, 1);
+    return page;
 }
 
 QWidget *WorkbenchWindow::createHeader()
@@ -165,7 +177,7 @@ void WorkbenchWindow::createActions()
     connect(write, &QAction::triggered, this, &WorkbenchWindow::save);
     connect(writeAs, &QAction::triggered, this, &WorkbenchWindow::saveAs);
     connect(reset, &QAction::triggered, this, &WorkbenchWindow::resetAll);
-    connect(next, &QAction::triggered, m_form, &SetupForm::focusNextNeedingInput);
+    connect(next, &QAction::triggered, this, &WorkbenchWindow::goToNextFieldNeedingInput);
     connect(preferences, &QAction::triggered, this, &WorkbenchWindow::showPreferences);
     connect(about, &QAction::triggered, this, &WorkbenchWindow::showAbout);
 
@@ -266,8 +278,22 @@ bool WorkbenchWindow::isReadyToSave()
         return true;
     showError(tr("The set-up cannot be saved yet."),
               tr("These fields need input: %1.").arg(fields.join(QStringLiteral(", "))));
-    m_form->focusNextNeedingInput();
+    goToNextFieldNeedingInput();
     return false;
+}
+
+void WorkbenchWindow::showPageOf(QWidget *widget)
+{
+    for (int i = 0; i < m_pages->count(); ++i) {
+        if (m_pages->widget(i) == widget || m_pages->widget(i)->isAncestorOf(widget))
+            m_pages->setCurrentIndex(i);
+    }
+}
+
+void WorkbenchWindow::goToNextFieldNeedingInput()
+{
+    showPageOf(m_form);
+    m_form->focusNextNeedingInput();
 }
 
 bool WorkbenchWindow::saveFile(const QString &path)

@@ -6,12 +6,14 @@
 
 class Appearance;
 class BVLabel;
+class BVTabWidget;
 class QAction;
+class ResultsPage;
 class SetupForm;
 class StatusSummary;
 
 /// The workbench's window: one process set-up in a form, with the commands to open, change and save
-/// it.
+/// it, and pages with results and operations.
 ///
 /// While it lives it is the application's main window, which is told about a changed unit choice.
 class WorkbenchWindow : public QMainWindow
@@ -33,6 +35,9 @@ public:
 
     SetupForm *form() const { return m_form; }
     StatusSummary *summary() const { return m_summary; }
+    ResultsPage *results() const { return m_results; }
+    /// Brings the page of a widget to the front.
+    void showPageOf(QWidget *widget);
     /// The file of the open set-up; empty for none.
     const QString &fileName() const { return m_fileName; }
 
@@ -53,12 +58,14 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    QWidget *createSetupPage();
     QWidget *createHeader();
     void createActions();
     void createExamplesMenu();
     QAction *addCommand(QMenu *menu, const QString &icon, const QString &text,
                         const QKeySequence &shortcut, const QString &toolTip);
     bool readSetup(const QString &path);
+    void goToNextFieldNeedingInput();
     void setFileName(const QString &path);
     void rememberFile();
     void updateTitle();
@@ -70,6 +77,8 @@ private:
     Appearance *m_appearance; // not owned
     SetupForm *m_form = nullptr;
     StatusSummary *m_summary = nullptr;
+    BVTabWidget *m_pages;
+    ResultsPage *m_results;
     BVLabel *m_title = nullptr;
     BVLabel *m_source = nullptr;
     QString m_fileName;

@@ -148,11 +148,16 @@ void BVItemDelegate::setFormatter(int column, BVFormatter *formatter)
     Q_EMIT sizeHintChanged(QModelIndex());
 }
 
+BVFormatter *BVItemDelegate::formatterFor(const QModelIndex &index) const
+{
+    return formatter(index.column());
+}
+
 QString BVItemDelegate::getDisplayedText(const QModelIndex &index) const
 {
     const QVariant value = index.data(Qt::DisplayRole);
     if (isNumber(value))
-        return formatter(index.column())->textFromValue(value.toDouble());
+        return formatterFor(index)->textFromValue(value.toDouble());
     return displayText(value, QLocale());
 }
 
@@ -161,7 +166,7 @@ void BVItemDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelI
     QStyledItemDelegate::initStyleOption(option, index);
     const QVariant value = index.data(Qt::DisplayRole);
     if (isNumber(value))
-        option->text = formatter(index.column())->textFromValue(value.toDouble());
+        option->text = formatterFor(index)->textFromValue(value.toDouble());
     const bool isHeader = index.data(GroupHeaderRole).toBool();
     const bool isBold = isHeader || index.data(BoldRole).toBool();
     const bool isItalic = index.data(ItalicRole).toBool();
@@ -329,7 +334,7 @@ QWidget *BVItemDelegate::createEditor(QWidget *parent, const QStyleOptionViewIte
         return QStyledItemDelegate::createEditor(parent, option, index);
     auto *edit = new BVValueEdit(parent);
     edit->setFrame(false);
-    edit->getFormatter()->copyFrom(formatter(index.column()));
+    edit->getFormatter()->copyFrom(formatterFor(index));
     return edit;
 }
 

@@ -42,6 +42,9 @@ public:
     BVFormatter *formatter(int column = -1) const;
     /// Gives a column a formatter, which stays with its owner; null takes it away.
     void setFormatter(int column, BVFormatter *formatter);
+    /// The formatter of a cell, never null: by default that of its column. For rows of different
+    /// quantities; when another one's settings change, sizeHintChanged() lets views follow.
+    virtual BVFormatter *formatterFor(const QModelIndex &index) const;
 
     /// The text in the cell as it is shown.
     QString getDisplayedText(const QModelIndex &index) const;

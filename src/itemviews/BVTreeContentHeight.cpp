@@ -2,9 +2,9 @@
 #include "itemviews/BVTreeContentHeight_p.h"
 
 #include "itemviews/BVRowWalk_p.h"
-#include "itemviews/BVTreeView.h"
 
 #include <QHeaderView>
+#include <QTreeView>
 
 #include <algorithm>
 
@@ -15,9 +15,20 @@ constexpr int s_sizeless[] = {Qt::EditRole,      Qt::ToolTipRole,    Qt::StatusT
                               Qt::WhatsThisRole, Qt::ForegroundRole, Qt::BackgroundRole,
                               Qt::CheckStateRole};
 
+/// Opens what the toolkit keeps for the views derived from its own.
+class ViewAccess : public QTreeView
+{
+public:
+    static void layOut(QTreeView *view) { (view->*&ViewAccess::executeDelayedItemsLayout)(); }
+    static int rowHeight(const QTreeView *view, const QModelIndex &index)
+    {
+        return (view->*&ViewAccess::indexRowSizeHint)(index);
+    }
+};
+
 } // namespace
 
-BVTreeContentHeight::BVTreeContentHeight(BVTreeView *view)
+BVTreeContentHeight::BVTreeContentHeight(QTreeView *view)
     : m_view(view)
 {
 }
@@ -40,7 +51,7 @@ bool BVTreeContentHeight::isMeasured(const QVector<int> &roles)
 
 int BVTreeContentHeight::rowsHeight(Children children)
 {
-    m_view->executeDelayedItemsLayout(); // ends in invalidate() if something has changed
+    ViewAccess::layOut(m_view); // ends in invalidate() if something has changed
     if (m_rowsHeight < 0 || m_children != children) {
         m_rowsHeight = rowsHeight(m_view->rootIndex(), children);
         m_children = children;
@@ -67,10 +78,10 @@ int BVTreeContentHeight::rowsHeight(const QModelIndex &parent, Children children
         if (m_view->isRowHidden(index.row(), index.parent()))
             return BVRowWalk::Skip;
         if (!isUniform)
-            height += qMax(0, m_view->indexRowSizeHint(index));
+            height += qMax(0, ViewAccess::rowHeight(m_view, index));
         else
             height += uniformHeight =
-                uniformHeight < 0 ? qMax(0, m_view->indexRowSizeHint(index)) : uniformHeight;
+                uniformHeight < 0 ? qMax(0, ViewAccess::rowHeight(m_view, index)) : uniformHeight;
         const bool descends = children == Children::All ||
                               (children == Children::Expanded && m_view->isExpanded(index));
         return descends ? BVRowWalk::Descend : BVRowWalk::Skip;

@@ -3,17 +3,17 @@
 
 #include <QVector>
 
-class BVTreeView;
 class QModelIndex;
+class QTreeView;
 
-/// The height of a tree view's rows with all branches open, kept until something changes it.
+/// The height of a tree view's rows, also of those in closed branches, kept until something changes it.
 class BVTreeContentHeight
 {
 public:
     /// Which child rows count.
     enum class Children { All, Expanded, None };
 
-    explicit BVTreeContentHeight(BVTreeView *view);
+    explicit BVTreeContentHeight(QTreeView *view);
 
     /// The height of all rows below the view's root.
     int rowsHeight(Children children);
@@ -26,7 +26,7 @@ public:
 private:
     bool hasColumns() const;
 
-    BVTreeView *m_view;
+    QTreeView *m_view;
     int m_rowsHeight = -1;               // pixels; -1 while it is not known
     Children m_children = Children::All; // that it counts
 };

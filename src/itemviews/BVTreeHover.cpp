@@ -3,16 +3,19 @@
 
 #include "itemviews/BVDelegateManager.h"
 #include "itemviews/BVItemDelegate.h"
-#include "itemviews/BVTreeView.h"
 
 #include <QCoreApplication>
 #include <QHoverEvent>
 #include <QPointer>
+#include <QTreeView>
 
-BVTreeHover::BVTreeHover(BVTreeView *view)
+BVTreeHover::BVTreeHover(QTreeView *view, Unit unit)
     : m_view(view)
+    , m_unit(unit)
 {
 }
+
+BVTreeHover::~BVTreeHover() = default;
 
 void BVTreeHover::handle(QEvent *event)
 {
@@ -25,7 +28,7 @@ void BVTreeHover::handle(QEvent *event)
         setIndex(QModelIndex());
         break;
     case QEvent::Leave:
-        Q_EMIT m_view->sigLeaveEvent();
+        onMouseLeft();
         break;
     default:
         break;
@@ -35,23 +38,28 @@ void BVTreeHover::handle(QEvent *event)
 void BVTreeHover::setIndex(const QModelIndex &index)
 {
     const QPersistentModelIndex before = m_hoverIndex;
-    if (before == index)
+    const QPersistentModelIndex after = m_unit == Unit::Row ? index.siblingAtColumn(0) : index;
+    if (before == after)
         return;
-    const QPersistentModelIndex after = index;
-    const QPointer<BVTreeView> view(m_view);
+    const QPointer<QTreeView> view(m_view);
     m_hoverIndex = QPersistentModelIndex();
     repaint(before);
     if (before.isValid())
-        Q_EMIT m_view->sigItemHoverLeave(before, before.column());
+        onLeave(before);
     if (!view || !after.isValid())
         return;
     m_hoverIndex = after;
     repaint(after);
-    Q_EMIT m_view->sigItemHoverEnter(after, after.column());
+    onEnter(after);
 }
 
 void BVTreeHover::repaint(const QModelIndex &index) const
 {
+    if (m_unit == Unit::Row) {
+        const QRect rect = m_view->visualRect(index);
+        m_view->viewport()->update(0, rect.top(), m_view->viewport()->width(), rect.height());
+        return;
+    }
     const BVItemDelegate *delegate = BVDelegateManager::itemDelegateOf(m_view, index);
     if (delegate && delegate->repaintsOnHover(index))
         m_view->update(index);

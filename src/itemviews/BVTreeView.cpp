@@ -20,17 +20,44 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include <utility>
+
 namespace {
 
 constexpr int s_spaceRowHeight = 20; // px, of a row of space below the content
 constexpr int s_frameSpace = 2;      // px, without rows of space
+
+/// Has the view tell of the cell under the mouse.
+class CellHover : public BVTreeHover
+{
+public:
+    explicit CellHover(BVTreeView *view)
+        : BVTreeHover(view)
+        , m_view(view)
+    {
+    }
+
+protected:
+    void onEnter(const QModelIndex &index) override
+    {
+        Q_EMIT m_view->sigItemHoverEnter(index, index.column());
+    }
+    void onLeave(const QModelIndex &index) override
+    {
+        Q_EMIT m_view->sigItemHoverLeave(index, index.column());
+    }
+    void onMouseLeft() override { Q_EMIT m_view->sigLeaveEvent(); }
+
+private:
+    BVTreeView *m_view;
+};
 
 } // namespace
 
 BVTreeView::BVTreeView(QWidget *parent)
     : QTreeView(parent)
     , m_editController(std::make_unique<BVTreeEditController>(this))
-    , m_hover(std::make_unique<BVTreeHover>(this))
+    , m_hover(std::make_unique<CellHover>(this))
     , m_contentHeight(std::make_unique<BVTreeContentHeight>(this))
     , m_headerChecks(std::make_unique<BVTreeHeaderChecks>(this))
     , m_visibleRows(std::make_unique<BVTreeVisibleRows>(this))
@@ -437,6 +464,43 @@ void BVTreeView::showContextMenu(const QPoint &position)
         menu.exec(viewport()->mapToGlobal(position));
 }
 
+// Drag and drop
+
+void BVTreeView::setDragAndDropManager(BVDragAndDropManager *manager)
+{
+    m_dragAndDropManager = manager;
+    viewport()->update();
+}
+
+BVDragAndDropManager *BVTreeView::initDragAndDropManager()
+{
+    if (m_dragAndDropManager)
+        return m_dragAndDropManager;
+    auto *manager = new BVDragAndDropManager(this);
+    // Starting anew would take the speed out of it.
+    manager->setAutoScrollCallback([this, scrolls = std::make_shared<bool>(false)](bool on) {
+        if (on != std::exchange(*scrolls, on))
+            setAutoscroll(on);
+    });
+    manager->setGetViewOptionsCallback([this] { return viewOptions(); });
+    setDragAndDropManager(manager);
+    return manager;
+}
+
+void BVTreeView::setDragEnabled(bool enable)
+{
+    QTreeView::setDragEnabled(enable);
+    viewport()->update();
+}
+
+void BVTreeView::setDraggingState(BVDragAndDropManager::DragState state)
+{
+    if (state == BVDragAndDropManager::Dragging)
+        setState(QAbstractItemView::DraggingState);
+    else if (this->state() == QAbstractItemView::DraggingState)
+        setState(isEditingState() ? QAbstractItemView::EditingState : QAbstractItemView::NoState);
+}
+
 // Painting
 
 /// The tint of a row goes on under its branches.
@@ -461,18 +525,6 @@ void BVTreeView::setPaintHeaderSelection(bool paint)
     viewport()->update();
 }
 
-void BVTreeView::setDragAndDropManager(BVDragAndDropManager *manager)
-{
-    m_dragAndDropManager = manager;
-    viewport()->update();
-}
-
-void BVTreeView::setOverlayPainter(const OverlayPainter &painter)
-{
-    m_overlayPainter = painter;
-    viewport()->update();
-}
-
 void BVTreeView::paintEvent(QPaintEvent *event)
 {
     executeDelayedItemsLayout();
@@ -487,8 +539,12 @@ void BVTreeView::paintEvent(QPaintEvent *event)
         grid.paintColumn(painter, column);
     }
     QTreeView::paintEvent(event);
-    if (m_overlayPainter) {
-        QPainter painter(viewport());
-        m_overlayPainter(painter, state() == QAbstractItemView::DraggingState);
+    if (!m_dragAndDropManager)
+        return;
+    QPainter painter(viewport());
+    if (state() == QAbstractItemView::DraggingState) {
+        m_dragAndDropManager->paintDropTargetItemPreview(&painter);
+        m_dragAndDropManager->paintDropTargetWidgetVisualization(&painter);
     }
+    m_dragAndDropManager->paintDragAndDropInfoText(&painter);
 }

@@ -3,14 +3,14 @@
 
 #include "BVWidgetsExport.h"
 
+#include "itemviews/BVDragAndDropManager.h"
+
 #include <QModelIndexList>
 #include <QTreeView>
 #include <QVector>
 
-#include <functional>
 #include <memory>
 
-class BVDragAndDropManager;
 class BVTreeContentHeight;
 class BVTreeEditController;
 class BVTreeGrid;
@@ -92,12 +92,16 @@ public:
     QModelIndex getHoverItem() const;
     void setHoverItem(const QModelIndex &index);
 
-    /// The manager belongs to its maker. Null for none.
+    /// The manager of the rows that are dragged out of the view and over it; null for none.
     BVDragAndDropManager *getDragAndDropManager() const { return m_dragAndDropManager; }
+    /// The manager belongs to its maker; the one before is put out of work.
     void setDragAndDropManager(BVDragAndDropManager *manager);
-    /// Called at the end of each painting of the viewport, with whether a drag is in progress.
-    using OverlayPainter = std::function<void(QPainter &painter, bool dragging)>;
-    void setOverlayPainter(const OverlayPainter &painter);
+    /// The manager, made and owned by the view if it has none.
+    BVDragAndDropManager *initDragAndDropManager();
+    /// Whether the manager works. Off at first.
+    void setDragEnabled(bool enable);
+    /// Called by the manager while something is dragged over the view.
+    void setDraggingState(BVDragAndDropManager::DragState state);
 
     bool isEditingState() const;
     QStyleOptionViewItem getViewOptions() const { return viewOptions(); }
@@ -172,7 +176,6 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
-    friend class BVTreeContentHeight;
     friend class BVTreeEditController;
     friend class BVTreeGrid;
     friend class BVTreeVisibleRows;
@@ -191,8 +194,7 @@ private:
     std::unique_ptr<BVTreeHeaderChecks> m_headerChecks;
     std::unique_ptr<BVTreeVisibleRows> m_visibleRows;
     std::unique_ptr<BVTreeModelLink> m_modelLink;
-    BVDragAndDropManager *m_dragAndDropManager = nullptr; // not owned
-    OverlayPainter m_overlayPainter;
+    QPointer<BVDragAndDropManager> m_dragAndDropManager;
     bool m_resizable = false;
     int m_spaceToAdd = 0; // rows
     int m_minimumResizableHeight = 0;

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QEvent>
+#include <QPixmap>
+#include <QString>
+#include <Qt>
+
+class QPoint;
+class QWidget;
+
+/// What the tour does with mouse and keyboard, and how it takes pictures.
+namespace TourHands {
+
+/// Lets everything that is due happen.
+void settle();
+/// Waits for the window to become the active one; not every window system makes it that.
+void activate(QWidget *window);
+void sendKey(QWidget *widget, int key, const QString &text = QString(),
+             Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void sendMouse(QWidget *widget, QEvent::Type type, const QPoint &position);
+void turnWheelOver(QWidget *widget, int notches);
+/// The widget on a screen of twice the resolution.
+QPixmap atTwiceTheResolution(QWidget *widget);
+/// The window with the dialog in its middle, as a person sees them.
+QPixmap withDialog(QWidget *window, QWidget *dialog);
+/// The window with the tool tip of one of its widgets below that widget.
+QPixmap withToolTip(QWidget *window, QWidget *widget);
+
+} // namespace TourHands

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "ResultsModel.h"
+#include "ResultsPage.h"
+#include "Tour.h"
+#include "TourHands.h"
+#include "WorkbenchWindow.h"
+
+#include <BVCheckBox.h>
+#include <BVCustomHeaderView.h>
+#include <BVItemDelegate.h>
+#include <BVLineEdit.h>
+#include <BVTreeView.h>
+#include <BVWidgetStatus.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+
+using namespace TourHands;
+
+namespace {
+
+constexpr int s_drawing = 2;       // row of the operation
+constexpr int s_lastStep = 7;      // its row in the operation
+constexpr int s_followTime = 1000; // ms within which a view follows its model
+
+/// A cell of the results, by the rows that lead to it.
+QModelIndex cell(const BVTreeView *view, const QVector<int> &rows, int column)
+{
+    QModelIndex index;
+    for (const int row : rows)
+        index = view->model()->index(row, 0, index);
+    return index.sibling(index.row(), column);
+}
+
+QString shownText(const BVTreeView *view, const QModelIndex &index)
+{
+    return static_cast<BVItemDelegate *>(view->itemDelegate())->getDisplayedText(index);
+}
+
+template <typename Condition>
+bool becomes(Condition condition)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition() && timer.elapsed() < s_followTime)
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    return condition();
+}
+
+void typeText(const QString &text)
+{
+    for (const QChar c : text)
+        sendKey(QApplication::focusWidget(), c.toUpper().unicode(), QString(c));
+    settle();
+}
+
+} // namespace
+
+bool Tour::showResults()
+{
+    m_window.resize(s_windowSize);
+    m_window.showPageOf(m_window.results());
+    BVTreeView *view = m_window.results()->view();
+    const QModelIndex drawing = cell(view, {s_drawing}, 0);
+    view->expand(drawing);
+    view->expand(cell(view, {s_drawing, s_lastStep}, 0));
+    view->setFocus(Qt::TabFocusReason);
+    const QModelIndex thickness = cell(view, {s_drawing, s_lastStep, 0}, ResultsModel::Minimum);
+    return expect(getWidgetStatus(thickness).testFlag(BVWidgetStatus::NeedInput),
+                  QStringLiteral("the thinnest place is beyond its limit")) &&
+           expect(shownText(view, cell(view, {s_drawing, s_lastStep}, 0)) ==
+                      QStringLiteral("40 mm stroke"),
+                  QStringLiteral("a step shows its stroke")) &&
+           picture(QStringLiteral("results"));
+}
+
+bool Tour::changeLimit()
+{
+    BVTreeView *view = m_window.results()->view();
+    const QModelIndex limit = cell(view, {s_drawing, s_lastStep - 1, 0}, ResultsModel::Limit);
+    view->setCurrentIndex(limit);
+    sendKey(view, Qt::Key_F2);
+    typeText(QStringLiteral("0.03inch"));
+    if (!picture(QStringLiteral("limit_typed")))
+        return false;
+    sendKey(QApplication::focusWidget(), Qt::Key_Return, QStringLiteral("\r"));
+    const QModelIndex minimum = limit.sibling(limit.row(), ResultsModel::Minimum);
+    return expect(becomes(
+                      [&minimum] { return getWidgetStatus(minimum) == BVWidgetStatus::NeedInput; }),
+                  QStringLiteral("the value is beyond the new limit")) &&
+           expect(shownText(view, limit) == QStringLiteral("0.762 mm"),
+                  QStringLiteral("the limit shows what was typed")) &&
+           picture(QStringLiteral("limit_changed"));
+}
+
+bool Tour::uncheckResults()
+{
+    BVTreeView *view = m_window.results()->view();
+    view->setCurrentIndex(cell(view, {s_drawing, s_lastStep, 3}, ResultsModel::Show));
+    sendKey(view, Qt::Key_Space, QStringLiteral(" "));
+    const auto *header = qobject_cast<BVCustomHeaderView *>(view->header());
+    return expect(header && becomes([header] {
+                      return header->checkState(ResultsModel::Show) == Qt::PartiallyChecked;
+                  }),
+                  QStringLiteral("the header's box is partially checked")) &&
+           picture(QStringLiteral("results_unchecked"));
+}
+
+bool Tour::searchResults()
+{
+    ResultsPage *page = m_window.results();
+    page->onlyBeyondBox()->setChecked(true);
+    page->filterEdit()->setFocus(Qt::TabFocusReason);
+    typeText(QStringLiteral("th"));
+    const bool shown = expect(page->view()->model()->rowCount() == 3,
+                              QStringLiteral("three operations hold what is searched")) &&
+                       picture(QStringLiteral("results_searched"));
+    page->filterEdit()->clear();
+    page->onlyBeyondBox()->setChecked(false);
+    return shown;
+}
+
+bool Tour::loadLongRun()
+{
+    ResultsPage *page = m_window.results();
+    page->loadLongRun();
+    return expect(page->model()->childCount() == ResultsData::s_longRunRows,
+                  QStringLiteral("the long run has all its rows")) &&
+           picture(QStringLiteral("long_run"));
+}

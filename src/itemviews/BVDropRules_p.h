@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "itemviews/DragDropInfo.h"
+
+/// Where drops go and what the pointer does on its way: the rules of drag and drop that need no
+/// state.
+namespace BVDropRules {
+
+constexpr int s_hintBandHeight = 42; // px, at the bottom of the viewport
+
+/// The place within the cell under the pointer: its edges are for the rows before and behind it,
+/// the middle is the cell itself if it takes drops.
+DropIndicatorPosition dropIndicatorPosition(const QPoint &pos, const QRect &rect,
+                                            const QModelIndex &index);
+/// The place within the whole row, in wide bands that leave nothing out: quarters at the edges of a
+/// row that takes drops, halves of others. On the viewport only without a row.
+DropIndicatorPosition advancedDropIndicatorPosition(const QPoint &pos, const QRect &rect,
+                                                    const QModelIndex &index);
+
+/// As DragDropInfo has it.
+int dropRow(const QModelIndex &target, DropIndicatorPosition position);
+QModelIndex dropParent(const QModelIndex &target, DropIndicatorPosition position);
+
+/// Whether a position is in the band that the hint covers.
+bool isInHintBand(const QPoint &pos, int viewportHeight);
+/// Whether a position is near enough to an edge of the area in sight to scroll.
+bool isInScrollMargin(const QPoint &pos, const QRect &area, int margin);
+
+/// The indexes in the order of a depth-first walk.
+QModelIndexList inTreeOrder(const QModelIndexList &indexes);
+/// Without those whose parents are among them, too; in the order of the tree.
+QModelIndexList topmost(const QModelIndexList &indexes);
+
+/// A place for rows that are moved with the keyboard.
+struct Target
+{
+    QPersistentModelIndex index;
+    DropIndicatorPosition position = DropIndicatorPosition::OnViewport;
+    bool isValid = false; // there is such a place
+};
+
+enum class Direction {
+    Up,
+    Down,
+    Outwards, // to the level of the parent
+    Inwards,  // to the level of the children
+};
+
+/// The place next to the rows that the user sees: before the row above them, behind the one below,
+/// behind their parent, or below the row above as its children if it takes drops.
+Target keyTarget(const QTreeView *view, const QModelIndexList &rows, Direction direction);
+
+} // namespace BVDropRules
