@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <typeinfo>
 
 namespace {
 
@@ -71,7 +70,7 @@ QVariant BVCheckCounters::walk(const BVTreeViewItem &item, int column)
 
 BVCheckCounters::Kind BVCheckCounters::kindOf(const BVTreeViewItem &item, int column)
 {
-    if (typeid(item) == typeid(BVTreeViewItem) && !item.derivesCheckState())
+    if (item.isPlain() && !item.derivesCheckState())
         return kindOf(item.find(column, BVTreeViewModel::CountsForParentCheckRole),
                       item.find(column, Qt::CheckStateRole));
     const QVariant counts = item.data(column, BVTreeViewModel::CountsForParentCheckRole);
@@ -99,8 +98,7 @@ BVCheckCounters::Kind BVCheckCounters::kindOf(const QVariant *counts, const QVar
 
 bool BVCheckCounters::isReliable(const BVTreeViewItem &item, int column)
 {
-    return typeid(item) == typeid(BVTreeViewItem) &&
-           (!item.derivesCheckState() || countersOf(item, column));
+    return item.isPlain() && (!item.derivesCheckState() || countersOf(item, column));
 }
 
 BVCheckCounters::Column *BVCheckCounters::find(const BVTreeViewItem &item, int column)

@@ -6,7 +6,6 @@
 #include <QCollator>
 
 #include <algorithm>
-#include <typeinfo>
 #include <vector>
 
 namespace {
@@ -55,9 +54,8 @@ bool BVSiblingSort::isSortable(const BVTreeViewItem &parent, int column)
 QVector<BVTreeViewItem *> BVSiblingSort::sorted(const QVector<BVTreeViewItem *> &items, int column,
                                                 Qt::SortOrder order)
 {
-    const bool allPlain = std::all_of(items.cbegin(), items.cend(), [](const BVTreeViewItem *item) {
-        return typeid(*item) == typeid(BVTreeViewItem);
-    });
+    const bool allPlain = std::all_of(items.cbegin(), items.cend(),
+                                      [](const BVTreeViewItem *item) { return item->isPlain(); });
     if (allPlain)
         return sortedByKeys(items, column, order);
     std::vector<BVTreeViewItem *> ordered(items.cbegin(), items.cend());

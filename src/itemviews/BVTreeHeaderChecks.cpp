@@ -2,12 +2,14 @@
 #include "itemviews/BVTreeHeaderChecks_p.h"
 
 #include "itemviews/BVCustomHeaderView.h"
+#include "itemviews/BVProxyChain_p.h"
 #include "itemviews/BVRowWalk_p.h"
 #include "itemviews/BVTreeView.h"
 
-#include <QAbstractProxyModel>
 #include <QPointer>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace {
 
@@ -60,12 +62,11 @@ void BVTreeHeaderChecks::makeHeader()
 
 void BVTreeHeaderChecks::setHeaderData(int column, int role, const QVariant &value)
 {
-    QAbstractItemModel *model = m_view->model();
     // Proxy models without rows cannot map their columns, and refuse.
-    while (model && !model->setHeaderData(column, Qt::Horizontal, value, role)) {
-        const auto *proxy = qobject_cast<QAbstractProxyModel *>(model);
-        model = proxy ? proxy->sourceModel() : nullptr;
-    }
+    const QVector<QAbstractItemModel *> models = BVProxyChain::models(m_view->model());
+    std::any_of(models.cbegin(), models.cend(), [&](QAbstractItemModel *model) {
+        return model->setHeaderData(column, Qt::Horizontal, value, role);
+    });
 }
 
 void BVTreeHeaderChecks::adoptHeader()

@@ -1,23 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVTreeModelLink_p.h"
 
+#include "itemviews/BVProxyChain_p.h"
 #include "itemviews/BVTreeView.h"
 #include "itemviews/BVTreeViewDataListener.h"
 #include "itemviews/BVViewAwareModel.h"
 
-#include <QAbstractProxyModel>
 #include <QPersistentModelIndex>
-
-namespace {
-
-QAbstractItemModel *sourceOf(QAbstractItemModel *model)
-{
-    while (const auto *proxy = qobject_cast<QAbstractProxyModel *>(model))
-        model = proxy->sourceModel();
-    return model;
-}
-
-} // namespace
 
 BVTreeModelLink::BVTreeModelLink(BVTreeView *view)
     : m_view(view)
@@ -47,7 +36,7 @@ void BVTreeModelLink::attach()
         QObject::connect(model, &Model::columnsRemoved, m_view, onRows),
         QObject::connect(model, &Model::modelReset, m_view, onRows),
     };
-    QAbstractItemModel *source = sourceOf(model);
+    QAbstractItemModel *source = BVProxyChain::models(model).constLast();
     if (auto *aware = dynamic_cast<BVViewAwareModel *>(source)) {
         m_attachedModel = source;
         aware->attachView(m_view);

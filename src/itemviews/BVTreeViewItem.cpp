@@ -2,6 +2,9 @@
 #include "itemviews/BVTreeViewItem.h"
 
 #include "itemviews/BVCheckCounters_p.h"
+#include "itemviews/BVModelWatch_p.h"
+#include "itemviews/BVTreeSort_p.h"
+#include "itemviews/BVTreeStructure_p.h"
 #include "itemviews/BVTreeViewModel.h"
 
 #include <QIcon>
@@ -155,7 +158,7 @@ BVTreeViewItem::~BVTreeViewItem()
     // Nothing pending is told now: slots must not meet an item that is half gone.
     if (BVTreeViewItem *parent = holder()) {
         if (m_model)
-            m_model->takeRows(parent, row(), 1);
+            BVTreeStructure(m_model).takeRows(parent, row(), 1);
         else
             parent->release(row(), 1);
     }
@@ -232,7 +235,7 @@ void BVTreeViewItem::setData(int column, int role, const QVariant &value)
 /// False if the model, and this with it, has not outlived the notification.
 bool BVTreeViewItem::setModelColumns(int count)
 {
-    const BVTreeViewModel::Watch watch(m_model, this);
+    const BVModelWatch watch(m_model, this);
     m_model->setColumnCount(count);
     return watch.isModelAlive();
 }
@@ -259,7 +262,7 @@ bool BVTreeViewItem::change(int column, int role, const QVariant &value)
 void BVTreeViewItem::announce(int column, int role)
 {
     if (m_model->m_itemChangedCallback) {
-        const BVTreeViewModel::Watch watch(m_model, this);
+        const BVModelWatch watch(m_model, this);
         const auto callback = m_model->m_itemChangedCallback; // may be replaced by what it does
         callback(this, role);
         if (!watch.isItemAlive())
@@ -337,7 +340,7 @@ bool BVTreeViewItem::isPushingDown() const
 /// Sets the children that have a check state. False if the item is gone.
 bool BVTreeViewItem::pushDownCheckState(int column, const QVariant &value)
 {
-    const BVTreeViewModel::Watch watch(m_model, this);
+    const BVModelWatch watch(m_model, this);
     BVTreeViewModel *const model = m_model;
     PushDown running(this);
     if (model)
@@ -370,7 +373,7 @@ void BVTreeViewItem::notify(int column, int role)
     BVTreeViewItem *item = this;
     bool goesOn = true;
     while (goesOn) {
-        const BVTreeViewModel::Watch watch(item->m_model, item);
+        const BVModelWatch watch(item->m_model, item);
         item->m_model->notify(item, column, s_checkRoles);
         if (!watch.isItemAlive())
             return;
@@ -467,7 +470,7 @@ void BVTreeViewItem::setEnabledFlag(bool enabled)
 
 void BVTreeViewItem::setDisabled(bool disabled)
 {
-    const BVTreeViewModel::Watch watch(m_model, this);
+    const BVModelWatch watch(m_model, this);
     setEnabledFlag(!disabled);
     if (watch.isItemAlive())
         m_model->propagateEnabledBelow(this);
@@ -551,7 +554,7 @@ void BVTreeViewItem::insertChildren(int row, const QVector<BVTreeViewItem *> &ch
     if (row < 0 || row > m_children.size() || isHeader())
         return;
     if (m_model)
-        m_model->insertItems(this, row, children);
+        BVTreeStructure(m_model).insert(this, row, children);
     else
         adopt(row, insertable(children));
 }
@@ -613,14 +616,14 @@ BVTreeViewItem *BVTreeViewItem::takeChild(int row)
     if (row < 0 || row >= m_children.size())
         return nullptr;
     if (m_model)
-        return m_model->takeItem(this, row);
+        return BVTreeStructure(m_model).take(this, row);
     return release(row, 1).front();
 }
 
 QVector<BVTreeViewItem *> BVTreeViewItem::takeChildren()
 {
     if (m_model)
-        return m_model->takeItems(this);
+        return BVTreeStructure(m_model).takeAll(this);
     return release(0, m_children.size());
 }
 
@@ -649,5 +652,5 @@ QVector<BVTreeViewItem *> BVTreeViewItem::release(int row, int count)
 void BVTreeViewItem::sortChildren(int column, Qt::SortOrder order)
 {
     if (m_model)
-        m_model->sortItems(this, column, order);
+        BVTreeSort(m_model).sort(this, column, order);
 }

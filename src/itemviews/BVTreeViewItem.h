@@ -8,6 +8,7 @@
 #include <Qt>
 
 #include <memory>
+#include <typeinfo>
 #include <vector>
 
 class BVCheckCounters;
@@ -114,7 +115,11 @@ public:
     void sortChildren(int column, Qt::SortOrder order);
 
 private:
+    friend class BVChangeFlush;
     friend class BVCheckCounters;
+    friend class BVSiblingSort;
+    friend class BVTreeSort;
+    friend class BVTreeStructure;
     friend class BVTreeViewModel;
 
     struct PushDown;
@@ -132,6 +137,8 @@ private:
     void insertValue(std::vector<Value>::const_iterator position, Value value);
     void shiftColumns(int column, int count);
     void cutColumns(int count);
+    /// Whether the item is of this class itself, so that nothing is overridden.
+    bool isPlain() const { return typeid(*this) == typeid(BVTreeViewItem); }
     bool isHeader() const;
     bool isRoot() const;
     bool setModelColumns(int count);

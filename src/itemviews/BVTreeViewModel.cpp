@@ -1,89 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVTreeViewModel.h"
 
-#include "itemviews/BVCheckCounters_p.h"
+#include "itemviews/BVChangeFlush_p.h"
 #include "itemviews/BVItemIdMap_p.h"
+#include "itemviews/BVModelWatch_p.h"
 #include "itemviews/BVPendingChanges_p.h"
-#include "itemviews/BVSiblingSort_p.h"
+#include "itemviews/BVProxyChain_p.h"
+#include "itemviews/BVTreeStructure_p.h"
+#include "itemviews/BVTreeVisit_p.h"
 
-#include <QAbstractProxyModel>
 #include <QItemSelectionModel>
 #include <QMetaMethod>
 #include <QTimer>
 #include <QTreeView>
 
 #include <algorithm>
-#include <iterator>
-
-namespace {
-
-/// Calls @p visit for the items and all below them, each parent in front of its children.
-template <typename Visit>
-void visitTree(const QVector<BVTreeViewItem *> &items, Visit visit)
-{
-    std::vector<BVTreeViewItem *> stack(items.crbegin(), items.crend());
-    while (!stack.empty()) {
-        BVTreeViewItem *item = stack.back();
-        stack.pop_back();
-        visit(item);
-        stack.insert(stack.end(), item->children().crbegin(), item->children().crend());
-    }
-}
-
-/// Sorts numbers in [0, count) and drops repeated ones.
-void sortRows(QVector<int> &rows, int count)
-{
-    const auto isRising = [&] {
-        return std::adjacent_find(rows.cbegin(), rows.cend(), std::greater_equal<int>()) ==
-               rows.cend();
-    };
-    if (isRising())
-        return;
-    if (rows.size() < count / 64) {
-        std::sort(rows.begin(), rows.end());
-        rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-        return;
-    }
-    std::vector<bool> isGiven(size_t(count), false);
-    for (const int row : qAsConst(rows))
-        isGiven[size_t(row)] = true;
-    rows.clear();
-    for (int row = 0; row < count; ++row) {
-        if (isGiven[size_t(row)])
-            rows.append(row);
-    }
-}
-
-bool isFlat(const BVTreeViewItem &parent)
-{
-    return std::none_of(parent.children().cbegin(), parent.children().cend(),
-                        [](const BVTreeViewItem *child) { return child->childCount() > 0; });
-}
-
-} // namespace
-
-BVTreeViewModel::Watch::Watch(BVTreeViewModel *model, const BVTreeViewItem *item)
-    : m_model(model)
-    , m_outer(model ? model->m_watches : nullptr)
-    , m_structure(model ? model->m_structure : 0)
-    , m_id(item->m_id)
-{
-    if (m_model)
-        m_model->m_watches = this;
-}
-
-BVTreeViewModel::Watch::~Watch()
-{
-    if (m_model)
-        m_model->m_watches = m_outer;
-}
-
-/// Also false for an item that has been taken out of the model.
-bool BVTreeViewModel::Watch::isItemAlive() const
-{
-    return m_model && (m_structure == m_model->m_structure || m_id == m_model->m_headerItem->m_id ||
-                       m_model->itemOfId(m_id));
-}
 
 BVTreeViewModel::BVTreeViewModel(QObject *parent)
     : QAbstractItemModel(parent)
@@ -100,8 +31,7 @@ BVTreeViewModel::BVTreeViewModel(QObject *parent)
 
 BVTreeViewModel::~BVTreeViewModel()
 {
-    for (Watch *watch = m_watches; watch; watch = watch->m_outer)
-        watch->m_model = nullptr;
+    BVModelWatch::release(this);
     // Items must not tell a model that is half gone.
     m_rootItem->m_model = nullptr;
     m_headerItem->m_model = nullptr;
@@ -338,7 +268,7 @@ bool BVTreeViewModel::isHeard()
 
 void BVTreeViewModel::emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles)
 {
-    const Watch watch(this, item);
+    const BVModelWatch watch(this, item);
     const bool all = column == s_allColumns;
     const QModelIndex first = index(item, all ? 0 : column);
     if (first.isValid())
@@ -355,14 +285,10 @@ bool BVTreeViewModel::flushPendingChanges()
         return true;
     if (m_delayTimer)
         m_delayTimer->stop();
-    const Watch watch(this, m_rootItem.get());
     const std::vector<BVPendingGroup> groups = m_pendingChanges->take();
-    for (const BVPendingGroup &group : groups) {
-        emitGroup(group);
-        if (!watch.isModelAlive())
-            return false;
-    }
-    return true;
+    return std::all_of(groups.cbegin(), groups.cend(), [this](const BVPendingGroup &group) {
+        return BVChangeFlush(this).tell(group); // last when it has deleted this
+    });
 }
 
 /// False if a slot has taken the item out, or deleted the model.
@@ -370,101 +296,9 @@ bool BVTreeViewModel::flushFor(const BVTreeViewItem *item)
 {
     if (m_pendingChanges->isEmpty())
         return true;
-    const Watch watch(this, item);
+    const BVModelWatch watch(this, item);
     flushPendingChanges();
     return watch.isItemAlive();
-}
-
-/// Slots may change the structure: then the rows of all that is still to be told are looked up
-/// anew.
-void BVTreeViewModel::emitGroup(const BVPendingGroup &group)
-{
-    const Watch watch(this, m_rootItem.get());
-    const quint64 structure = m_structure;
-    QVector<BVTreeViewItem *> items;
-    QVector<BVTreeViewItem *> untold = itemsOfIds(group.items);
-    while (!untold.isEmpty()) {
-        const BVTreeViewItem *parent = itemOfId(group.parent);
-        const QVector<int> rows = parent ? rowsOf(untold, *parent) : QVector<int>();
-        untold.clear();
-        untold.reserve(rows.size());
-        for (const int row : rows)
-            untold.append(parent->m_children[row]);
-        if (items.isEmpty())
-            items = untold;
-        const int told = emitRanges(rows, parent, group);
-        if (!watch.isModelAlive())
-            return;
-        untold = told < rows.size() ? itemsLeft(untold.mid(told), group.items)
-                                    : QVector<BVTreeViewItem *>();
-    }
-    if (structure != m_structure)
-        items = itemsLeft(items, group.items);
-    if (isHeard() && !m_sendItemsChangedImmediately && !items.isEmpty())
-        Q_EMIT itemsChanged(items, group.column, group.roles);
-}
-
-/// Those items that are in the model.
-QVector<BVTreeViewItem *> BVTreeViewModel::itemsOfIds(const std::vector<qint64> &ids) const
-{
-    QVector<BVTreeViewItem *> items;
-    items.reserve(int(ids.size()));
-    for (const qint64 id : ids) {
-        if (BVTreeViewItem *item = itemOfId(id))
-            items.append(item);
-    }
-    return items;
-}
-
-/// Those of the items that are still in the model, by the ids of all of them.
-QVector<BVTreeViewItem *> BVTreeViewModel::itemsLeft(const QVector<BVTreeViewItem *> &items,
-                                                     const std::vector<qint64> &ids) const
-{
-    QVector<BVTreeViewItem *> living = itemsOfIds(ids);
-    std::sort(living.begin(), living.end());
-    QVector<BVTreeViewItem *> left;
-    std::copy_if(items.cbegin(), items.cend(), std::back_inserter(left), [&](auto *item) {
-        return std::binary_search(living.cbegin(), living.cend(), item);
-    });
-    return left;
-}
-
-/// The rows of those items that stand below the parent, ascending.
-QVector<int> BVTreeViewModel::rowsOf(const QVector<BVTreeViewItem *> &items,
-                                     const BVTreeViewItem &parent) const
-{
-    QVector<int> rows;
-    rows.reserve(items.size());
-    for (const BVTreeViewItem *item : items) {
-        const int row = parent.indexOfChild(item);
-        if (row >= 0)
-            rows.append(row);
-    }
-    sortRows(rows, parent.childCount());
-    return rows;
-}
-
-/// The number of rows that were told before a slot changed the structure.
-int BVTreeViewModel::emitRanges(const QVector<int> &rows, const BVTreeViewItem *parent,
-                                const BVPendingGroup &group)
-{
-    const Watch watch(this, m_rootItem.get());
-    const quint64 structure = m_structure;
-    const QModelIndex parentIndex = rows.isEmpty() ? QModelIndex() : cell(parent, 0);
-    const bool all = group.column == s_allColumns;
-    int told = 0;
-    while (told < rows.size() && watch.isModelAlive() && m_structure == structure) {
-        const int first = told;
-        do {
-            ++told;
-        } while (told < rows.size() && rows[told] == rows[told - 1] + 1);
-        const QModelIndex top = index(rows[first], all ? 0 : group.column, parentIndex);
-        const QModelIndex bottom =
-            index(rows[told - 1], all ? columnCount() - 1 : group.column, parentIndex);
-        if (top.isValid() && bottom.isValid())
-            Q_EMIT dataChanged(top, bottom, group.roles);
-    }
-    return told;
 }
 
 void BVTreeViewModel::updateModel()
@@ -560,73 +394,6 @@ void BVTreeViewModel::activateBulkItemChanged(bool on)
 
 // Structure
 
-void BVTreeViewModel::registerItems(const QVector<BVTreeViewItem *> &items)
-{
-    visitTree(items, [this](BVTreeViewItem *item) {
-        item->m_model = this;
-        m_itemsById->insert(item->m_id, item);
-    });
-}
-
-void BVTreeViewModel::unregisterItems(const QVector<BVTreeViewItem *> &items)
-{
-    visitTree(items, [this](BVTreeViewItem *item) {
-        item->m_model = nullptr;
-        m_itemsById->remove(item->m_id);
-    });
-}
-
-void BVTreeViewModel::insertItems(BVTreeViewItem *parent, int row,
-                                  const QVector<BVTreeViewItem *> &items)
-{
-    if (!flushFor(parent) || row > parent->childCount())
-        return;
-    const QVector<BVTreeViewItem *> free = parent->insertable(items);
-    if (free.isEmpty())
-        return;
-    if (parent->isDisabled() && !parent->isRoot())
-        visitTree(free, [](BVTreeViewItem *item) { item->m_flags &= ~Qt::ItemIsEnabled; });
-    insertFreeItems(parent, row, free);
-}
-
-void BVTreeViewModel::insertFreeItems(BVTreeViewItem *parent, int row,
-                                      const QVector<BVTreeViewItem *> &items)
-{
-    beginInsertItems(parent, row, items.size());
-    parent->adopt(row, items);
-    registerItems(items);
-    endInsertItems();
-}
-
-BVTreeViewItem *BVTreeViewModel::takeItem(BVTreeViewItem *parent, int row)
-{
-    const BVTreeViewItem *item = parent->child(row);
-    const quint64 structure = m_structure;
-    if (!flushFor(item))
-        return nullptr;
-    if (structure != m_structure) {
-        parent = item->holder();
-        row = item->row();
-    }
-    return takeRows(parent, row, 1).value(0);
-}
-
-QVector<BVTreeViewItem *> BVTreeViewModel::takeItems(BVTreeViewItem *parent)
-{
-    if (!flushFor(parent) || parent->childCount() == 0)
-        return {};
-    return takeRows(parent, 0, parent->childCount());
-}
-
-QVector<BVTreeViewItem *> BVTreeViewModel::takeRows(BVTreeViewItem *parent, int row, int count)
-{
-    beginRemoveItems(parent, row, count);
-    const QVector<BVTreeViewItem *> items = parent->release(row, count);
-    unregisterItems(items);
-    endRemoveItems();
-    return items;
-}
-
 void BVTreeViewModel::beginInsertItems(BVTreeViewItem *parent, int row, int count)
 {
     ++m_structure;
@@ -662,7 +429,7 @@ bool BVTreeViewModel::insertRows(int row, int count, const QModelIndex &parent)
     items.reserve(count);
     for (int i = 0; i < count; ++i)
         items.append(new BVTreeViewItem);
-    insertFreeItems(parentItem, row, items);
+    BVTreeStructure(this).insertFree(parentItem, row, items);
     return true;
 }
 
@@ -673,7 +440,7 @@ bool BVTreeViewModel::removeRows(int row, int count, const QModelIndex &parent)
     if (!parentItem || count < 1 || row < 0 || !isPossible() || !flushFor(parentItem) ||
         !isPossible())
         return false;
-    const QVector<BVTreeViewItem *> items = takeRows(parentItem, row, count);
+    const QVector<BVTreeViewItem *> items = BVTreeStructure(this).takeRows(parentItem, row, count);
     for (auto item = items.crbegin(); item != items.crend(); ++item)
         delete *item;
     return true;
@@ -757,7 +524,7 @@ void BVTreeViewModel::propagateEnabledRecursively(BVTreeViewItem *item)
 
 void BVTreeViewModel::propagateEnabledBelow(BVTreeViewItem *item)
 {
-    const Watch watch(this, m_rootItem.get());
+    const BVModelWatch watch(this, m_rootItem.get());
     std::vector<qint64> ids; // slots may take items out
     visitTree(item->children(), [&](BVTreeViewItem *below) { ids.push_back(below->id()); });
     for (const qint64 id : ids) {
@@ -768,55 +535,9 @@ void BVTreeViewModel::propagateEnabledBelow(BVTreeViewItem *item)
     }
 }
 
-// Sorting
-
 void BVTreeViewModel::sort(int column, Qt::SortOrder order)
 {
-    sortItems(m_rootItem.get(), column, order);
-}
-
-void BVTreeViewModel::sortItems(BVTreeViewItem *parent, int column, Qt::SortOrder order)
-{
-    if (!flushFor(parent) || !BVSiblingSort::isSortable(*parent, column))
-        return;
-    m_sortColumn = column;
-    // The list would have to name every parent below; an empty one stands for the whole model.
-    QList<QPersistentModelIndex> parents;
-    if (isFlat(*parent))
-        parents.append(cell(parent, 0));
-    Q_EMIT layoutAboutToBeChanged(parents, VerticalSortHint);
-    ++m_structure;
-    const QModelIndexList before =
-        m_keepSelectedAfterSorting ? persistentIndexList() : QModelIndexList();
-    QVector<const BVTreeViewItem *> items;
-    items.reserve(before.size());
-    for (const QModelIndex &index : before)
-        items.append(item(index));
-    sortLists(parent, column, order);
-    QModelIndexList after;
-    after.reserve(before.size());
-    for (int i = 0; i < before.size(); ++i)
-        after.append(cell(items[i], before[i].column()));
-    changePersistentIndexList(before, after);
-    Q_EMIT layoutChanged(parents, VerticalSortHint);
-}
-
-/// Sorts the children of all depths, without a word to anyone.
-void BVTreeViewModel::sortLists(BVTreeViewItem *parent, int column, Qt::SortOrder order)
-{
-    QVector<BVTreeViewItem *> toSort{parent};
-    while (!toSort.isEmpty()) {
-        BVTreeViewItem *next = toSort.takeLast();
-        if (!BVSiblingSort::isSortable(*next, column))
-            continue;
-        next->m_children = BVSiblingSort::sorted(next->m_children, column, order);
-        next->numberChildren(0);
-        BVCheckCounters::forget(next); // which state stands first may decide
-        for (BVTreeViewItem *child : qAsConst(next->m_children)) {
-            if (child->childCount() > 0)
-                toSort.append(child);
-        }
-    }
+    m_rootItem->sortChildren(column, order);
 }
 
 // Views
@@ -828,18 +549,7 @@ QModelIndex viewIndex(const BVTreeViewItem *item, const QTreeView *view)
 {
     if (!item || !item->model() || !view)
         return QModelIndex();
-    std::vector<const QAbstractProxyModel *> proxies;
-    const QAbstractItemModel *model = view->model();
-    while (const auto *proxy = qobject_cast<const QAbstractProxyModel *>(model)) {
-        proxies.push_back(proxy);
-        model = proxy->sourceModel();
-    }
-    if (model != item->model())
-        return QModelIndex();
-    QModelIndex index = item->model()->index(item, 0);
-    for (auto proxy = proxies.crbegin(); proxy != proxies.crend(); ++proxy)
-        index = (*proxy)->mapFromSource(index);
-    return index;
+    return BVProxyChain::mapFromSource(item->model()->index(item, 0), view->model());
 }
 
 } // namespace

@@ -12,8 +12,8 @@
 #include <memory>
 
 class BVItemIdMap;
+class BVModelWatch;
 class BVPendingChanges;
-struct BVPendingGroup;
 class QTimer;
 class QTreeView;
 
@@ -151,30 +151,13 @@ protected:
     void disconnectNotify(const QMetaMethod &signal) override;
 
 private:
+    friend class BVChangeFlush;
+    friend class BVModelWatch;
+    friend class BVTreeSort;
+    friend class BVTreeStructure;
     friend class BVTreeViewItem;
 
     static constexpr int s_allColumns = -1;
-
-    /// Tells whether an item, and the model itself, have outlived the slots that were called since.
-    class Watch
-    {
-    public:
-        Watch(BVTreeViewModel *model, const BVTreeViewItem *item);
-        ~Watch();
-        Watch(const Watch &) = delete;
-        Watch &operator=(const Watch &) = delete;
-
-        bool isModelAlive() const { return m_model != nullptr; }
-        bool isItemAlive() const;
-
-    private:
-        friend class BVTreeViewModel;
-
-        BVTreeViewModel *m_model; // null when it is gone
-        Watch *m_outer;
-        quint64 m_structure;
-        qint64 m_id;
-    };
 
     BVTreeViewItem *itemOrRoot(const QModelIndex &index) const;
     BVTreeViewItem *itemOfId(qint64 id) const;
@@ -185,25 +168,11 @@ private:
     bool isHeard();
     bool flushPendingChanges();
     bool flushFor(const BVTreeViewItem *item);
-    void emitGroup(const BVPendingGroup &group);
-    int emitRanges(const QVector<int> &rows, const BVTreeViewItem *parent,
-                   const BVPendingGroup &group);
-    QVector<BVTreeViewItem *> itemsOfIds(const std::vector<qint64> &ids) const;
-    QVector<BVTreeViewItem *> itemsLeft(const QVector<BVTreeViewItem *> &items,
-                                        const std::vector<qint64> &ids) const;
-    QVector<int> rowsOf(const QVector<BVTreeViewItem *> &items, const BVTreeViewItem &parent) const;
     void enterMode(UpdateMode mode);
     void leaveMode(UpdateMode mode);
     void setModes(UpdateMode mode, UpdateMode saved);
     void activateBulkItemChanged(bool on);
 
-    void registerItems(const QVector<BVTreeViewItem *> &items);
-    void unregisterItems(const QVector<BVTreeViewItem *> &items);
-    void insertItems(BVTreeViewItem *parent, int row, const QVector<BVTreeViewItem *> &items);
-    void insertFreeItems(BVTreeViewItem *parent, int row, const QVector<BVTreeViewItem *> &items);
-    BVTreeViewItem *takeItem(BVTreeViewItem *parent, int row);
-    QVector<BVTreeViewItem *> takeItems(BVTreeViewItem *parent);
-    QVector<BVTreeViewItem *> takeRows(BVTreeViewItem *parent, int row, int count);
     void beginInsertItems(BVTreeViewItem *parent, int row, int count);
     void endInsertItems();
     void beginRemoveItems(BVTreeViewItem *parent, int row, int count);
@@ -212,8 +181,6 @@ private:
     void changeColumns(Begin begin, Change change, End end);
     void shiftColumns(int column, int count);
     void deleteRows();
-    void sortLists(BVTreeViewItem *parent, int column, Qt::SortOrder order);
-    void sortItems(BVTreeViewItem *parent, int column, Qt::SortOrder order);
     void propagateEnabledRecursively(BVTreeViewItem *item);
     void propagateEnabledBelow(BVTreeViewItem *item);
 
@@ -231,7 +198,7 @@ private:
     std::unique_ptr<BVItemIdMap> m_itemsById; // the root and all rows
     bool m_isHeard = false;                   // itemsChanged() is connected
     bool m_listenersChanged = false;          // since m_isHeard was found out
-    Watch *m_watches = nullptr;               // innermost first
+    BVModelWatch *m_watches = nullptr;        // innermost first
     quint64 m_structure = 0;                  // another one after each change of the structure
 };
 

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QVector>
+
+class BVTreeViewItem;
+class BVTreeViewModel;
+struct BVPendingGroup;
+
+/// Tells of a model's collected changes.
+///
+/// Slots may change the structure meanwhile: then the rows of all that is still to be told are
+/// looked up anew, and what has left the model is not told.
+class BVChangeFlush
+{
+public:
+    explicit BVChangeFlush(BVTreeViewModel *model)
+        : m_model(model)
+    {
+    }
+    /// One dataChanged() for each range of neighbouring rows and one itemsChanged() for all. False
+    /// if a slot has deleted the model.
+    bool tell(const BVPendingGroup &group) const;
+
+private:
+    using Items = QVector<BVTreeViewItem *>;
+
+    Items itemsOf(const BVPendingGroup &group) const;
+    Items left(const Items &items, const BVPendingGroup &group) const;
+    Items byRow(const Items &items, const BVPendingGroup &group) const;
+    int tellRanges(const Items &items, const BVPendingGroup &group) const;
+    void tellRows(int first, int last, BVTreeViewItem *parent, const BVPendingGroup &group) const;
+
+    BVTreeViewModel *m_model;
+};

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+class BVTreeViewItem;
+class BVTreeViewModel;
+
+/// Tells whether an item, and its model itself, have outlived the slots that were called since.
+///
+/// Watches stand on the stack, so that the innermost one goes first.
+class BVModelWatch
+{
+public:
+    /// Without a model there is nothing that could live.
+    BVModelWatch(BVTreeViewModel *model, const BVTreeViewItem *item);
+    ~BVModelWatch();
+    BVModelWatch(const BVModelWatch &) = delete;
+    BVModelWatch &operator=(const BVModelWatch &) = delete;
+
+    bool isModelAlive() const { return m_model != nullptr; }
+    /// Whether rows have kept their places; false when the model is gone.
+    bool isStructureKept() const;
+    /// Also false for an item that has been taken out of the model.
+    bool isItemAlive() const;
+    /// To be called when the model goes.
+    static void release(BVTreeViewModel *model);
+
+private:
+    BVTreeViewModel *m_model; // null when it is gone
+    BVModelWatch *m_outer;
+    quint64 m_structure;
+    qint64 m_id;
+};
