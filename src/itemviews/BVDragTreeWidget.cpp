@@ -2,10 +2,13 @@
 #include "itemviews/BVDragTreeWidget.h"
 
 #include "itemviews/BVDelegateManager.h"
+#include "itemviews/BVDragHost_p.h"
 #include "itemviews/BVItemDelegate.h"
 #include "itemviews/BVTreeContentHeight_p.h"
 #include "itemviews/BVTreeHover_p.h"
 #include "itemviews/BVTreeItemMove_p.h"
+#include "itemviews/TreeViewContextMenu.h"
+#include "itemviews/TreeViewCopyHandler.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -191,8 +194,8 @@ QItemSelectionModel::SelectionFlags BVDragTreeWidget::selectionCommand(const QMo
     const auto command = QTreeWidget::selectionCommand(index, event);
     const bool isSingle = selectionMode() == QAbstractItemView::SingleSelection;
     const bool isRelease = event && event->type() == QEvent::MouseButtonRelease;
-    const bool deselects = isSingle ? command & QItemSelectionModel::Deselect
-                                    : isRelease && !index.isValid();
+    const bool deselects =
+        isSingle ? command & QItemSelectionModel::Deselect : isRelease && !index.isValid();
     if (deselects && !m_deselectionEnabled)
         return QItemSelectionModel::NoUpdate;
     return command;
@@ -305,7 +308,7 @@ QTreeWidgetItem *BVDragTreeWidget::takeItem(QTreeWidgetItem *item)
 BVDragAndDropManager *BVDragTreeWidget::initDragAndDropManager()
 {
     if (!m_dragAndDropManager)
-        setDragAndDropManager(new BVDragAndDropManager(this));
+        setDragAndDropManager(BVDragHost::makeManager(this));
     return m_dragAndDropManager;
 }
 
@@ -318,12 +321,12 @@ void BVDragTreeWidget::setDragAndDropManager(BVDragAndDropManager *manager)
 void BVDragTreeWidget::setDragEnabled(bool enable)
 {
     QTreeWidget::setDragEnabled(enable);
+    viewport()->update();
 }
 
 void BVDragTreeWidget::setDraggingState(BVDragAndDropManager::DragState state)
 {
-    setState(state == BVDragAndDropManager::Dragging ? DraggingState : NoState);
-    viewport()->update();
+    BVDragHost::setDraggingState(this, state, isPersistentEditorOpen(currentIndex()));
 }
 
 // Context menu
@@ -341,7 +344,46 @@ void BVDragTreeWidget::contextMenuEvent(QContextMenuEvent *event)
 
 void BVDragTreeWidget::showContextMenu(const QPoint &position)
 {
-    Q_UNUSED(position)
+    TreeViewContextMenu menu(this, position);
+    if (m_copyHandler)
+        m_copyHandler->addCopyActionsToMenu(menu);
+    menu.show();
+}
+
+// Copying
+
+TreeViewCopyHandler *BVDragTreeWidget::initCopyHandler()
+{
+    if (!m_copyHandler)
+        m_copyHandler = new TreeViewCopyHandler(this);
+    return m_copyHandler;
+}
+
+void BVDragTreeWidget::enableCopyAllAction(bool enable)
+{
+    initCopyHandler()->enableCopyAllAction(enable);
+}
+
+bool BVDragTreeWidget::isCopyAllActionEnabled() const
+{
+    return m_copyHandler && m_copyHandler->isCopyAllActionEnabled();
+}
+
+void BVDragTreeWidget::enableCopySelectedAction(bool enable)
+{
+    initCopyHandler()->enableCopySelectedAction(enable);
+}
+
+bool BVDragTreeWidget::isCopySelectedActionEnabled() const
+{
+    return m_copyHandler && m_copyHandler->isCopySelectedActionEnabled();
+}
+
+void BVDragTreeWidget::setSelectionModel(QItemSelectionModel *selectionModel)
+{
+    QTreeWidget::setSelectionModel(selectionModel);
+    if (m_copyHandler)
+        m_copyHandler->selectionModelChanged();
 }
 
 // Painting
@@ -352,27 +394,33 @@ void BVDragTreeWidget::setShowTopLevelSeparator(bool show)
     viewport()->update();
 }
 
+/// A tint with a bar in front.
+void BVDragTreeWidget::paintHoverTint(QPainter *painter, const QRect &row) const
+{
+    QColor tint = m_hoverColor;
+    if (tint.alpha() == 255)
+        tint.setAlpha(s_hoverAlpha);
+    painter->fillRect(row, tint);
+    const QRect bar(row.topLeft(), QSize(s_hoverBarWidth, row.height()));
+    painter->fillRect(QStyle::visualRect(layoutDirection(), row, bar), m_hoverColor);
+}
+
+/// The tint lies under the text where the style leaves the row's background as it is.
 void BVDragTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
                                const QModelIndex &index) const
 {
     const QRect row(0, option.rect.top(), viewport()->width(), option.rect.height());
     const bool isTinted = m_tintedRow.isValid() && m_tintedRow == index.siblingAtColumn(0);
-    QStyleOptionViewItem tinted = option;
-    if (isTinted) {
-        QColor tint = m_hoverColor;
-        if (tint.alpha() == 255)
-            tint.setAlpha(s_hoverAlpha);
-        painter->fillRect(row, tint);
-        tinted.palette.setColor(QPalette::AlternateBase, tint); // over every second row
-    }
-    QTreeWidget::drawRow(painter, tinted, index);
-    if (isTinted) {
-        const QRect bar(row.topLeft(), QSize(s_hoverBarWidth, row.height()));
-        painter->fillRect(QStyle::visualRect(layoutDirection(), row, bar), m_hoverColor);
-    }
+    const bool isCovered = alternatingRowColors() || selectionModel()->isSelected(index);
+    if (isTinted && !isCovered)
+        paintHoverTint(painter, row);
+    QTreeWidget::drawRow(painter, option, index);
+    if (isTinted && isCovered)
+        paintHoverTint(painter, row);
     if (m_topLevelSeparatorShown && index.parent() == rootIndex() && indexAbove(index).isValid()) {
         const int color = style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this);
-        painter->fillRect(QRect(row.topLeft(), QSize(row.width(), 1)), QColor::fromRgba(QRgb(color)));
+        painter->fillRect(QRect(row.topLeft(), QSize(row.width(), 1)),
+                          QColor::fromRgba(QRgb(color)));
     }
 }
 
@@ -389,12 +437,5 @@ void BVDragTreeWidget::drawBranches(QPainter *painter, const QRect &rect,
 void BVDragTreeWidget::paintEvent(QPaintEvent *event)
 {
     QTreeWidget::paintEvent(event);
-    if (!m_dragAndDropManager)
-        return;
-    QPainter painter(viewport());
-    if (state() == DraggingState) {
-        m_dragAndDropManager->paintDropTargetItemPreview(&painter);
-        m_dragAndDropManager->paintDropTargetWidgetVisualization(&painter);
-    }
-    m_dragAndDropManager->paintDragAndDropInfoText(&painter);
+    BVDragHost::paint(this, m_dragAndDropManager);
 }

@@ -34,8 +34,8 @@ class BVWIDGETS_EXPORT BVDragTreeWidget : public QTreeWidget
     Q_OBJECT
     Q_PROPERTY(bool resizable READ isResizable WRITE setResizable)
     Q_PROPERTY(bool deselectionEnabled READ isDeselectionEnabled WRITE enableDeselection)
-    Q_PROPERTY(bool topLevelSeparatorShown READ isTopLevelSeparatorShown WRITE
-                   setShowTopLevelSeparator)
+    Q_PROPERTY(
+        bool topLevelSeparatorShown READ isTopLevelSeparatorShown WRITE setShowTopLevelSeparator)
 
 public:
     explicit BVDragTreeWidget(QWidget *parent = nullptr);
@@ -73,15 +73,27 @@ public:
     /// the tree.
     QTreeWidgetItem *takeItem(QTreeWidgetItem *item);
 
-    /// The manager of drags, made when there is none yet.
-    BVDragAndDropManager *initDragAndDropManager();
+    /// The manager of the rows that are dragged out of the tree and over it; null for none.
     BVDragAndDropManager *getDragAndDropManager() const { return m_dragAndDropManager; }
-    /// The manager stays with its maker. Null for none.
+    /// The manager belongs to its maker; the one before is put out of work.
     void setDragAndDropManager(BVDragAndDropManager *manager);
-    /// Whether rows may be dragged and dropped.
+    /// The manager, made and owned by the tree if it has none.
+    BVDragAndDropManager *initDragAndDropManager();
+    /// Whether the manager works. Off at first.
     void setDragEnabled(bool enable);
+    /// Called by the manager while something is dragged over the tree.
     void setDraggingState(BVDragAndDropManager::DragState state);
 
+    /// The handler belongs to the tree. Null until copying has been enabled or disabled.
+    TreeViewCopyHandler *getCopyHandler() const { return m_copyHandler; }
+    /// Whether all rows, or those selected, can be copied, by the context menu and, those
+    /// selected, by the standard keys. Off at first.
+    void enableCopyAllAction(bool enable);
+    bool isCopyAllActionEnabled() const;
+    void enableCopySelectedAction(bool enable);
+    bool isCopySelectedActionEnabled() const;
+
+    void setSelectionModel(QItemSelectionModel *selectionModel) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     void doItemsLayout() override;
@@ -118,14 +130,17 @@ protected:
 private:
     class RowHover;
 
+    TreeViewCopyHandler *initCopyHandler();
     int contentHeight() const;
     void onContentChanged();
     void selectMoved(const QList<QTreeWidgetItem *> &rows);
     void clearCurrentByClick(const QMouseEvent *event);
+    void paintHoverTint(QPainter *painter, const QRect &row) const;
 
     std::unique_ptr<RowHover> m_hover;
     std::unique_ptr<BVTreeContentHeight> m_contentHeight;
     QPointer<BVDragAndDropManager> m_dragAndDropManager;
+    TreeViewCopyHandler *m_copyHandler = nullptr; // child of this
     QPersistentModelIndex m_tintedRow;
     QColor m_hoverColor; // of it
     QPoint m_pressPosition;

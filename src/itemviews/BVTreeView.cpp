@@ -3,6 +3,7 @@
 
 #include "itemviews/BVCustomHeaderView.h"
 #include "itemviews/BVDelegateManager.h"
+#include "itemviews/BVDragHost_p.h"
 #include "itemviews/BVItemDelegate.h"
 #include "itemviews/BVRowWalk_p.h"
 #include "itemviews/BVTreeContentHeight_p.h"
@@ -13,14 +14,13 @@
 #include "itemviews/BVTreeModelLink_p.h"
 #include "itemviews/BVTreeViewModel.h"
 #include "itemviews/BVTreeVisibleRows_p.h"
-#include "platform/BVMenu.h"
+#include "itemviews/TreeViewContextMenu.h"
+#include "itemviews/TreeViewCopyHandler.h"
 #include "platform/PropertyChangeFilter.h"
 
 #include <QContextMenuEvent>
 #include <QPainter>
 #include <QScrollBar>
-
-#include <utility>
 
 namespace {
 
@@ -103,6 +103,8 @@ void BVTreeView::onStructureChanged()
 void BVTreeView::setSelectionModel(QItemSelectionModel *selectionModel)
 {
     QTreeView::setSelectionModel(selectionModel);
+    if (m_copyHandler)
+        m_copyHandler->selectionModelChanged();
     viewport()->update();
 }
 
@@ -454,14 +456,44 @@ void BVTreeView::contextMenuEvent(QContextMenuEvent *event)
 
 void BVTreeView::showContextMenu(const QPoint &position)
 {
-    const QModelIndex index = indexAt(position);
-    BVItemDelegate *delegate = BVDelegateManager::itemDelegateOf(this, index);
-    if (!delegate)
-        return;
-    BVMenu menu;
-    delegate->provideContextMenuActions(index, position, this, &menu);
-    if (!menu.isEmpty())
-        menu.exec(viewport()->mapToGlobal(position));
+    TreeViewContextMenu menu(this, position);
+    if (m_copyHandler)
+        m_copyHandler->addCopyActionsToMenu(menu);
+    menu.show();
+}
+
+// Copying
+
+void BVTreeView::makeCopyHandler()
+{
+    if (!m_copyHandler)
+        m_copyHandler = new TreeViewCopyHandler(this);
+}
+
+void BVTreeView::enableCopyAllAction(bool enable)
+{
+    if (enable)
+        makeCopyHandler();
+    if (m_copyHandler)
+        m_copyHandler->enableCopyAllAction(enable);
+}
+
+bool BVTreeView::isCopyAllActionEnabled() const
+{
+    return m_copyHandler && m_copyHandler->isCopyAllActionEnabled();
+}
+
+void BVTreeView::enableCopySelectedAction(bool enable)
+{
+    if (enable)
+        makeCopyHandler();
+    if (m_copyHandler)
+        m_copyHandler->enableCopySelectedAction(enable);
+}
+
+bool BVTreeView::isCopySelectedActionEnabled() const
+{
+    return m_copyHandler && m_copyHandler->isCopySelectedActionEnabled();
 }
 
 // Drag and drop
@@ -474,17 +506,9 @@ void BVTreeView::setDragAndDropManager(BVDragAndDropManager *manager)
 
 BVDragAndDropManager *BVTreeView::initDragAndDropManager()
 {
-    if (m_dragAndDropManager)
-        return m_dragAndDropManager;
-    auto *manager = new BVDragAndDropManager(this);
-    // Starting anew would take the speed out of it.
-    manager->setAutoScrollCallback([this, scrolls = std::make_shared<bool>(false)](bool on) {
-        if (on != std::exchange(*scrolls, on))
-            setAutoscroll(on);
-    });
-    manager->setGetViewOptionsCallback([this] { return viewOptions(); });
-    setDragAndDropManager(manager);
-    return manager;
+    if (!m_dragAndDropManager)
+        setDragAndDropManager(BVDragHost::makeManager(this));
+    return m_dragAndDropManager;
 }
 
 void BVTreeView::setDragEnabled(bool enable)
@@ -495,10 +519,7 @@ void BVTreeView::setDragEnabled(bool enable)
 
 void BVTreeView::setDraggingState(BVDragAndDropManager::DragState state)
 {
-    if (state == BVDragAndDropManager::Dragging)
-        setState(QAbstractItemView::DraggingState);
-    else if (this->state() == QAbstractItemView::DraggingState)
-        setState(isEditingState() ? QAbstractItemView::EditingState : QAbstractItemView::NoState);
+    BVDragHost::setDraggingState(this, state, isEditingState());
 }
 
 // Painting
@@ -539,12 +560,5 @@ void BVTreeView::paintEvent(QPaintEvent *event)
         grid.paintColumn(painter, column);
     }
     QTreeView::paintEvent(event);
-    if (!m_dragAndDropManager)
-        return;
-    QPainter painter(viewport());
-    if (state() == QAbstractItemView::DraggingState) {
-        m_dragAndDropManager->paintDropTargetItemPreview(&painter);
-        m_dragAndDropManager->paintDropTargetWidgetVisualization(&painter);
-    }
-    m_dragAndDropManager->paintDragAndDropInfoText(&painter);
+    BVDragHost::paint(this, m_dragAndDropManager);
 }
