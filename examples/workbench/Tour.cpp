@@ -51,7 +51,7 @@ bool Tour::run()
            openPreferences() && useLightVersion() && useBiggerFont() && openAluminium() &&
            refuseFile() && moveSliders() && dragLimit() && turnWheel() && beginNewSetup() &&
            useNarrowWindow() && showResults() && changeLimit() && uncheckResults() &&
-           searchResults() && loadLongRun();
+           searchResults() && loadLongRun() && planOperation();
 }
 
 bool Tour::prepare()

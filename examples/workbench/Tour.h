@@ -47,6 +47,7 @@ private:
     bool uncheckResults();
     bool searchResults();
     bool loadLongRun();
+    bool planOperation();
 
     FieldEditor *field(const char *group, const char *key) const;
     BVSlider *slider(const char *key) const;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "OperationsPage.h"
 #include "ResultsModel.h"
 #include "ResultsPage.h"
 #include "Tour.h"
@@ -6,7 +7,9 @@
 #include "WorkbenchWindow.h"
 
 #include <BVCheckBox.h>
+#include <BVContainerListControl.h>
 #include <BVCustomHeaderView.h>
+#include <BVDragTreeWidget.h>
 #include <BVItemDelegate.h>
 #include <BVLineEdit.h>
 #include <BVTreeView.h>
@@ -127,4 +130,20 @@ bool Tour::loadLongRun()
     return expect(page->model()->childCount() == ResultsData::s_longRunRows,
                   QStringLiteral("the long run has all its rows")) &&
            picture(QStringLiteral("long_run"));
+}
+
+bool Tour::planOperation()
+{
+    OperationsPage *page = m_window.operations();
+    m_window.showPageOf(page);
+    BVDragTreeWidget *available = page->available()->tree();
+    available->setFocus(Qt::TabFocusReason);
+    page->available()->setCurrentItem(page->available()->topLevelItem(0));
+    page->plan()->setCurrentItem(page->plan()->topLevelItem(1));
+    if (!picture(QStringLiteral("operations")))
+        return false;
+    sendKey(available, Qt::Key_Right, QString(), Qt::AltModifier);
+    return expect(page->plan()->topLevelItem(2)->text(0) == QStringLiteral("Heating"),
+                  QStringLiteral("the operation is behind the current one of the plan")) &&
+           picture(QStringLiteral("operation_planned"));
 }

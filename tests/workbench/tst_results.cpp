@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "OperationsPage.h"
 #include "ResultsDelegate.h"
 #include "ResultsModel.h"
 #include "ResultsPage.h"
@@ -7,7 +8,10 @@
 #include "WorkbenchWindow.h"
 
 #include <BVCheckBox.h>
+#include <BVContainerListControl.h>
 #include <BVCustomHeaderView.h>
+#include <BVDragTreeWidget.h>
+#include <BVLabel.h>
 #include <BVLineEdit.h>
 #include <BVTreeView.h>
 #include <BVWidgetStatus.h>
@@ -53,6 +57,7 @@ private Q_SLOTS:
     void sortsByValueAndByProcess();
     void filters();
     void longRunIsWhole();
+    void operationsAreExchanged();
 };
 
 void tst_Results::dataIsPlausible()
@@ -173,6 +178,28 @@ void tst_Results::longRunIsWhole()
     QCOMPARE(page->model()->childCount(), 175);
     window.showPageOf(window.form());
     QVERIFY(!page->isVisibleTo(&window));
+}
+
+void tst_Results::operationsAreExchanged()
+{
+    OperationsPage page;
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    BVContainerListControl *plan = page.plan();
+    BVContainerListControl *available = page.available();
+    const QString heating = available->topLevelItem(0)->text(0);
+    available->tree()->setFocus();
+    available->setCurrentItem(available->topLevelItem(0));
+    QTest::keyClick(available->tree(), Qt::Key_Right, Qt::AltModifier);
+    QCOMPARE(plan->topLevelItemCount(), 6);
+    QVERIFY(plan->tree()->hasFocus());
+    plan->setCurrentItem(plan->topLevelItem(5));
+    QTest::keyClick(plan->tree(), Qt::Key_Up, Qt::AltModifier);
+    QCOMPARE(plan->topLevelItem(4)->text(0), heating);
+    QVERIFY(page.summary()->text().contains(heating));
+    plan->removeSelected();
+    QCOMPARE(available->topLevelItem(available->topLevelItemCount() - 1)->text(0), heating);
+    QVERIFY(!page.summary()->text().contains(heating));
 }
 
 QTEST_MAIN(tst_Results)
