@@ -322,34 +322,50 @@ void BVContainerListControl::watchManager(BVDragAndDropManager *manager)
             [this](const QModelIndexList &rows, QMimeData &mime, QPixmap &,
                    QModelIndexList &dragged) { prepareDrag(rows, mime, dragged); });
     connect(manager, &BVDragAndDropManager::sigDropEvent, this, &BVContainerListControl::onDrop);
+    const QPointer<BVContainerListControl> guard(this);
+    manager->setDragMoveCallback(
+        [guard](QDragMoveEvent *event) { return guard && guard->refuseMove(event); });
+    manager->setDragWholeRow(true);
+    manager->setUseMoveVisualizationLine(true); // rows are moved more often than put below others
 }
 
 void BVContainerListControl::prepareDrag(const QModelIndexList &rows, QMimeData &mime,
-                                         QModelIndexList &dragged)
+                                         QModelIndexList &dragged) const
 {
     if (!m_dragAndDropEnabled)
         return;
-    dragged.clear();
-    m_dragged.clear();
     QVariantList values;
-    const QModelIndexList ordered = BVDropRules::inTreeOrder(rows);
-    for (const QModelIndex &row : ordered) {
-        const QModelIndex first = row.siblingAtColumn(0);
-        dragged.append(first);
-        m_dragged.append(first);
-        values.append(first.data(Qt::UserRole));
+    dragged.clear();
+    for (const QModelIndex &row : rows) {
+        dragged.append(row.siblingAtColumn(0));
+        values.append(dragged.constLast().data(Qt::UserRole));
     }
     mime.setData(BVPlannelData::format(), BVPlannelData::encode(values));
 }
 
-/// Those of the dragged rows that are still there.
-QList<QTreeWidgetItem *> BVContainerListControl::draggedItems() const
+/// The dragged rows if a control in this process is their source.
+QList<QTreeWidgetItem *> BVContainerListControl::draggedItems(const DragDropInfo &info)
 {
+    const BVContainerListControl *source = controlOf(info.source);
     QList<QTreeWidgetItem *> items;
-    for (const QPersistentModelIndex &index : m_dragged)
-        if (m_tree && index.isValid())
-            items.append(m_tree->itemFromIndex(index));
+    if (source && source->m_dragAndDropEnabled)
+        for (const QModelIndex &index : info.draggedIndexes)
+            items.append(source->m_tree->itemFromIndex(index));
     return items;
+}
+
+/// Whether the move is refused. The manager still shows the last place that was not.
+bool BVContainerListControl::refuseMove(QDragMoveEvent *event)
+{
+    if (!m_dragAndDropEnabled)
+        return false;
+    const QModelIndex target = m_tree->indexAt(event->pos());
+    const auto position = m_manager->advancedDropIndicatorPosition(event->pos(), target);
+    QTreeWidgetItem *parent = m_tree->itemFromIndex(BVDropRules::dropParent(target, position));
+    if (mayDrop(draggedItems(m_manager->getDragAndDropInfo()), parent))
+        return false;
+    event->ignore();
+    return true;
 }
 
 void BVContainerListControl::onDrop(QDropEvent *event)
@@ -363,8 +379,8 @@ void BVContainerListControl::onDrop(QDropEvent *event)
 bool BVContainerListControl::takeDrop(const QMimeData *mime, const DragDropInfo &info)
 {
     QTreeWidgetItem *parent = m_tree->itemFromIndex(info.dropParent());
-    if (const BVContainerListControl *source = controlOf(info.source))
-        return moveHere(source->draggedItems(), parent, info.dropRow());
+    if (controlOf(info.source))
+        return moveHere(draggedItems(info), parent, info.dropRow());
     QVariantList values;
     if (!mime || !BVPlannelData::decode(mime->data(BVPlannelData::format()), &values) ||
         !mayDrop({}, parent))

@@ -135,16 +135,16 @@ private:
     void watchManager(BVDragAndDropManager *manager);
     bool mayDrop(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent);
     bool moveHere(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent, int row);
-    void prepareDrag(const QModelIndexList &rows, QMimeData &mime, QModelIndexList &dragged);
+    void prepareDrag(const QModelIndexList &rows, QMimeData &mime, QModelIndexList &dragged) const;
+    bool refuseMove(QDragMoveEvent *event);
     void onDrop(QDropEvent *event);
     bool takeDrop(const QMimeData *mime, const DragDropInfo &info);
-    QList<QTreeWidgetItem *> draggedItems() const;
+    static QList<QTreeWidgetItem *> draggedItems(const DragDropInfo &info);
 
     QPointer<BVDragTreeWidget> m_tree;
     BVListToolBar *m_toolBar = nullptr; // child of this; null without a tool bar
     QPointer<BVDragAndDropManager> m_manager; // the one that is listened to
     QTimer *m_updateTimer; // child of this
-    QList<QPersistentModelIndex> m_dragged; // first cells
     QAbstractItemView::EditTriggers m_editTriggers; // while they are disabled
     bool m_areTriggersOff = false;
     bool m_editable = true;

@@ -4,11 +4,11 @@
 #include "foundation/MainWindow.h"
 #include "foundation/RegisterDragAndDropWidgetEvent.h"
 #include "itemviews/BVDragHint_p.h"
+#include "itemviews/BVDragHost_p.h"
 #include "itemviews/BVDragPixmap_p.h"
 #include "itemviews/BVDropPainter_p.h"
 #include "itemviews/BVDropRules_p.h"
 #include "itemviews/BVRegisteredDropWidgets_p.h"
-#include "itemviews/BVTreeView.h"
 
 #include <QApplication>
 #include <QDrag>
@@ -112,11 +112,7 @@ BVDragAndDropManager::~BVDragAndDropManager() = default;
 
 BVDragAndDropManager *BVDragAndDropManager::managerOf(const QTreeView *view)
 {
-    if (!view)
-        return nullptr;
-    if (const auto *treeView = qobject_cast<const BVTreeView *>(view))
-        return treeView->getDragAndDropManager();
-    return view->findChild<BVDragAndDropManager *>(QString(), Qt::FindDirectChildrenOnly);
+    return BVDragHost::managerOf(view);
 }
 
 /// Another manager works for the view.
@@ -244,8 +240,7 @@ void BVDragAndDropManager::setDragState(DragState state)
     if (state == m_dragState)
         return;
     m_dragState = state;
-    if (auto *view = qobject_cast<BVTreeView *>(m_treeView))
-        view->setDraggingState(state);
+    BVDragHost::tellState(m_treeView, state);
     if (const auto callback = m_stateCallback)
         callback(state);
 }

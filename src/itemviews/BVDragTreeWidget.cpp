@@ -2,6 +2,7 @@
 #include "itemviews/BVDragTreeWidget.h"
 
 #include "itemviews/BVDelegateManager.h"
+#include "itemviews/BVDragHost_p.h"
 #include "itemviews/BVItemDelegate.h"
 #include "itemviews/BVTreeContentHeight_p.h"
 #include "itemviews/BVTreeHover_p.h"
@@ -305,7 +306,7 @@ QTreeWidgetItem *BVDragTreeWidget::takeItem(QTreeWidgetItem *item)
 BVDragAndDropManager *BVDragTreeWidget::initDragAndDropManager()
 {
     if (!m_dragAndDropManager)
-        setDragAndDropManager(new BVDragAndDropManager(this));
+        setDragAndDropManager(BVDragHost::makeManager(this));
     return m_dragAndDropManager;
 }
 
@@ -318,12 +319,12 @@ void BVDragTreeWidget::setDragAndDropManager(BVDragAndDropManager *manager)
 void BVDragTreeWidget::setDragEnabled(bool enable)
 {
     QTreeWidget::setDragEnabled(enable);
+    viewport()->update();
 }
 
 void BVDragTreeWidget::setDraggingState(BVDragAndDropManager::DragState state)
 {
-    setState(state == BVDragAndDropManager::Dragging ? DraggingState : NoState);
-    viewport()->update();
+    BVDragHost::setDraggingState(this, state, isPersistentEditorOpen(currentIndex()));
 }
 
 // Context menu
@@ -389,12 +390,5 @@ void BVDragTreeWidget::drawBranches(QPainter *painter, const QRect &rect,
 void BVDragTreeWidget::paintEvent(QPaintEvent *event)
 {
     QTreeWidget::paintEvent(event);
-    if (!m_dragAndDropManager)
-        return;
-    QPainter painter(viewport());
-    if (state() == DraggingState) {
-        m_dragAndDropManager->paintDropTargetItemPreview(&painter);
-        m_dragAndDropManager->paintDropTargetWidgetVisualization(&painter);
-    }
-    m_dragAndDropManager->paintDragAndDropInfoText(&painter);
+    BVDragHost::paint(this, m_dragAndDropManager);
 }

@@ -73,13 +73,15 @@ public:
     /// the tree.
     QTreeWidgetItem *takeItem(QTreeWidgetItem *item);
 
-    /// The manager of drags, made when there is none yet.
-    BVDragAndDropManager *initDragAndDropManager();
+    /// The manager of the rows that are dragged out of the tree and over it; null for none.
     BVDragAndDropManager *getDragAndDropManager() const { return m_dragAndDropManager; }
-    /// The manager stays with its maker. Null for none.
+    /// The manager belongs to its maker; the one before is put out of work.
     void setDragAndDropManager(BVDragAndDropManager *manager);
-    /// Whether rows may be dragged and dropped.
+    /// The manager, made and owned by the tree if it has none.
+    BVDragAndDropManager *initDragAndDropManager();
+    /// Whether the manager works. Off at first.
     void setDragEnabled(bool enable);
+    /// Called by the manager while something is dragged over the tree.
     void setDraggingState(BVDragAndDropManager::DragState state);
 
     QSize sizeHint() const override;

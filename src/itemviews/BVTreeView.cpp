@@ -3,6 +3,7 @@
 
 #include "itemviews/BVCustomHeaderView.h"
 #include "itemviews/BVDelegateManager.h"
+#include "itemviews/BVDragHost_p.h"
 #include "itemviews/BVItemDelegate.h"
 #include "itemviews/BVRowWalk_p.h"
 #include "itemviews/BVTreeContentHeight_p.h"
@@ -19,8 +20,6 @@
 #include <QContextMenuEvent>
 #include <QPainter>
 #include <QScrollBar>
-
-#include <utility>
 
 namespace {
 
@@ -474,17 +473,9 @@ void BVTreeView::setDragAndDropManager(BVDragAndDropManager *manager)
 
 BVDragAndDropManager *BVTreeView::initDragAndDropManager()
 {
-    if (m_dragAndDropManager)
-        return m_dragAndDropManager;
-    auto *manager = new BVDragAndDropManager(this);
-    // Starting anew would take the speed out of it.
-    manager->setAutoScrollCallback([this, scrolls = std::make_shared<bool>(false)](bool on) {
-        if (on != std::exchange(*scrolls, on))
-            setAutoscroll(on);
-    });
-    manager->setGetViewOptionsCallback([this] { return viewOptions(); });
-    setDragAndDropManager(manager);
-    return manager;
+    if (!m_dragAndDropManager)
+        setDragAndDropManager(BVDragHost::makeManager(this));
+    return m_dragAndDropManager;
 }
 
 void BVTreeView::setDragEnabled(bool enable)
@@ -495,10 +486,7 @@ void BVTreeView::setDragEnabled(bool enable)
 
 void BVTreeView::setDraggingState(BVDragAndDropManager::DragState state)
 {
-    if (state == BVDragAndDropManager::Dragging)
-        setState(QAbstractItemView::DraggingState);
-    else if (this->state() == QAbstractItemView::DraggingState)
-        setState(isEditingState() ? QAbstractItemView::EditingState : QAbstractItemView::NoState);
+    BVDragHost::setDraggingState(this, state, isEditingState());
 }
 
 // Painting
@@ -539,12 +527,5 @@ void BVTreeView::paintEvent(QPaintEvent *event)
         grid.paintColumn(painter, column);
     }
     QTreeView::paintEvent(event);
-    if (!m_dragAndDropManager)
-        return;
-    QPainter painter(viewport());
-    if (state() == QAbstractItemView::DraggingState) {
-        m_dragAndDropManager->paintDropTargetItemPreview(&painter);
-        m_dragAndDropManager->paintDropTargetWidgetVisualization(&painter);
-    }
-    m_dragAndDropManager->paintDragAndDropInfoText(&painter);
+    BVDragHost::paint(this, m_dragAndDropManager);
 }

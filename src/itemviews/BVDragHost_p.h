@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "itemviews/BVDragAndDropManager.h"
+
+/// What tree views of different classes do for their drag-and-drop managers.
+namespace BVDragHost {
+
+/// The manager that a view of the library says to have, or one that another view is parent of.
+BVDragAndDropManager *managerOf(const QTreeView *view);
+/// Tells a view of the library.
+void tellState(QTreeView *view, BVDragAndDropManager::DragState state);
+
+/// A manager that scrolls the view and paints rows as the view does. A child of the view.
+BVDragAndDropManager *makeManager(QTreeView *view);
+/// Brings the view into the state of dragging, or out of it, back to editing or none.
+void setDraggingState(QTreeView *view, BVDragAndDropManager::DragState state, bool isEditing);
+/// Paints what the manager has to show over the rows; null has nothing.
+void paint(QTreeView *view, BVDragAndDropManager *manager);
+
+} // namespace BVDragHost
