@@ -11,6 +11,7 @@
 #include <BVPushButton.h>
 #include <BVTextEdit.h>
 #include <BVTreeView.h>
+#include <TreeViewCopyHandler.h>
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -116,6 +117,11 @@ void ResultsPage::setUpView()
     m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
                             QAbstractItemView::EditKeyPressed);
     m_view->setShowGrid(true);
+    m_view->enableCopySelectedAction(true);
+    m_view->enableCopyAllAction(true);
+    m_view->getCopyHandler()->setUseFormattedValues(true);
+    m_view->getCopyHandler()->setHtmlEnabled(true);
+    m_view->getCopyHandler()->setIgnoredColumns({ResultsModel::Show});
     m_view->useCheckStateHeader(ResultsModel::Show, Qt::AlignLeft | Qt::AlignVCenter);
     m_view->header()->setSectionsClickable(true);
     m_view->header()->setSortIndicator(ResultsModel::Result, Qt::AscendingOrder);

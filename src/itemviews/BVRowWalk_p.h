@@ -15,7 +15,7 @@ enum Step {
 };
 
 /// Visits the first cell of each row below @p parent, parents before children, which @p visit
-/// answers with a Step. The model must not change meanwhile.
+/// answers with a Step. Rows without columns are left out. The model must not change meanwhile.
 template <typename Visit>
 void visit(const QAbstractItemModel &model, const QModelIndex &parent, Visit &&visit)
 {
@@ -33,6 +33,8 @@ void visit(const QAbstractItemModel &model, const QModelIndex &parent, Visit &&v
             continue;
         }
         const QModelIndex index = model.index(level.row++, 0, level.parent);
+        if (!index.isValid())
+            continue;
         const Step step = visit(index);
         if (step == Stop)
             return;

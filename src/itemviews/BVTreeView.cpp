@@ -14,7 +14,8 @@
 #include "itemviews/BVTreeModelLink_p.h"
 #include "itemviews/BVTreeViewModel.h"
 #include "itemviews/BVTreeVisibleRows_p.h"
-#include "platform/BVMenu.h"
+#include "itemviews/TreeViewContextMenu.h"
+#include "itemviews/TreeViewCopyHandler.h"
 #include "platform/PropertyChangeFilter.h"
 
 #include <QContextMenuEvent>
@@ -102,6 +103,8 @@ void BVTreeView::onStructureChanged()
 void BVTreeView::setSelectionModel(QItemSelectionModel *selectionModel)
 {
     QTreeView::setSelectionModel(selectionModel);
+    if (m_copyHandler)
+        m_copyHandler->selectionModelChanged();
     viewport()->update();
 }
 
@@ -453,14 +456,44 @@ void BVTreeView::contextMenuEvent(QContextMenuEvent *event)
 
 void BVTreeView::showContextMenu(const QPoint &position)
 {
-    const QModelIndex index = indexAt(position);
-    BVItemDelegate *delegate = BVDelegateManager::itemDelegateOf(this, index);
-    if (!delegate)
-        return;
-    BVMenu menu;
-    delegate->provideContextMenuActions(index, position, this, &menu);
-    if (!menu.isEmpty())
-        menu.exec(viewport()->mapToGlobal(position));
+    TreeViewContextMenu menu(this, position);
+    if (m_copyHandler)
+        m_copyHandler->addCopyActionsToMenu(menu);
+    menu.show();
+}
+
+// Copying
+
+void BVTreeView::makeCopyHandler()
+{
+    if (!m_copyHandler)
+        m_copyHandler = new TreeViewCopyHandler(this);
+}
+
+void BVTreeView::enableCopyAllAction(bool enable)
+{
+    if (enable)
+        makeCopyHandler();
+    if (m_copyHandler)
+        m_copyHandler->enableCopyAllAction(enable);
+}
+
+bool BVTreeView::isCopyAllActionEnabled() const
+{
+    return m_copyHandler && m_copyHandler->isCopyAllActionEnabled();
+}
+
+void BVTreeView::enableCopySelectedAction(bool enable)
+{
+    if (enable)
+        makeCopyHandler();
+    if (m_copyHandler)
+        m_copyHandler->enableCopySelectedAction(enable);
+}
+
+bool BVTreeView::isCopySelectedActionEnabled() const
+{
+    return m_copyHandler && m_copyHandler->isCopySelectedActionEnabled();
 }
 
 // Drag and drop

@@ -19,6 +19,7 @@ class BVTreeHover;
 class BVTreeModelLink;
 class BVTreeViewDataListener;
 class BVTreeVisibleRows;
+class TreeViewCopyHandler;
 
 /// The tree and table view of the library, over a BVTreeViewModel or any other model.
 ///
@@ -103,6 +104,15 @@ public:
     /// Called by the manager while something is dragged over the view.
     void setDraggingState(BVDragAndDropManager::DragState state);
 
+    /// The handler belongs to the view. Null until copying is enabled.
+    TreeViewCopyHandler *getCopyHandler() const { return m_copyHandler; }
+    /// Whether all rows, or those selected, can be copied, by the context menu and, those
+    /// selected, by the standard keys. Off at first.
+    void enableCopyAllAction(bool enable);
+    bool isCopyAllActionEnabled() const;
+    void enableCopySelectedAction(bool enable);
+    bool isCopySelectedActionEnabled() const;
+
     bool isEditingState() const;
     QStyleOptionViewItem getViewOptions() const { return viewOptions(); }
 
@@ -154,8 +164,8 @@ protected:
     /// Whether the cell is to be passed over although it is editable: by default, if its delegate
     /// is a BVItemDelegate that says so.
     virtual bool isEditingPrevented(const QModelIndex &index) const;
-    /// Opens the menu for a click at @p position in the viewport: the entries of the cell's
-    /// delegate, or none.
+    /// Opens the menu for a click at @p position in the viewport: a TreeViewContextMenu with what
+    /// can be copied. Nothing opens if it has no entries.
     virtual void showContextMenu(const QPoint &position);
 
     using QTreeView::edit;
@@ -187,6 +197,7 @@ private:
     void onContentChanged();
     void onStructureChanged();
     void updateGeometryIfResizable();
+    void makeCopyHandler();
 
     std::unique_ptr<BVTreeEditController> m_editController;
     std::unique_ptr<BVTreeHover> m_hover;
@@ -195,6 +206,7 @@ private:
     std::unique_ptr<BVTreeVisibleRows> m_visibleRows;
     std::unique_ptr<BVTreeModelLink> m_modelLink;
     QPointer<BVDragAndDropManager> m_dragAndDropManager;
+    TreeViewCopyHandler *m_copyHandler = nullptr; // child of this
     bool m_resizable = false;
     int m_spaceToAdd = 0; // rows
     int m_minimumResizableHeight = 0;

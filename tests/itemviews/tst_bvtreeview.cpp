@@ -18,6 +18,7 @@
 #include <QSignalSpy>
 #include <QSortFilterProxyModel>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 
@@ -325,6 +326,7 @@ void tst_BVTreeView::hover()
     hover(QEvent::HoverLeave, QPoint(-1, -1));
     QCOMPARE(log, " +a0 -a0 +d1 -d1");
     hover(QEvent::HoverMove, first);
+    QTimer::singleShot(0, [] { QApplication::activePopupWidget()->close(); });
     QContextMenuEvent menu(QContextMenuEvent::Mouse, first);
     QApplication::sendEvent(tree.m_view.viewport(), &menu);
     QVERIFY(!tree.m_view.getHoverItem().isValid());

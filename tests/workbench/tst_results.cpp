@@ -13,6 +13,7 @@
 #include <BVDragTreeWidget.h>
 #include <BVLabel.h>
 #include <BVLineEdit.h>
+#include <BVTextEdit.h>
 #include <BVTreeView.h>
 #include <BVWidgetStatus.h>
 #include <UnitsConfiguration.h>
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void sortsByValueAndByProcess();
     void filters();
     void longRunIsWhole();
+    void copiesWhatIsShown();
     void operationsAreExchanged();
 };
 
@@ -178,6 +180,23 @@ void tst_Results::longRunIsWhole()
     QCOMPARE(page->model()->childCount(), 175);
     window.showPageOf(window.form());
     QVERIFY(!page->isVisibleTo(&window));
+}
+
+void tst_Results::copiesWhatIsShown()
+{
+    ResultsPage page;
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    page.view()->expand(cell(page.view(), s_lastDrawing, 0));
+    page.view()->setFocus();
+    page.view()->setCurrentIndex(cell(page.view(), s_lastDrawing, 0));
+    QTest::keyClick(page.view(), Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(page.view(), Qt::Key_C, Qt::ControlModifier);
+    page.pasteEdit()->setFocus();
+    QTest::keyClick(page.pasteEdit(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(page.pasteEdit()->toPlainText(), QStringLiteral("Result\tMinimum\tMaximum\tLimit\n"
+                                                             "40 mm stroke\t\t\t\n"
+                                                             "Thickness\t0.617 mm\t0.874 mm\t0.620 mm"));
 }
 
 void tst_Results::operationsAreExchanged()

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "itemviews/BVTableMimeData_p.h"
+
+#include <QStringList>
+#include <QVariant>
+
+namespace {
+
+const QLatin1String s_htmlFormat("text/html");
+
+} // namespace
+
+BVTableMimeData::BVTableMimeData(const BVTableText &table)
+    : m_table(table)
+{
+    setText(table.plainText());
+}
+
+QStringList BVTableMimeData::formats() const
+{
+    return QMimeData::formats() << s_htmlFormat;
+}
+
+bool BVTableMimeData::hasFormat(const QString &format) const
+{
+    return format == s_htmlFormat || QMimeData::hasFormat(format);
+}
+
+QVariant BVTableMimeData::retrieveData(const QString &format, QVariant::Type type) const
+{
+    if (format != s_htmlFormat)
+        return QMimeData::retrieveData(format, type);
+    if (m_html.isEmpty())
+        m_html = m_table.html();
+    return type == QVariant::ByteArray ? QVariant(m_html.toUtf8()) : QVariant(m_html);
+}
