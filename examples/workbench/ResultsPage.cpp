@@ -26,7 +26,7 @@ constexpr int s_spacing = 6;         // px
 constexpr int s_numberWidth = 13;    // characters of a column with numbers
 constexpr int s_showWidth = 9;       // characters of the column with check boxes
 constexpr int s_tabWidth = 20;       // characters between tab stops
-constexpr int s_pasteHeight = 110;   // px
+constexpr int s_pasteHeight = 134;   // px
 constexpr int s_expandLimit = 20000; // rows up to which all of a filtered tree are opened
 
 int textWidth(const QWidget *widget, int characters)

@@ -45,6 +45,8 @@ private:
     bool showResults();
     bool changeLimit();
     bool uncheckResults();
+    bool copyResults();
+    bool openContextMenu();
     bool searchResults();
     bool loadLongRun();
     bool planOperation();

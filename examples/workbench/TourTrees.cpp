@@ -12,6 +12,7 @@
 #include <BVDragTreeWidget.h>
 #include <BVItemDelegate.h>
 #include <BVLineEdit.h>
+#include <BVTextEdit.h>
 #include <BVTreeView.h>
 #include <BVWidgetStatus.h>
 
@@ -107,6 +108,29 @@ bool Tour::uncheckResults()
                   }),
                   QStringLiteral("the header's box is partially checked")) &&
            picture(QStringLiteral("results_unchecked"));
+}
+
+bool Tour::copyResults()
+{
+    ResultsPage *page = m_window.results();
+    page->view()->setCurrentIndex(cell(page->view(), {s_drawing, s_lastStep, 0}, 0));
+    for (int i = 0; i < 5; ++i)
+        sendKey(page->view(), Qt::Key_Down, QString(), Qt::ShiftModifier);
+    sendKey(page->view(), Qt::Key_C, QString(), Qt::ControlModifier);
+    page->pasteEdit()->setFocus(Qt::TabFocusReason);
+    sendKey(page->pasteEdit(), Qt::Key_V, QString(), Qt::ControlModifier);
+    return expect(page->pasteEdit()->toPlainText().count(QLatin1Char('\n')) == 6,
+                  QStringLiteral("six rows and the header are pasted")) &&
+           picture(QStringLiteral("results_copied"));
+}
+
+bool Tour::openContextMenu()
+{
+    BVTreeView *view = m_window.results()->view();
+    const QRect row = view->visualRect(cell(view, {s_drawing, s_lastStep, 2}, 0));
+    const QPixmap menu = withContextMenu(&m_window, view->viewport(), row.center());
+    return expect(!menu.isNull(), QStringLiteral("a context menu opens")) &&
+           write(QStringLiteral("context_menu"), menu);
 }
 
 bool Tour::searchResults()
