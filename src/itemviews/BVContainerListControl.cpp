@@ -281,18 +281,23 @@ void BVContainerListControl::removeSelected()
         removeRows(indexes);
 }
 
-/// Then the row that has become the current one is selected, so that the next one can be removed.
 void BVContainerListControl::removeRows(const QList<QPersistentModelIndex> &indexes)
 {
-    const QPointer<BVDragTreeWidget> tree = m_tree;
     const QPointer<BVContainerListControl> guard(this);
     for (const QPersistentModelIndex &index : indexes)
-        if (tree)
-            delete tree->itemFromIndex(index);
-    if (tree && tree->currentItem())
-        tree->setCurrentItem(tree->currentItem());
+        if (guard && m_tree)
+            delete m_tree->itemFromIndex(index);
+    if (guard)
+        selectCurrent();
     if (guard)
         Q_EMIT sigItemsRemoved();
+}
+
+/// The row that has become the current one when others went, so that the user can go on with it.
+void BVContainerListControl::selectCurrent()
+{
+    if (m_tree && m_tree->currentItem() && m_tree->selectedItems().isEmpty())
+        m_tree->setCurrentItem(m_tree->currentItem());
 }
 
 // Drag and drop
@@ -409,9 +414,12 @@ bool BVContainerListControl::moveHere(const QList<QTreeWidgetItem *> &items,
     const QPointer<BVContainerListControl> guard(this);
     if (!m_tree->moveItems(rows, parent, row))
         return false;
+    const bool isTakenOver = source && source != this;
+    if (isTakenOver)
+        source->selectCurrent();
     if (guard)
         Q_EMIT sigItemsDropped(rows, parent);
-    if (guard && source && source != this)
+    if (guard && isTakenOver && source)
         Q_EMIT source->sigItemsTakenOver(rows, this);
     return true;
 }

@@ -111,7 +111,8 @@ Q_SIGNALS:
     void sigItemsDropped(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent);
     /// Rows of this control have been moved to another one.
     void sigItemsTakenOver(const QList<QTreeWidgetItem *> &items, BVContainerListControl *target);
-    /// Rows from elsewhere have been dropped, which have these values. They are meant to stand below
+    /// Rows from elsewhere have been dropped, which have these values. They are meant to stand
+    /// below
     /// @p parent (null for the top level) in @p row (-1 for the end).
     void sigValuesDropped(const QVariantList &values, QTreeWidgetItem *parent, int row);
     /// The user wants these rows to go. A slot that sets @p remove to false keeps them or removes
@@ -132,6 +133,7 @@ private:
     void step(bool up);
     bool isRenamable(const QTreeWidgetItem *item) const;
     void removeRows(const QList<QPersistentModelIndex> &indexes);
+    void selectCurrent();
     void watchManager(BVDragAndDropManager *manager);
     bool mayDrop(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent);
     bool moveHere(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent, int row);
@@ -142,9 +144,9 @@ private:
     static QList<QTreeWidgetItem *> draggedItems(const DragDropInfo &info);
 
     QPointer<BVDragTreeWidget> m_tree;
-    BVListToolBar *m_toolBar = nullptr; // child of this; null without a tool bar
-    QPointer<BVDragAndDropManager> m_manager; // the one that is listened to
-    QTimer *m_updateTimer; // child of this
+    BVListToolBar *m_toolBar = nullptr;             // child of this; null without a tool bar
+    QPointer<BVDragAndDropManager> m_manager;       // the one that is listened to
+    QTimer *m_updateTimer;                          // child of this
     QAbstractItemView::EditTriggers m_editTriggers; // while they are disabled
     bool m_areTriggersOff = false;
     bool m_editable = true;

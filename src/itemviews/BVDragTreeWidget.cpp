@@ -192,8 +192,8 @@ QItemSelectionModel::SelectionFlags BVDragTreeWidget::selectionCommand(const QMo
     const auto command = QTreeWidget::selectionCommand(index, event);
     const bool isSingle = selectionMode() == QAbstractItemView::SingleSelection;
     const bool isRelease = event && event->type() == QEvent::MouseButtonRelease;
-    const bool deselects = isSingle ? command & QItemSelectionModel::Deselect
-                                    : isRelease && !index.isValid();
+    const bool deselects =
+        isSingle ? command & QItemSelectionModel::Deselect : isRelease && !index.isValid();
     if (deselects && !m_deselectionEnabled)
         return QItemSelectionModel::NoUpdate;
     return command;
@@ -353,27 +353,33 @@ void BVDragTreeWidget::setShowTopLevelSeparator(bool show)
     viewport()->update();
 }
 
+/// A tint with a bar in front.
+void BVDragTreeWidget::paintHoverTint(QPainter *painter, const QRect &row) const
+{
+    QColor tint = m_hoverColor;
+    if (tint.alpha() == 255)
+        tint.setAlpha(s_hoverAlpha);
+    painter->fillRect(row, tint);
+    const QRect bar(row.topLeft(), QSize(s_hoverBarWidth, row.height()));
+    painter->fillRect(QStyle::visualRect(layoutDirection(), row, bar), m_hoverColor);
+}
+
+/// The tint lies under the text where the style leaves the row's background as it is.
 void BVDragTreeWidget::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
                                const QModelIndex &index) const
 {
     const QRect row(0, option.rect.top(), viewport()->width(), option.rect.height());
     const bool isTinted = m_tintedRow.isValid() && m_tintedRow == index.siblingAtColumn(0);
-    QStyleOptionViewItem tinted = option;
-    if (isTinted) {
-        QColor tint = m_hoverColor;
-        if (tint.alpha() == 255)
-            tint.setAlpha(s_hoverAlpha);
-        painter->fillRect(row, tint);
-        tinted.palette.setColor(QPalette::AlternateBase, tint); // over every second row
-    }
-    QTreeWidget::drawRow(painter, tinted, index);
-    if (isTinted) {
-        const QRect bar(row.topLeft(), QSize(s_hoverBarWidth, row.height()));
-        painter->fillRect(QStyle::visualRect(layoutDirection(), row, bar), m_hoverColor);
-    }
+    const bool isCovered = alternatingRowColors() || selectionModel()->isSelected(index);
+    if (isTinted && !isCovered)
+        paintHoverTint(painter, row);
+    QTreeWidget::drawRow(painter, option, index);
+    if (isTinted && isCovered)
+        paintHoverTint(painter, row);
     if (m_topLevelSeparatorShown && index.parent() == rootIndex() && indexAbove(index).isValid()) {
         const int color = style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this);
-        painter->fillRect(QRect(row.topLeft(), QSize(row.width(), 1)), QColor::fromRgba(QRgb(color)));
+        painter->fillRect(QRect(row.topLeft(), QSize(row.width(), 1)),
+                          QColor::fromRgba(QRgb(color)));
     }
 }
 

@@ -34,8 +34,8 @@ class BVWIDGETS_EXPORT BVDragTreeWidget : public QTreeWidget
     Q_OBJECT
     Q_PROPERTY(bool resizable READ isResizable WRITE setResizable)
     Q_PROPERTY(bool deselectionEnabled READ isDeselectionEnabled WRITE enableDeselection)
-    Q_PROPERTY(bool topLevelSeparatorShown READ isTopLevelSeparatorShown WRITE
-                   setShowTopLevelSeparator)
+    Q_PROPERTY(
+        bool topLevelSeparatorShown READ isTopLevelSeparatorShown WRITE setShowTopLevelSeparator)
 
 public:
     explicit BVDragTreeWidget(QWidget *parent = nullptr);
@@ -124,6 +124,7 @@ private:
     void onContentChanged();
     void selectMoved(const QList<QTreeWidgetItem *> &rows);
     void clearCurrentByClick(const QMouseEvent *event);
+    void paintHoverTint(QPainter *painter, const QRect &row) const;
 
     std::unique_ptr<RowHover> m_hover;
     std::unique_ptr<BVTreeContentHeight> m_contentHeight;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVListToolBar_p.h"
 
-#include "controls/BVButton.h"
 #include "platform/SvgIcon.h"
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QToolButton>
 
 namespace {
 
@@ -46,16 +46,17 @@ BVListToolBar::BVListToolBar(QWidget *parent)
     m_layout->addStretch();
     for (int i = 0; i < CommandCount; ++i) {
         const CommandLook &look = s_looks[i];
-        m_commands[i] = new QAction(createSvgIcon(QString::fromLatin1(look.icon)), tr(look.text), this);
+        m_commands[i] =
+            new QAction(createSvgIcon(QString::fromLatin1(look.icon)), tr(look.text), this);
         m_commands[i]->setToolTip(tr(look.toolTip));
         addButton(m_commands[i]);
     }
 }
 
-BVButton *BVListToolBar::buttonOf(const QAction *action) const
+QToolButton *BVListToolBar::buttonOf(const QAction *action) const
 {
-    const auto buttons = findChildren<BVButton *>(QString(), Qt::FindDirectChildrenOnly);
-    for (BVButton *button : buttons)
+    const auto buttons = findChildren<QToolButton *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QToolButton *button : buttons)
         if (button->defaultAction() == action)
             return button;
     return nullptr;
@@ -63,8 +64,8 @@ BVButton *BVListToolBar::buttonOf(const QAction *action) const
 
 void BVListToolBar::addButton(QAction *action, QAction *before)
 {
-    BVButton *follower = before ? buttonOf(before) : nullptr;
-    auto *button = new BVButton(this);
+    QToolButton *follower = before ? buttonOf(before) : nullptr;
+    auto *button = new QToolButton(this);
     button->setAutoRaise(true);
     button->setIconSize(QSize(s_iconSize, s_iconSize));
     button->setDefaultAction(action);

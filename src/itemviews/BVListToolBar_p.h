@@ -5,8 +5,8 @@
 
 #include <array>
 
-class BVButton;
 class QHBoxLayout;
+class QToolButton;
 
 /// A strip of flat buttons for the rows of a list: those that each list has, then those of the
 /// application.
@@ -25,7 +25,7 @@ public:
     void removeButton(QAction *action);
 
 private:
-    BVButton *buttonOf(const QAction *action) const;
+    QToolButton *buttonOf(const QAction *action) const;
 
     QHBoxLayout *m_layout;
     std::array<QAction *, CommandCount> m_commands{}; // children of this

@@ -6,7 +6,8 @@
 class QModelIndex;
 class QTreeView;
 
-/// The height of a tree view's rows, also of those in closed branches, kept until something changes it.
+/// The height of a tree view's rows, also of those in closed branches, kept until something changes
+/// it.
 class BVTreeContentHeight
 {
 public:

@@ -33,7 +33,21 @@ private Q_SLOTS:
 /// Through the toolkit's stream too, and what is not supported arrives as an invalid value.
 void tst_BVPlannelData::goesThroughAnyStream()
 {
-    const QVariantList sent{true, -7, 7u, qlonglong(-1), qulonglong(1) << 63, 2.5, QStringLiteral("Blank \u00e4"), QString(), QStringLiteral(""), QByteArray("a\0b", 3), QUuid::createUuid(), QVariant(), QVariant(QVariant::Int), QVariantList{1}, QVariant::fromValue<void *>(this)};
+    const QVariantList sent{true,
+                            -7,
+                            7u,
+                            qlonglong(-1),
+                            qulonglong(1) << 63,
+                            2.5,
+                            QStringLiteral("Blank \u00e4"),
+                            QString(),
+                            QStringLiteral(""),
+                            QByteArray("a\0b", 3),
+                            QUuid::createUuid(),
+                            QVariant(),
+                            QVariant(QVariant::Int),
+                            QVariantList{1},
+                            QVariant::fromValue<void *>(this)};
     QVariantList expected = sent;
     expected[13] = expected[14] = QVariant();
     const QByteArray data = BVPlannelData::encode(sent);
