@@ -11,6 +11,7 @@
 #include <BVPushButton.h>
 #include <BVTextEdit.h>
 #include <BVTreeView.h>
+#include <TreeViewCopyHandler.h>
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -25,7 +26,7 @@ constexpr int s_spacing = 6;         // px
 constexpr int s_numberWidth = 13;    // characters of a column with numbers
 constexpr int s_showWidth = 9;       // characters of the column with check boxes
 constexpr int s_tabWidth = 20;       // characters between tab stops
-constexpr int s_pasteHeight = 110;   // px
+constexpr int s_pasteHeight = 134;   // px
 constexpr int s_expandLimit = 20000; // rows up to which all of a filtered tree are opened
 
 int textWidth(const QWidget *widget, int characters)
@@ -116,6 +117,11 @@ void ResultsPage::setUpView()
     m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
                             QAbstractItemView::EditKeyPressed);
     m_view->setShowGrid(true);
+    m_view->enableCopySelectedAction(true);
+    m_view->enableCopyAllAction(true);
+    m_view->getCopyHandler()->setUseFormattedValues(true);
+    m_view->getCopyHandler()->setHtmlEnabled(true);
+    m_view->getCopyHandler()->setIgnoredColumns({ResultsModel::Show});
     m_view->useCheckStateHeader(ResultsModel::Show, Qt::AlignLeft | Qt::AlignVCenter);
     m_view->header()->setSectionsClickable(true);
     m_view->header()->setSortIndicator(ResultsModel::Result, Qt::AscendingOrder);

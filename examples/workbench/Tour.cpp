@@ -51,7 +51,8 @@ bool Tour::run()
            openPreferences() && useLightVersion() && useBiggerFont() && openAluminium() &&
            refuseFile() && moveSliders() && dragLimit() && turnWheel() && beginNewSetup() &&
            useNarrowWindow() && showResults() && changeLimit() && uncheckResults() &&
-           searchResults() && loadLongRun();
+           copyResults() && openContextMenu() && searchResults() && loadLongRun() &&
+           planOperation();
 }
 
 bool Tour::prepare()

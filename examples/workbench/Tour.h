@@ -45,8 +45,11 @@ private:
     bool showResults();
     bool changeLimit();
     bool uncheckResults();
+    bool copyResults();
+    bool openContextMenu();
     bool searchResults();
     bool loadLongRun();
+    bool planOperation();
 
     FieldEditor *field(const char *group, const char *key) const;
     BVSlider *slider(const char *key) const;

@@ -2,11 +2,13 @@
 #include "TourHands.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -97,6 +99,25 @@ QPixmap withToolTip(QWidget *window, QWidget *widget)
         painter.drawPixmap(position, tip->grab());
     }
     QToolTip::hideText();
+    return picture;
+}
+
+QPixmap withContextMenu(QWidget *window, QWidget *widget, const QPoint &position)
+{
+    QPixmap picture;
+    QTimer::singleShot(0, window, [window, &picture] { // while the menu waits for an answer
+        QWidget *menu = QApplication::activePopupWidget();
+        if (!menu)
+            return;
+        settle();
+        picture = window->grab();
+        QPainter painter(&picture);
+        painter.drawPixmap(window->mapFromGlobal(menu->pos()), menu->grab());
+        menu->close();
+    });
+    QContextMenuEvent event(QContextMenuEvent::Mouse, position, widget->mapToGlobal(position));
+    QApplication::sendEvent(widget, &event);
+    settle();
     return picture;
 }
 

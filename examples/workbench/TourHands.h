@@ -24,6 +24,9 @@ void turnWheelOver(QWidget *widget, int notches);
 QPixmap atTwiceTheResolution(QWidget *widget);
 /// The window with the dialog in its middle, as a person sees them.
 QPixmap withDialog(QWidget *window, QWidget *dialog);
+/// Opens the context menu at a position in the widget; gives the window with the open menu, which
+/// is then closed. Null if none opens.
+QPixmap withContextMenu(QWidget *window, QWidget *widget, const QPoint &position);
 /// The window with the tool tip of one of its widgets below that widget.
 QPixmap withToolTip(QWidget *window, QWidget *widget);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "OperationsPage.h"
 #include "ResultsModel.h"
 #include "ResultsPage.h"
 #include "Tour.h"
@@ -6,9 +7,12 @@
 #include "WorkbenchWindow.h"
 
 #include <BVCheckBox.h>
+#include <BVContainerListControl.h>
 #include <BVCustomHeaderView.h>
+#include <BVDragTreeWidget.h>
 #include <BVItemDelegate.h>
 #include <BVLineEdit.h>
+#include <BVTextEdit.h>
 #include <BVTreeView.h>
 #include <BVWidgetStatus.h>
 
@@ -106,6 +110,29 @@ bool Tour::uncheckResults()
            picture(QStringLiteral("results_unchecked"));
 }
 
+bool Tour::copyResults()
+{
+    ResultsPage *page = m_window.results();
+    page->view()->setCurrentIndex(cell(page->view(), {s_drawing, s_lastStep, 0}, 0));
+    for (int i = 0; i < 5; ++i)
+        sendKey(page->view(), Qt::Key_Down, QString(), Qt::ShiftModifier);
+    sendKey(page->view(), Qt::Key_C, QString(), Qt::ControlModifier);
+    page->pasteEdit()->setFocus(Qt::TabFocusReason);
+    sendKey(page->pasteEdit(), Qt::Key_V, QString(), Qt::ControlModifier);
+    return expect(page->pasteEdit()->toPlainText().count(QLatin1Char('\n')) == 6,
+                  QStringLiteral("six rows and the header are pasted")) &&
+           picture(QStringLiteral("results_copied"));
+}
+
+bool Tour::openContextMenu()
+{
+    BVTreeView *view = m_window.results()->view();
+    const QRect row = view->visualRect(cell(view, {s_drawing, s_lastStep, 2}, 0));
+    const QPixmap menu = withContextMenu(&m_window, view->viewport(), row.center());
+    return expect(!menu.isNull(), QStringLiteral("a context menu opens")) &&
+           write(QStringLiteral("context_menu"), menu);
+}
+
 bool Tour::searchResults()
 {
     ResultsPage *page = m_window.results();
@@ -127,4 +154,20 @@ bool Tour::loadLongRun()
     return expect(page->model()->childCount() == ResultsData::s_longRunRows,
                   QStringLiteral("the long run has all its rows")) &&
            picture(QStringLiteral("long_run"));
+}
+
+bool Tour::planOperation()
+{
+    OperationsPage *page = m_window.operations();
+    m_window.showPageOf(page);
+    BVDragTreeWidget *available = page->available()->tree();
+    available->setFocus(Qt::TabFocusReason);
+    page->available()->setCurrentItem(page->available()->topLevelItem(0));
+    page->plan()->setCurrentItem(page->plan()->topLevelItem(1));
+    if (!picture(QStringLiteral("operations")))
+        return false;
+    sendKey(available, Qt::Key_Right, QString(), Qt::AltModifier);
+    return expect(page->plan()->topLevelItem(2)->text(0) == QStringLiteral("Heating"),
+                  QStringLiteral("the operation is behind the current one of the plan")) &&
+           picture(QStringLiteral("operation_planned"));
 }

@@ -2,6 +2,7 @@
 #include "WorkbenchWindow.h"
 
 #include "Appearance.h"
+#include "OperationsPage.h"
 #include "PreferencesDialog.h"
 #include "ResultsPage.h"
 #include "SetupFile.h"
@@ -70,6 +71,7 @@ WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
     , m_form(new SetupForm)
     , m_pages(new BVTabWidget(this))
     , m_results(new ResultsPage)
+    , m_operations(new OperationsPage)
 {
     qApp->setProperty(s_mainWindowProperty, QVariant::fromValue<QObject *>(this));
     setWindowIcon(createSvgIcon(QStringLiteral(":/Icons/ruler.svg")));
@@ -77,6 +79,7 @@ WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
     m_pages->setDocumentMode(true);
     m_pages->addTab(createSetupPage(), tr("Process set-up"));
     m_pages->addTab(m_results, tr("Results"));
+    m_pages->addTab(m_operations, tr("Operations"));
     setCentralWidget(m_pages);
 
     createActions();

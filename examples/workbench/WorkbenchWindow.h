@@ -7,6 +7,7 @@
 class Appearance;
 class BVLabel;
 class BVTabWidget;
+class OperationsPage;
 class QAction;
 class ResultsPage;
 class SetupForm;
@@ -36,6 +37,7 @@ public:
     SetupForm *form() const { return m_form; }
     StatusSummary *summary() const { return m_summary; }
     ResultsPage *results() const { return m_results; }
+    OperationsPage *operations() const { return m_operations; }
     /// Brings the page of a widget to the front.
     void showPageOf(QWidget *widget);
     /// The file of the open set-up; empty for none.
@@ -79,6 +81,7 @@ private:
     StatusSummary *m_summary = nullptr;
     BVTabWidget *m_pages;
     ResultsPage *m_results;
+    OperationsPage *m_operations;
     BVLabel *m_title = nullptr;
     BVLabel *m_source = nullptr;
     QString m_fileName;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "OperationsPage.h"
 #include "ResultsDelegate.h"
 #include "ResultsModel.h"
 #include "ResultsPage.h"
@@ -7,8 +8,12 @@
 #include "WorkbenchWindow.h"
 
 #include <BVCheckBox.h>
+#include <BVContainerListControl.h>
 #include <BVCustomHeaderView.h>
+#include <BVDragTreeWidget.h>
+#include <BVLabel.h>
 #include <BVLineEdit.h>
+#include <BVTextEdit.h>
 #include <BVTreeView.h>
 #include <BVWidgetStatus.h>
 #include <UnitsConfiguration.h>
@@ -53,6 +58,8 @@ private Q_SLOTS:
     void sortsByValueAndByProcess();
     void filters();
     void longRunIsWhole();
+    void copiesWhatIsShown();
+    void operationsAreExchanged();
 };
 
 void tst_Results::dataIsPlausible()
@@ -173,6 +180,45 @@ void tst_Results::longRunIsWhole()
     QCOMPARE(page->model()->childCount(), 175);
     window.showPageOf(window.form());
     QVERIFY(!page->isVisibleTo(&window));
+}
+
+void tst_Results::copiesWhatIsShown()
+{
+    ResultsPage page;
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    page.view()->expand(cell(page.view(), s_lastDrawing, 0));
+    page.view()->setFocus();
+    page.view()->setCurrentIndex(cell(page.view(), s_lastDrawing, 0));
+    QTest::keyClick(page.view(), Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(page.view(), Qt::Key_C, Qt::ControlModifier);
+    page.pasteEdit()->setFocus();
+    QTest::keyClick(page.pasteEdit(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(page.pasteEdit()->toPlainText(), QStringLiteral("Result\tMinimum\tMaximum\tLimit\n"
+                                                             "40 mm stroke\t\t\t\n"
+                                                             "Thickness\t0.617 mm\t0.874 mm\t0.620 mm"));
+}
+
+void tst_Results::operationsAreExchanged()
+{
+    OperationsPage page;
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    BVContainerListControl *plan = page.plan();
+    BVContainerListControl *available = page.available();
+    const QString heating = available->topLevelItem(0)->text(0);
+    available->tree()->setFocus();
+    available->setCurrentItem(available->topLevelItem(0));
+    QTest::keyClick(available->tree(), Qt::Key_Right, Qt::AltModifier);
+    QCOMPARE(plan->topLevelItemCount(), 6);
+    QVERIFY(plan->tree()->hasFocus());
+    plan->setCurrentItem(plan->topLevelItem(5));
+    QTest::keyClick(plan->tree(), Qt::Key_Up, Qt::AltModifier);
+    QCOMPARE(plan->topLevelItem(4)->text(0), heating);
+    QVERIFY(page.summary()->text().contains(heating));
+    plan->removeSelected();
+    QCOMPARE(available->topLevelItem(available->topLevelItemCount() - 1)->text(0), heating);
+    QVERIFY(!page.summary()->text().contains(heating));
 }
 
 QTEST_MAIN(tst_Results)
