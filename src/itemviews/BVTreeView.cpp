@@ -386,7 +386,7 @@ void BVTreeView::updateIndexSelection(const QModelIndex &index)
     const bool keeps = selectionModel()->isSelected(index);
     selectionModel()->setCurrentIndex(
         index, keeps ? QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate)
-                     : QTreeView::selectionCommand(index, nullptr));
+                     : m_editController->soleSelection());
 }
 
 /// The rows of the selection keep their colour while an editor has the focus.

@@ -123,6 +123,7 @@ public:
     static Qt::CheckState boolToCheckState(bool checked);
 
     /// Gives the column's header a check box. The first time this makes a BVCustomHeaderView, whose
+    using QTreeView::edit;
     /// columns stretch and stay in place. Without a model only the header is made.
     void useCheckStateHeader(int column, Qt::Alignment alignment);
     void setCheckBoxVisible(bool visible, int column);
@@ -147,7 +148,8 @@ public:
 public Q_SLOTS:
     /// Lets the header check boxes follow the cells, soon.
     void updateCheckStateHeader();
-    /// Makes the cell the current one. Unless it is selected, it becomes the selection.
+    /// Makes the cell the current one. Unless it is selected, it, or its row, becomes the
+    /// selection.
     void updateIndexSelection(const QModelIndex &index);
 
 Q_SIGNALS:
@@ -168,7 +170,6 @@ protected:
     /// can be copied. Nothing opens if it has no entries.
     virtual void showContextMenu(const QPoint &position);
 
-    using QTreeView::edit;
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
