@@ -88,6 +88,10 @@ void BVTreeView::setModel(QAbstractItemModel *model)
 {
     if (model == this->model())
         return;
+    const QPointer<BVTreeView> guard(this);
+    m_hover->setIndex(QModelIndex());
+    if (!guard)
+        return;
     m_modelLink->detach();
     QTreeView::setModel(model);
     m_modelLink->attach();
