@@ -101,6 +101,7 @@ void BVTreeView::setModel(QAbstractItemModel *model)
 void BVTreeView::onStructureChanged()
 {
     onContentChanged();
+    m_headerChecks->retryHeaderData();
     updateCheckStateHeader();
 }
 
@@ -330,8 +331,7 @@ void BVTreeView::setCheckBoxVisible(bool visible, int column)
 
 bool BVTreeView::setCheckBoxChecked(bool checked, int column)
 {
-    BVCustomHeaderView *custom = m_headerChecks->header();
-    return custom && custom->setChecked(checked, column);
+    return m_headerChecks->setBoxChecked(checked, column);
 }
 
 void BVTreeView::setCheckStateBulk(const QList<QModelIndex> &indexes, int column, bool checked)

@@ -122,14 +122,16 @@ public:
     QModelIndex indexFromDFSIndex(int position) const;
     static Qt::CheckState boolToCheckState(bool checked);
 
-    /// Gives the column's header a check box. The first time this makes a BVCustomHeaderView, whose
-    using QTreeView::edit;
-    /// columns stretch and stay in place. Without a model only the header is made.
+    /// Gives the column's header a check box. The first time this makes a BVCustomHeaderView, which
+    /// keeps what the header before showed, except that its columns stretch and stay in place.
+    /// Without a model only the header is made; a proxy model that cannot tell its columns while it
+    /// has no rows is told with the first ones.
     void useCheckStateHeader(int column, Qt::Alignment alignment);
     void setCheckBoxVisible(bool visible, int column);
     /// As a click on the box. False if the column's header has none.
     bool setCheckBoxChecked(bool checked, int column);
-    /// Checks or unchecks the cells of the given rows in @p column, at the cost of one repaint.
+    /// Checks or unchecks the cells of the given rows in @p column, at the cost of one repaint. The
+    /// rows may also be those of a model behind the view's own.
     void setCheckStateBulk(const QList<QModelIndex> &indexes, int column, bool checked);
 
     /// Null and registered listeners are ignored.
