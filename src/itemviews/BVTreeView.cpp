@@ -130,12 +130,14 @@ void BVTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bott
         return; // and the structure is laid out anew
     if (roles.isEmpty() || roles.contains(Qt::CheckStateRole))
         updateCheckStateHeader();
-    if (BVTreeContentHeight::isMeasured(roles))
-        onContentChanged();
-    else if (m_headerChecks->isWriting())
+    if (m_headerChecks->isWriting() && roles == QVector<int>{Qt::CheckStateRole})
         return; // all is painted anew afterwards
-    if (!m_visibleRows->defers(topLeft, bottomRight))
-        QTreeView::dataChanged(topLeft, bottomRight, roles);
+    const bool isMeasured = BVTreeContentHeight::isMeasured(roles);
+    if (isMeasured) {
+        m_contentHeight->rowsChanged(topLeft, bottomRight);
+        updateGeometryIfResizable();
+    }
+    m_visibleRows->onDataChanged(topLeft, bottomRight, roles, isMeasured);
 }
 
 void BVTreeView::rowsInserted(const QModelIndex &parent, int start, int end)
@@ -191,6 +193,7 @@ void BVTreeView::doItemsLayout()
 
 void BVTreeView::updateGeometries()
 {
+    m_visibleRows->settle();
     QTreeView::updateGeometries();
     const bool scrolls = horizontalScrollBar()->minimum() < horizontalScrollBar()->maximum();
     if (scrolls == m_hadHorizontalScrolling)
@@ -430,8 +433,42 @@ void BVTreeView::setAutoscroll(bool on)
         stopAutoScroll();
 }
 
+// Where rows are, with the heights that they have now
+
+QRect BVTreeView::visualRect(const QModelIndex &index) const
+{
+    m_visibleRows->settle();
+    return QTreeView::visualRect(index);
+}
+
+QModelIndex BVTreeView::indexAt(const QPoint &point) const
+{
+    m_visibleRows->settle();
+    return QTreeView::indexAt(point);
+}
+
+QModelIndex BVTreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    m_visibleRows->settle();
+    return QTreeView::moveCursor(action, modifiers);
+}
+
+/// Who wants to see the end gets there, also if the last rows have grown.
+void BVTreeView::scrollContentsBy(int dx, int dy)
+{
+    QScrollBar *bar = verticalScrollBar();
+    const bool isAtEnd = bar->value() == bar->maximum();
+    const bool isMoved = dy != 0 && m_visibleRows->settle();
+    if (isMoved && isAtEnd)
+        bar->setValue(bar->maximum());
+    QTreeView::scrollContentsBy(dx, dy);
+    if (isMoved)
+        viewport()->update();
+}
+
 void BVTreeView::scrollTo(const QModelIndex &index, ScrollHint hint)
 {
+    m_visibleRows->settle();
     if (!m_verticalScrollingOnly) {
         QTreeView::scrollTo(index, hint);
         return;
@@ -553,7 +590,7 @@ void BVTreeView::setPaintHeaderSelection(bool paint)
 void BVTreeView::paintEvent(QPaintEvent *event)
 {
     executeDelayedItemsLayout();
-    m_visibleRows->update();
+    m_visibleRows->settleSight();
     const BVCustomHeaderView *custom = m_headerChecks->header();
     const int column = m_paintHeaderSelection && custom ? custom->focusedCheckBox() : -1;
     if (m_showGrid || column >= 0) {

@@ -154,11 +154,15 @@ public Q_SLOTS:
     /// selection.
     void updateIndexSelection(const QModelIndex &index);
 
+    QRect visualRect(const QModelIndex &index) const override;
+    QModelIndex indexAt(const QPoint &point) const override;
 Q_SIGNALS:
     /// The user has checked or unchecked all cells of a column by its header.
     void sigCheckStateToggled(bool checked, int column);
     /// An editor has closed; the next one is not open yet.
     void sigEditingFinished();
+    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                     const QVector<int> &roles = QVector<int>()) override;
     void sigItemHoverEnter(const QModelIndex &index, int column);
     void sigItemHoverLeave(const QModelIndex &index, int column);
     /// The mouse has left the viewport.
@@ -176,8 +180,6 @@ protected:
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
                                                          const QEvent *event) const override;
-    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
-                     const QVector<int> &roles = QVector<int>()) override;
     void rowsInserted(const QModelIndex &parent, int start, int end) override;
     void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
     void updateGeometries() override;
@@ -192,6 +194,8 @@ private:
     friend class BVTreeEditController;
     friend class BVTreeGrid;
     friend class BVTreeVisibleRows;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void scrollContentsBy(int dx, int dy) override;
 
     void connectHeader();
     void headerChanged();
