@@ -322,9 +322,9 @@ void BVTreeView::setHeader(QHeaderView *header)
 void BVTreeView::useCheckStateHeader(int column, Qt::Alignment alignment)
 {
     m_headerChecks->makeHeader();
+    setCheckBoxVisible(true, column);
     m_headerChecks->setHeaderData(column, BVTreeViewModel::HeaderCheckBoxAlignmentRole,
                                   int(alignment));
-    setCheckBoxVisible(true, column);
 }
 
 void BVTreeView::setCheckBoxVisible(bool visible, int column)

@@ -51,6 +51,13 @@ class BVWIDGETS_EXPORT BVTreeView : public QTreeView
     Q_PROPERTY(bool resizable READ isResizable WRITE setResizable)
     Q_PROPERTY(int spaceToAdd READ getSpaceToAdd WRITE setSpaceToAdd)
     Q_PROPERTY(
+        int minimumResizableHeight READ getMinimumResizableHeight WRITE setMinimumResizableHeight)
+    Q_PROPERTY(int customFixedHeight READ getCustomFixedHeight WRITE setCustomFixedHeight)
+    Q_PROPERTY(bool adjustOnChildItems READ isAdjustableOnChildItems WRITE setAdjustOnChildItems)
+    Q_PROPERTY(bool onlyAdjustOnTopLevelItems READ isOnlyAdjustedOnTopLevelItems WRITE
+                   setOnlyAdjustOnTopLevelItems)
+    Q_PROPERTY(bool showGrid READ isGridShown WRITE setShowGrid)
+    Q_PROPERTY(
         bool verticalScrollingOnly READ isVerticalScrollingOnly WRITE setVerticalScrollingOnly)
 
 public:
@@ -65,8 +72,10 @@ public:
     int getSpaceToAdd() const { return m_spaceToAdd; }
     void setSpaceToAdd(int rows);
     /// The least height of the content, in pixels.
+    int getMinimumResizableHeight() const { return m_minimumResizableHeight; }
     void setMinimumResizableHeight(int height);
     /// The height to ask for instead of that of the content; negative for none.
+    int getCustomFixedHeight() const { return m_customFixedHeight; }
     void setCustomFixedHeight(int height);
     bool isAdjustableOnChildItems() const { return m_adjustOnChildItems; }
     void setAdjustOnChildItems(bool adjust);
@@ -79,6 +88,7 @@ public:
     int calculateRowHeight(const QModelIndex &parent) const;
 
     bool isGridShown() const { return m_showGrid; }
+    bool isColumnGridShown() const { return m_showGrid && m_gridSecondFlag; }
     void setShowGrid(bool show, bool columns = false);
     void setPaintHeaderSelection(bool paint);
     /// Whether scrolling to a cell leaves the columns where they are. Off at first.
@@ -113,6 +123,7 @@ public:
     void enableCopySelectedAction(bool enable);
     bool isCopySelectedActionEnabled() const;
 
+    using QTreeView::edit;
     bool isEditingState() const;
     QStyleOptionViewItem getViewOptions() const { return viewOptions(); }
 
@@ -143,26 +154,26 @@ public:
     void setModel(QAbstractItemModel *model) override;
     void setSelectionModel(QItemSelectionModel *selectionModel) override;
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+    QRect visualRect(const QModelIndex &index) const override;
+    QModelIndex indexAt(const QPoint &point) const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     void doItemsLayout() override;
 
 public Q_SLOTS:
+    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                     const QVector<int> &roles = QVector<int>()) override;
     /// Lets the header check boxes follow the cells, soon.
     void updateCheckStateHeader();
     /// Makes the cell the current one. Unless it is selected, it, or its row, becomes the
     /// selection.
     void updateIndexSelection(const QModelIndex &index);
 
-    QRect visualRect(const QModelIndex &index) const override;
-    QModelIndex indexAt(const QPoint &point) const override;
 Q_SIGNALS:
     /// The user has checked or unchecked all cells of a column by its header.
     void sigCheckStateToggled(bool checked, int column);
     /// An editor has closed; the next one is not open yet.
     void sigEditingFinished();
-    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
-                     const QVector<int> &roles = QVector<int>()) override;
     void sigItemHoverEnter(const QModelIndex &index, int column);
     void sigItemHoverLeave(const QModelIndex &index, int column);
     /// The mouse has left the viewport.
@@ -183,6 +194,8 @@ protected:
     void rowsInserted(const QModelIndex &parent, int start, int end) override;
     void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
     void updateGeometries() override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void scrollContentsBy(int dx, int dy) override;
     QStyleOptionViewItem viewOptions() const override;
     bool viewportEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -194,8 +207,6 @@ private:
     friend class BVTreeEditController;
     friend class BVTreeGrid;
     friend class BVTreeVisibleRows;
-    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-    void scrollContentsBy(int dx, int dy) override;
 
     void connectHeader();
     void headerChanged();
