@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVCheckCounters_p.h"
 
+#include "itemviews/BVItemSpan_p.h"
+#include "itemviews/BVItemValues_p.h"
 #include "itemviews/BVTreeViewItem.h"
 #include "itemviews/BVTreeViewModel.h"
 
@@ -71,11 +73,26 @@ QVariant BVCheckCounters::walk(const BVTreeViewItem &item, int column)
 BVCheckCounters::Kind BVCheckCounters::kindOf(const BVTreeViewItem &item, int column)
 {
     if (item.isPlain() && !item.derivesCheckState())
-        return kindOf(item.find(column, BVTreeViewModel::CountsForParentCheckRole),
-                      item.find(column, Qt::CheckStateRole));
+        return storedKind(item, column);
     const QVariant counts = item.data(column, BVTreeViewModel::CountsForParentCheckRole);
     const QVariant state = item.data(column, Qt::CheckStateRole);
     return kindOf(&counts, &state);
+}
+
+BVCheckCounters::Kind BVCheckCounters::storedKind(const BVTreeViewItem &item, int column)
+{
+    const QVariant *counts = nullptr;
+    const QVariant *state = nullptr;
+    if (!item.m_values)
+        return Missing;
+    for (auto *value = item.m_values->columnBegin(column);
+         value != item.m_values->end() && value->column == column; ++value) {
+        if (value->role == BVTreeViewModel::CountsForParentCheckRole)
+            counts = &value->value;
+        else if (value->role == Qt::CheckStateRole)
+            state = &value->value;
+    }
+    return kindOf(counts, state);
 }
 
 /// From the values of both roles, null where there is none.
@@ -159,24 +176,23 @@ BVCheckCounters::Change::~Change()
     apply(parent, m_column, difference);
 }
 
-void BVCheckCounters::join(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children)
+void BVCheckCounters::join(BVTreeViewItem *parent, const BVItemSpan &children)
 {
-    if (parent->m_children.isEmpty())
+    if (parent->m_childCount == 0)
         forget(parent); // it begins to derive its state
     else
         add(parent, children, 1);
 }
 
-void BVCheckCounters::leave(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children)
+void BVCheckCounters::leave(BVTreeViewItem *parent, const BVItemSpan &children)
 {
-    if (parent->m_children.size() == children.size())
+    if (parent->m_childCount == children.size())
         forget(parent);
     else
         add(parent, children, -1);
 }
 
-void BVCheckCounters::add(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children,
-                          int sign)
+void BVCheckCounters::add(BVTreeViewItem *parent, const BVItemSpan &children, int sign)
 {
     for (size_t i = 0; parent->m_checkCounters && i < parent->m_checkCounters->m_columns.size();
          ++i) {

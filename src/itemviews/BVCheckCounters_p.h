@@ -2,11 +2,11 @@
 #pragma once
 
 #include <QVariant>
-#include <QVector>
 
 #include <array>
 #include <vector>
 
+class BVItemSpan;
 class BVTreeViewItem;
 
 /// How many children of an item have which check state, by column.
@@ -45,8 +45,8 @@ public:
     };
 
     /// Report children that are about to join the item's others or to leave them.
-    static void join(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children);
-    static void leave(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children);
+    static void join(BVTreeViewItem *parent, const BVItemSpan &children);
+    static void leave(BVTreeViewItem *parent, const BVItemSpan &children);
 
     /// Forgets what was counted for the item's children and for all above it.
     static void forget(const BVTreeViewItem *item);
@@ -62,13 +62,14 @@ private:
     };
 
     static Kind kindOf(const BVTreeViewItem &item, int column);
+    static Kind storedKind(const BVTreeViewItem &item, int column);
     static Kind kindOf(const QVariant *counts, const QVariant *state);
     static bool isReliable(const BVTreeViewItem &item, int column);
     static Column *find(const BVTreeViewItem &item, int column);
     static Column *countersOf(const BVTreeViewItem &item, int column);
     static bool isMixed(const Counts &counts);
     static bool dependsOnOrder(const Counts &counts);
-    static void add(BVTreeViewItem *parent, const QVector<BVTreeViewItem *> &children, int sign);
+    static void add(BVTreeViewItem *parent, const BVItemSpan &children, int sign);
     static void apply(BVTreeViewItem *parent, int column, const Counts &difference);
     static QVariant walk(const BVTreeViewItem &item, int column);
 

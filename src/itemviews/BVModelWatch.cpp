@@ -1,33 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVModelWatch_p.h"
 
-#include "itemviews/BVTreeViewModel.h"
-
-BVModelWatch::BVModelWatch(BVTreeViewModel *model, const BVTreeViewItem *item)
-    : m_model(model)
-    , m_outer(model ? model->m_watches : nullptr)
-    , m_structure(model ? model->m_structure : 0)
-    , m_id(item->id())
+bool BVModelWatch::isItemFound() const
 {
-    if (m_model)
-        m_model->m_watches = this;
-}
-
-BVModelWatch::~BVModelWatch()
-{
-    if (m_model)
-        m_model->m_watches = m_outer;
-}
-
-bool BVModelWatch::isStructureKept() const
-{
-    return m_model && m_structure == m_model->m_structure;
-}
-
-bool BVModelWatch::isItemAlive() const
-{
-    return m_model &&
-           (isStructureKept() || m_id == m_model->m_headerItem->id() || m_model->itemOfId(m_id));
+    return m_model && (m_id == m_model->m_headerItem->id() || m_model->itemOfId(m_id));
 }
 
 void BVModelWatch::release(BVTreeViewModel *model)

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtGlobal>
-
-class BVTreeViewItem;
-class BVTreeViewModel;
+#include "itemviews/BVTreeViewModel.h"
 
 /// Tells whether an item, and its model itself, have outlived the slots that were called since.
 ///
@@ -13,20 +10,34 @@ class BVModelWatch
 {
 public:
     /// Without a model there is nothing that could live.
-    BVModelWatch(BVTreeViewModel *model, const BVTreeViewItem *item);
-    ~BVModelWatch();
+    BVModelWatch(BVTreeViewModel *model, const BVTreeViewItem *item)
+        : m_model(model)
+        , m_outer(model ? model->m_watches : nullptr)
+        , m_structure(model ? model->m_structure : 0)
+        , m_id(item->id())
+    {
+        if (m_model)
+            m_model->m_watches = this;
+    }
+    ~BVModelWatch()
+    {
+        if (m_model)
+            m_model->m_watches = m_outer;
+    }
     BVModelWatch(const BVModelWatch &) = delete;
     BVModelWatch &operator=(const BVModelWatch &) = delete;
 
     bool isModelAlive() const { return m_model != nullptr; }
     /// Whether rows have kept their places; false when the model is gone.
-    bool isStructureKept() const;
+    bool isStructureKept() const { return m_model && m_structure == m_model->m_structure; }
     /// Also false for an item that has been taken out of the model.
-    bool isItemAlive() const;
+    bool isItemAlive() const { return isStructureKept() || isItemFound(); }
     /// To be called when the model goes.
     static void release(BVTreeViewModel *model);
 
 private:
+    bool isItemFound() const;
+
     BVTreeViewModel *m_model; // null when it is gone
     BVModelWatch *m_outer;
     quint64 m_structure;

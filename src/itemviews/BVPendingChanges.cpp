@@ -2,15 +2,42 @@
 #include "itemviews/BVPendingChanges_p.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
 constexpr size_t s_firstLimit = 4096; // items
+constexpr qint64 s_sparse = 64;       // where so many ids stand for one, sorting beats marking
 
-void dropRepeated(std::vector<qint64> &items)
+/// Sorts ids by marking them, which takes no comparing. False if they stand too far apart.
+bool markAndSort(std::vector<qint64> &ids)
 {
-    std::sort(items.begin(), items.end());
-    items.erase(std::unique(items.begin(), items.end()), items.end());
+    const auto [least, greatest] = std::minmax_element(ids.cbegin(), ids.cend());
+    const qint64 first = *least;
+    const qint64 range = *greatest - first + 1;
+    if (range / s_sparse > qint64(ids.size()))
+        return false;
+    std::vector<bool> isGiven(static_cast<size_t>(range), false);
+    for (const qint64 id : ids)
+        isGiven[size_t(id - first)] = true;
+    ids.clear();
+    for (size_t i = 0; i < isGiven.size(); ++i) {
+        if (isGiven[i])
+            ids.push_back(first + qint64(i));
+    }
+    return true;
+}
+
+/// Sorts as well: ids of items that were made together mostly stand together, so that looking them
+/// up one after the other is quick.
+void dropRepeated(std::vector<qint64> &ids)
+{
+    const bool isRising =
+        std::adjacent_find(ids.cbegin(), ids.cend(), std::greater_equal<>()) == ids.cend();
+    if (isRising || markAndSort(ids))
+        return;
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
 }
 
 } // namespace
@@ -51,8 +78,10 @@ std::vector<BVPendingGroup> BVPendingChanges::take()
 {
     std::vector<BVPendingGroup> groups;
     groups.reserve(m_groups.size());
-    for (Entry &entry : m_groups)
+    for (Entry &entry : m_groups) {
+        dropRepeated(entry.group.items);
         groups.push_back(std::move(entry.group));
+    }
     m_groups.clear();
     m_indexes.clear();
     return groups;

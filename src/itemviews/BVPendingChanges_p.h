@@ -12,7 +12,7 @@ struct BVPendingGroup
 {
     int column;
     qint64 parent;
-    std::vector<qint64> items; // may repeat
+    std::vector<qint64> items; // once taken, each once and rising
     QVector<int> roles;        // each once, as they first came
 };
 

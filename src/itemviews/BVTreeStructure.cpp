@@ -5,7 +5,7 @@
 #include "itemviews/BVTreeViewModel.h"
 #include "itemviews/BVTreeVisit_p.h"
 
-void BVTreeStructure::enter(const QVector<BVTreeViewItem *> &items)
+void BVTreeStructure::enter(const BVItemSpan &items)
 {
     visitTree(items, [this](BVTreeViewItem *item) {
         item->m_model = m_model;
@@ -13,7 +13,7 @@ void BVTreeStructure::enter(const QVector<BVTreeViewItem *> &items)
     });
 }
 
-void BVTreeStructure::depart(const QVector<BVTreeViewItem *> &items)
+void BVTreeStructure::depart(const BVItemSpan &items)
 {
     visitTree(items, [this](BVTreeViewItem *item) {
         item->m_model = nullptr;
@@ -21,21 +21,14 @@ void BVTreeStructure::depart(const QVector<BVTreeViewItem *> &items)
     });
 }
 
-void BVTreeStructure::insert(BVTreeViewItem *parent, int row,
-                             const QVector<BVTreeViewItem *> &items)
+void BVTreeStructure::insert(BVTreeViewItem *parent, int row, const BVItemSpan &items)
 {
-    if (!m_model->flushFor(parent) || row > parent->childCount())
-        return;
-    const QVector<BVTreeViewItem *> free = parent->insertable(items);
-    if (free.isEmpty())
-        return;
     if (parent->isDisabled() && !parent->isRoot())
-        visitTree(free, [](BVTreeViewItem *item) { item->m_flags &= ~Qt::ItemIsEnabled; });
-    insertFree(parent, row, free);
+        visitTree(items, [](BVTreeViewItem *item) { item->m_flags &= ~Qt::ItemIsEnabled; });
+    insertFree(parent, row, items);
 }
 
-void BVTreeStructure::insertFree(BVTreeViewItem *parent, int row,
-                                 const QVector<BVTreeViewItem *> &items)
+void BVTreeStructure::insertFree(BVTreeViewItem *parent, int row, const BVItemSpan &items)
 {
     m_model->beginInsertItems(parent, row, items.size());
     parent->adopt(row, items);

@@ -3,6 +3,7 @@
 
 #include <QVector>
 
+class BVItemSpan;
 class BVTreeViewItem;
 class BVTreeViewModel;
 
@@ -18,19 +19,19 @@ public:
         : m_model(model)
     {
     }
-    /// Inserts those of the items that are free.
-    void insert(BVTreeViewItem *parent, int row, const Items &items);
     /// Null when a slot has been faster.
     BVTreeViewItem *take(BVTreeViewItem *parent, int row);
     Items takeAll(BVTreeViewItem *parent);
 
-    /// These do not look for pending changes. The items are free, the rows exist.
-    void insertFree(BVTreeViewItem *parent, int row, const Items &items);
+    /// These do not look for pending changes. The items are free, the rows exist. Below a disabled
+    /// row, insert() disables the items.
+    void insert(BVTreeViewItem *parent, int row, const BVItemSpan &items);
+    void insertFree(BVTreeViewItem *parent, int row, const BVItemSpan &items);
     Items takeRows(BVTreeViewItem *parent, int row, int count);
 
 private:
-    void enter(const Items &items);
-    void depart(const Items &items);
+    void enter(const BVItemSpan &items);
+    void depart(const BVItemSpan &items);
 
     BVTreeViewModel *m_model;
 };

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVTreeViewItem.h"
 
+#include "itemviews/BVBlockPool_p.h"
 #include "itemviews/BVCheckCounters_p.h"
+#include "itemviews/BVItemSpan_p.h"
+#include "itemviews/BVItemValues_p.h"
 #include "itemviews/BVModelWatch_p.h"
 #include "itemviews/BVTreeSort_p.h"
 #include "itemviews/BVTreeStructure_p.h"
@@ -13,8 +16,9 @@
 
 namespace {
 
-constexpr int s_nearRows = 16;      // rows around the hint that are worth a look
-constexpr size_t s_firstValues = 3; // room made for the first value
+constexpr int s_nearRows = 16; // rows around the hint that are worth a look
+
+BVBlockPool s_items(sizeof(BVTreeViewItem));
 
 bool isIntegral(const QVariant &value)
 {
@@ -82,6 +86,24 @@ struct BVTreeViewItem::PushDown
 qint64 BVTreeViewItem::s_nextId = 1;
 BVTreeViewItem::PushDown *BVTreeViewItem::s_pushDowns = nullptr;
 
+void BVTreeViewItem::ValuesDeleter::operator()(BVItemValues *values) const
+{
+    BVItemValues::destroy(values);
+}
+
+void *BVTreeViewItem::operator new(size_t size)
+{
+    return size == sizeof(BVTreeViewItem) ? s_items.take() : ::operator new(size);
+}
+
+void BVTreeViewItem::operator delete(void *item, size_t size)
+{
+    if (size == sizeof(BVTreeViewItem))
+        s_items.give(item);
+    else
+        ::operator delete(item);
+}
+
 BVTreeViewItem::BVTreeViewItem()
     : m_id(s_nextId++)
 {
@@ -97,14 +119,15 @@ BVTreeViewItem::BVTreeViewItem(const QVector<QVector<ItemData>> &values, BVTreeV
     : BVTreeViewItem()
 {
     m_columnCount = qMin(values.size(), s_maximumColumns);
-    size_t count = 0;
+    int count = 0;
     for (const QVector<ItemData> &column : values)
-        count += size_t(column.size());
-    m_values.reserve(count);
+        count += column.size();
+    if (count > 0)
+        m_values.reset(BVItemValues::make(count));
     for (int column = 0; column < m_columnCount; ++column) {
         for (const ItemData &data : values[column]) {
             if (!find(column, storedRole(data.role)))
-                m_values.push_back({column, storedRole(data.role), data.value});
+                m_values->insert(column, storedRole(data.role), QVariant(data.value));
         }
     }
     appendTo(parent);
@@ -120,10 +143,10 @@ void BVTreeViewItem::appendTo(BVTreeViewItem *parent)
 }
 
 BVTreeViewItem::BVTreeViewItem(const BVTreeViewItem &other)
-    : m_flags(other.m_flags)
+    : m_columnCount(other.m_columnCount)
+    , m_flags(other.m_flags)
     , m_id(s_nextId++)
-    , m_values(other.m_values)
-    , m_columnCount(other.m_columnCount)
+    , m_values(copyOf(other.m_values.get()))
 {
 }
 
@@ -131,7 +154,7 @@ BVTreeViewItem &BVTreeViewItem::operator=(const BVTreeViewItem &other)
 {
     if (this == &other)
         return *this;
-    std::vector<Value> values = other.m_values;
+    std::unique_ptr<BVItemValues, ValuesDeleter> values(copyOf(other.m_values.get()));
     const Qt::ItemFlags flags = other.m_flags;
     const int columnCount = other.m_columnCount;
     if (isHeader() && !setModelColumns(columnCount))
@@ -182,6 +205,7 @@ void BVTreeViewItem::deleteChildren()
         s_doomed->push_back(*child);
     }
     m_children.clear();
+    m_childCount = 0;
     while (isOutermost && !doomed.empty()) {
         const BVTreeViewItem *item = doomed.back();
         doomed.pop_back();
@@ -193,20 +217,14 @@ void BVTreeViewItem::deleteChildren()
 
 // Values
 
-std::vector<BVTreeViewItem::Value>::const_iterator BVTreeViewItem::columnBegin(int column) const
+BVItemValues *BVTreeViewItem::copyOf(const BVItemValues *values)
 {
-    return std::lower_bound(m_values.begin(), m_values.end(), column,
-                            [](const Value &v, int c) { return v.column < c; });
+    return values ? BVItemValues::copy(*values) : nullptr;
 }
 
 const QVariant *BVTreeViewItem::find(int column, int role) const
 {
-    for (auto value = columnBegin(column); value != m_values.end() && value->column == column;
-         ++value) {
-        if (value->role == role)
-            return &value->value;
-    }
-    return nullptr;
+    return m_values ? m_values->find(column, role) : nullptr;
 }
 
 QVariant BVTreeViewItem::data(int column, int role) const
@@ -217,18 +235,31 @@ QVariant BVTreeViewItem::data(int column, int role) const
     return value ? *value : QVariant();
 }
 
+bool BVTreeViewItem::hasCheckState(int column) const
+{
+    if (!isPlain() || derivesCheckState())
+        return data(column, Qt::CheckStateRole).isValid();
+    const QVariant *state = find(column, Qt::CheckStateRole);
+    return state && state->isValid();
+}
+
 bool BVTreeViewItem::derivesCheckState() const
 {
-    return (m_flags & Qt::ItemIsAutoTristate) && !m_children.isEmpty();
+    return (m_flags & Qt::ItemIsAutoTristate) && m_childCount > 0;
 }
 
 void BVTreeViewItem::setData(int column, int role, const QVariant &value)
+{
+    write(column, role, QVariant(value));
+}
+
+void BVTreeViewItem::write(int column, int role, QVariant &&value)
 {
     if (column < 0 || column >= s_maximumColumns)
         return;
     if (column >= m_columnCount && isHeader() && !setModelColumns(column + 1))
         return;
-    if (change(column, role, value) && m_model)
+    if (change(column, role, std::move(value)) && m_model)
         announce(column, role);
 }
 
@@ -241,22 +272,21 @@ bool BVTreeViewItem::setModelColumns(int count)
 }
 
 /// False if nothing has changed or the item is gone.
-bool BVTreeViewItem::change(int column, int role, const QVariant &value)
+bool BVTreeViewItem::change(int column, int role, QVariant &&value)
 {
     if (isPushingDown())
         BVCheckCounters::forget(m_parent); // they know the state from before
     BVCheckCounters::Change change(this, column);
-    bool hasPushed = false;
-    if (role == Qt::CheckStateRole && (m_flags & Qt::ItemIsAutoTristate) &&
-        !isSame(role, value, int(Qt::PartiallyChecked))) {
-        const QVariant before = data(column, role);
-        if (!pushDownCheckState(column, value)) {
-            change.abandon();
-            return false;
-        }
-        hasPushed = before != data(column, role);
+    if (role != Qt::CheckStateRole || !(m_flags & Qt::ItemIsAutoTristate) ||
+        isSame(role, value, int(Qt::PartiallyChecked)))
+        return store(column, storedRole(role), std::move(value));
+    const QVariant before = data(column, role);
+    if (!pushDownCheckState(column, value)) {
+        change.abandon();
+        return false;
     }
-    return store(column, storedRole(role), value) || hasPushed;
+    // What the children make of it counts as well as what is stored.
+    return store(column, role, std::move(value)) || before != data(column, role);
 }
 
 void BVTreeViewItem::announce(int column, int role)
@@ -272,30 +302,19 @@ void BVTreeViewItem::announce(int column, int role)
 }
 
 /// Returns whether the value is another one now.
-bool BVTreeViewItem::store(int column, int role, const QVariant &value)
+bool BVTreeViewItem::store(int column, int role, QVariant &&value)
 {
     m_columnCount = qMax(m_columnCount, column + 1);
-    auto position = columnBegin(column);
-    for (; position != m_values.end() && position->column == column; ++position) {
-        if (position->role != role)
-            continue;
-        QVariant &stored = m_values[size_t(position - m_values.begin())].value;
-        if (isSame(role, stored, value))
+    if (auto *stored = const_cast<QVariant *>(find(column, role))) {
+        if (isSame(role, *stored, value))
             return false;
-        stored = value;
+        *stored = std::move(value);
         return true;
     }
-    insertValue(position, {column, role, value});
+    if (!m_values || m_values->isFull())
+        m_values.reset(BVItemValues::enlarge(m_values.release()));
+    m_values->insert(column, role, std::move(value));
     return true;
-}
-
-/// Most items keep the few values that they get when they are made.
-void BVTreeViewItem::insertValue(std::vector<Value>::const_iterator position, Value value)
-{
-    const auto index = position - m_values.cbegin();
-    if (m_values.size() == m_values.capacity())
-        m_values.reserve(qMax(s_firstValues, m_values.size() + m_values.size() / 2));
-    m_values.insert(m_values.begin() + index, std::move(value));
 }
 
 /// Makes room for @p count columns in front of @p column.
@@ -304,17 +323,16 @@ void BVTreeViewItem::shiftColumns(int column, int count)
     m_checkCounters.reset();
     if (column >= m_columnCount)
         return;
-    for (Value &value : m_values) {
-        if (value.column >= column)
-            value.column += count;
-    }
+    if (m_values)
+        m_values->shiftColumns(column, count);
     m_columnCount += count;
 }
 
 /// Drops all columns from @p count on.
 void BVTreeViewItem::cutColumns(int count)
 {
-    m_values.erase(m_values.begin() + (columnBegin(count) - m_values.cbegin()), m_values.end());
+    if (m_values)
+        m_values->cutColumns(count);
     m_columnCount = count;
 }
 
@@ -343,11 +361,12 @@ bool BVTreeViewItem::pushDownCheckState(int column, const QVariant &value)
     const BVModelWatch watch(m_model, this);
     BVTreeViewModel *const model = m_model;
     PushDown running(this);
+    BVCheckCounters::forget(this); // to count once afterwards is less than to follow each child
     if (model)
         model->activateBulkItemChanged(true);
     // By index: a slot may insert, take or delete rows, this one included.
     for (int i = 0; running.item && i < m_children.size(); ++i) {
-        if (m_children[i]->data(column, Qt::CheckStateRole).isValid())
+        if (m_children[i]->hasCheckState(column))
             running.write(m_children[i], column, value);
     }
     if (watch.isModelAlive())
@@ -416,7 +435,10 @@ QString BVTreeViewItem::text(int column) const
 
 void BVTreeViewItem::setText(int column, const QString &text)
 {
-    setData(column, Qt::DisplayRole, text);
+    if (isPlain())
+        write(column, Qt::DisplayRole, text); // without a copy of the value on the way
+    else
+        setData(column, Qt::DisplayRole, text);
 }
 
 void BVTreeViewItem::setIcon(int column, const QIcon &icon)
@@ -498,26 +520,34 @@ BVTreeViewItem *BVTreeViewItem::holder() const
 
 BVTreeViewItem *BVTreeViewItem::child(int row) const
 {
-    return m_children.value(row);
+    return row >= 0 && row < m_childCount ? m_children[row] : nullptr;
 }
 
 int BVTreeViewItem::row() const
 {
     const BVTreeViewItem *parent = holder();
-    return parent ? parent->indexOfChild(this) : -1;
+    return parent ? parent->rowOf(this) : -1;
 }
 
-/// The hint is right unless rows were inserted or taken in front; then it is off by a few rows, or
-/// all hints are made anew.
 int BVTreeViewItem::indexOfChild(const BVTreeViewItem *child) const
 {
-    if (!child || child->holder() != this)
-        return -1;
-    const int count = m_children.size();
-    const int hint = child->m_row;
-    for (int distance = 0; distance <= s_nearRows; ++distance) {
-        for (const int row : {hint - distance, hint + distance}) {
-            if (row >= 0 && row < count && m_children[row] == child) {
+    return child && child->holder() == this ? rowOf(child) : -1;
+}
+
+/// The row of an item that is known to be a child.
+int BVTreeViewItem::rowOf(const BVTreeViewItem *child) const
+{
+    return m_rowDoubt == 0 ? child->m_row : findRow(child);
+}
+
+/// Once rows were inserted or taken in front, the hint is mostly off by a few rows. Where many rows
+/// are asked for, all hints are made anew, at a cost that does not weigh much among so many.
+int BVTreeViewItem::findRow(const BVTreeViewItem *child) const
+{
+    const bool isAskedOften = ++m_rowDoubt > m_childCount / s_nearRows;
+    for (int distance = 0; distance <= s_nearRows && !isAskedOften; ++distance) {
+        for (const int row : {child->m_row - distance, child->m_row + distance}) {
+            if (row >= 0 && row < m_childCount && m_children[row] == child) {
                 child->m_row = row;
                 return row;
             }
@@ -527,46 +557,72 @@ int BVTreeViewItem::indexOfChild(const BVTreeViewItem *child) const
     return child->m_row;
 }
 
+void BVTreeViewItem::doubtRows()
+{
+    m_rowDoubt = qMax(m_rowDoubt, 1);
+}
+
+/// The rows in front of @p from are known to be right if all were.
 void BVTreeViewItem::numberChildren(int from) const
 {
-    for (int row = from; row < m_children.size(); ++row)
+    for (int row = from; row < m_childCount; ++row)
         m_children[row]->m_row = row;
+    if (from == 0)
+        m_rowDoubt = 0;
 }
 
 void BVTreeViewItem::appendChild(BVTreeViewItem *child)
 {
-    appendChildren({child});
+    if (!m_model || m_model->flushFor(this))
+        insert(m_childCount, BVItemSpan(&child));
 }
 
 void BVTreeViewItem::appendChildren(const QVector<BVTreeViewItem *> &children)
 {
     if (!m_model || m_model->flushFor(this))
-        insertChildren(m_children.size(), children);
+        insertChildren(m_childCount, children);
 }
 
 void BVTreeViewItem::insertChild(int row, BVTreeViewItem *child)
 {
-    insertChildren(row, {child});
+    insert(row, BVItemSpan(&child));
 }
 
 void BVTreeViewItem::insertChildren(int row, const QVector<BVTreeViewItem *> &children)
 {
-    if (row < 0 || row > m_children.size() || isHeader())
-        return;
-    if (m_model)
-        BVTreeStructure(m_model).insert(this, row, children);
-    else
-        adopt(row, insertable(children));
+    const QVector<BVTreeViewItem *> kept = children; // whatever slots do
+    insert(row, kept);
 }
 
-QVector<BVTreeViewItem *> BVTreeViewItem::insertable(const QVector<BVTreeViewItem *> &items) const
+void BVTreeViewItem::insert(int row, const BVItemSpan &items)
 {
-    const auto isFree = [this](const BVTreeViewItem *item) {
-        return item && item != this && !item->m_model && !item->m_parent &&
-               (item->m_children.isEmpty() || !inTree(item));
-    };
-    if (items.size() == 1)
-        return isFree(items.front()) ? items : QVector<BVTreeViewItem *>();
+    const auto isPossible = [&] { return row >= 0 && row <= m_childCount && !isHeader(); };
+    if (!isPossible() || (m_model && (!m_model->flushFor(this) || !isPossible())))
+        return;
+    if (items.size() != 1)
+        insertFree(row, insertable(items));
+    else if (isInsertable(items[0]))
+        insertFree(row, items);
+}
+
+void BVTreeViewItem::insertFree(int row, const BVItemSpan &items)
+{
+    if (items.size() == 0)
+        return;
+    if (m_model)
+        BVTreeStructure(m_model).insert(this, row, items);
+    else
+        adopt(row, items);
+}
+
+bool BVTreeViewItem::isInsertable(const BVTreeViewItem *item) const
+{
+    return item && item != this && !item->m_model && !item->m_parent &&
+           (item->m_childCount == 0 || !inTree(item));
+}
+
+QVector<BVTreeViewItem *> BVTreeViewItem::insertable(const BVItemSpan &items) const
+{
     // Free items have no row of their own: the hint can tell where in the list each stands first.
     for (int i = items.size() - 1; i >= 0; --i) {
         if (items[i] && !items[i]->m_model && !items[i]->m_parent)
@@ -575,35 +631,36 @@ QVector<BVTreeViewItem *> BVTreeViewItem::insertable(const QVector<BVTreeViewIte
     QVector<BVTreeViewItem *> result;
     result.reserve(items.size());
     for (int i = 0; i < items.size(); ++i) {
-        if (isFree(items[i]) && items[i]->m_row == i)
+        if (isInsertable(items[i]) && items[i]->m_row == i)
             result.append(items[i]);
     }
     return result;
 }
 
 /// Takes free items into the list, without a word to anyone.
-void BVTreeViewItem::adopt(int row, const QVector<BVTreeViewItem *> &items)
+void BVTreeViewItem::adopt(int row, const BVItemSpan &items)
 {
-    if (items.isEmpty())
-        return;
     if (s_pushDowns)
         BVCheckCounters::forget(this); // it may hold states from before
     else
         BVCheckCounters::join(this, items);
     BVTreeViewItem *parent = isRoot() ? nullptr : this;
-    const bool isLast = row == m_children.size();
+    const bool isLast = row == m_childCount;
     if (items.size() == 1) {
-        m_children.insert(row, items.front());
+        m_children.insert(row, items[0]);
     } else {
         m_children.insert(row, items.size(), nullptr);
         std::copy(items.begin(), items.end(), m_children.begin() + row);
     }
+    m_childCount = m_children.size();
     for (int i = 0; i < items.size(); ++i) {
         items[i]->m_parent = parent;
         items[i]->m_row = row + i;
     }
     if (!isLast && items.size() > s_nearRows)
         numberChildren(row + items.size());
+    else if (!isLast)
+        doubtRows();
 }
 
 void BVTreeViewItem::removeChild(BVTreeViewItem *child)
@@ -613,7 +670,7 @@ void BVTreeViewItem::removeChild(BVTreeViewItem *child)
 
 BVTreeViewItem *BVTreeViewItem::takeChild(int row)
 {
-    if (row < 0 || row >= m_children.size())
+    if (row < 0 || row >= m_childCount)
         return nullptr;
     if (m_model)
         return BVTreeStructure(m_model).take(this, row);
@@ -624,7 +681,7 @@ QVector<BVTreeViewItem *> BVTreeViewItem::takeChildren()
 {
     if (m_model)
         return BVTreeStructure(m_model).takeAll(this);
-    return release(0, m_children.size());
+    return release(0, m_childCount);
 }
 
 void BVTreeViewItem::removeChildren()
@@ -642,10 +699,13 @@ QVector<BVTreeViewItem *> BVTreeViewItem::release(int row, int count)
     else
         BVCheckCounters::leave(this, items);
     m_children.remove(row, count);
+    m_childCount = m_children.size();
     for (BVTreeViewItem *item : items)
         item->m_parent = nullptr;
     if (count > s_nearRows)
         numberChildren(row);
+    else if (row < m_childCount)
+        doubtRows();
     return items;
 }
 

@@ -7,11 +7,13 @@
 
 #include <Qt>
 
+#include <cstddef>
 #include <memory>
 #include <typeinfo>
-#include <vector>
 
 class BVCheckCounters;
+class BVItemSpan;
+class BVItemValues;
 class BVTreeViewModel;
 class QIcon;
 class QString;
@@ -55,6 +57,12 @@ public:
     BVTreeViewItem &operator=(const BVTreeViewItem &other);
     virtual ~BVTreeViewItem();
 
+    /// Items of this class itself come from a pool.
+    static void *operator new(size_t size);
+    static void operator delete(void *item, size_t size);
+    static void *operator new(size_t /*size*/, void *place) { return place; }
+    static void operator delete(void * /*item*/, void * /*place*/) {}
+
     virtual QVariant data(int column, int role) const;
     /// Stores a value and tells the model's views, unless it is there already. A column that does
     /// not exist is made; the header item then widens its model.
@@ -70,7 +78,7 @@ public:
     virtual bool isHidden() const;
 
     BVTreeViewItem *child(int row) const;
-    int childCount() const { return m_children.size(); }
+    int childCount() const { return m_childCount; }
     const QVector<BVTreeViewItem *> &children() const { return m_children; }
     /// The row of a child, or -1.
     int indexOfChild(const BVTreeViewItem *child) const;
@@ -123,18 +131,16 @@ private:
     friend class BVTreeViewModel;
 
     struct PushDown;
-    struct Value
+    struct ValuesDeleter
     {
-        int column;
-        int role;
-        QVariant value;
+        void operator()(BVItemValues *values) const;
     };
 
     static int storedRole(int role) { return role == Qt::EditRole ? int(Qt::DisplayRole) : role; }
-    std::vector<Value>::const_iterator columnBegin(int column) const;
     const QVariant *find(int column, int role) const;
-    bool store(int column, int role, const QVariant &value);
-    void insertValue(std::vector<Value>::const_iterator position, Value value);
+    void write(int column, int role, QVariant &&value);
+    bool store(int column, int role, QVariant &&value);
+    static BVItemValues *copyOf(const BVItemValues *values);
     void shiftColumns(int column, int count);
     void cutColumns(int count);
     /// Whether the item is of this class itself, so that nothing is overridden.
@@ -142,10 +148,11 @@ private:
     bool isHeader() const;
     bool isRoot() const;
     bool setModelColumns(int count);
+    bool hasCheckState(int column) const;
     bool derivesCheckState() const;
     bool isPushingDown() const;
     bool pushDownCheckState(int column, const QVariant &value);
-    bool change(int column, int role, const QVariant &value);
+    bool change(int column, int role, QVariant &&value);
     void announce(int column, int role);
     void notify(int column, int role);
     void releaseFlags();
@@ -153,9 +160,15 @@ private:
     void setEnabledFlag(bool enabled);
     void appendTo(BVTreeViewItem *parent);
     BVTreeViewItem *holder() const;
-    QVector<BVTreeViewItem *> insertable(const QVector<BVTreeViewItem *> &items) const;
-    void adopt(int row, const QVector<BVTreeViewItem *> &items);
+    void insert(int row, const BVItemSpan &items);
+    void insertFree(int row, const BVItemSpan &items);
+    bool isInsertable(const BVTreeViewItem *item) const;
+    QVector<BVTreeViewItem *> insertable(const BVItemSpan &items) const;
+    void adopt(int row, const BVItemSpan &items);
     QVector<BVTreeViewItem *> release(int row, int count);
+    int rowOf(const BVTreeViewItem *child) const;
+    int findRow(const BVTreeViewItem *child) const;
+    void doubtRows();
     void numberChildren(int from) const;
     void deleteChildren();
 
@@ -165,13 +178,15 @@ private:
     // What finding a row needs stands in front, close together.
     BVTreeViewItem *m_parent = nullptr;
     BVTreeViewModel *m_model = nullptr;
-    mutable int m_row = 0; // a hint; row() checks it
-    Qt::ItemFlags m_flags = Qt::ItemIsSelectable | Qt::ItemIsUserCheckable | Qt::ItemIsEnabled;
-    QVector<BVTreeViewItem *> m_children; // owned
-    qint64 m_id;
-    std::vector<Value> m_values; // by column, in a column as they were first set
-    mutable std::unique_ptr<BVCheckCounters> m_checkCounters; // made when first needed
+    mutable int m_row = 0;      // a hint, unless the parent doubts no rows
+    mutable int m_rowDoubt = 0; // 0 while the rows of all children are right; grows when asked
+    int m_childCount = 0;       // of m_children, to be had without a look there
     int m_columnCount = 0;
+    QVector<BVTreeViewItem *> m_children; // owned
+    Qt::ItemFlags m_flags = Qt::ItemIsSelectable | Qt::ItemIsUserCheckable | Qt::ItemIsEnabled;
+    qint64 m_id;
+    std::unique_ptr<BVItemValues, ValuesDeleter> m_values;    // null while there are none
+    mutable std::unique_ptr<BVCheckCounters> m_checkCounters; // made when first needed
 };
 
 Q_DECLARE_METATYPE(BVTreeViewItem *)

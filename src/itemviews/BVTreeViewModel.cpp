@@ -3,6 +3,7 @@
 
 #include "itemviews/BVChangeFlush_p.h"
 #include "itemviews/BVItemIdMap_p.h"
+#include "itemviews/BVItemValues_p.h"
 #include "itemviews/BVModelWatch_p.h"
 #include "itemviews/BVPendingChanges_p.h"
 #include "itemviews/BVProxyChain_p.h"
@@ -184,10 +185,10 @@ QMap<int, QVariant> BVTreeViewModel::itemData(const QModelIndex &index) const
 {
     QMap<int, QVariant> values;
     const BVTreeViewItem *rowItem = item(index);
-    if (!rowItem)
+    if (!rowItem || !rowItem->m_values)
         return values;
-    for (auto value = rowItem->columnBegin(index.column());
-         value != rowItem->m_values.end() && value->column == index.column(); ++value)
+    for (auto *value = rowItem->m_values->columnBegin(index.column());
+         value != rowItem->m_values->end() && value->column == index.column(); ++value)
         values.insert(value->role, value->value);
     return values;
 }
@@ -256,26 +257,45 @@ void BVTreeViewModel::disconnectNotify(const QMetaMethod & /*signal*/)
     m_listenersChanged = true;
 }
 
-/// Not to be asked while connections change: locks are held then.
+/// Not to be called while connections change: locks are held then.
+void BVTreeViewModel::findListeners()
+{
+    if (!m_listenersChanged)
+        return;
+    m_listenersChanged = false;
+    m_isShown = isSignalConnected(QMetaMethod::fromSignal(&BVTreeViewModel::dataChanged));
+    m_isHeard = isSignalConnected(QMetaMethod::fromSignal(&BVTreeViewModel::itemsChanged));
+}
+
+bool BVTreeViewModel::isShown()
+{
+    findListeners();
+    return m_isShown;
+}
+
 bool BVTreeViewModel::isHeard()
 {
-    if (m_listenersChanged) {
-        m_listenersChanged = false;
-        m_isHeard = isSignalConnected(QMetaMethod::fromSignal(&BVTreeViewModel::itemsChanged));
-    }
+    findListeners();
     return m_isHeard;
 }
 
 void BVTreeViewModel::emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles)
 {
     const BVModelWatch watch(this, item);
+    if (isShown())
+        emitCellsShown(item, column, roles);
+    if (watch.isItemAlive() && isHeard())
+        Q_EMIT itemsChanged({item}, column, roles);
+}
+
+void BVTreeViewModel::emitCellsShown(const BVTreeViewItem *item, int column,
+                                     const QVector<int> &roles)
+{
     const bool all = column == s_allColumns;
     const QModelIndex first = index(item, all ? 0 : column);
     if (first.isValid())
         Q_EMIT dataChanged(first, all ? first.sibling(first.row(), columnCount() - 1) : first,
                            roles);
-    if (watch.isItemAlive() && isHeard())
-        Q_EMIT itemsChanged({item}, column, roles);
 }
 
 /// What slots change meanwhile has to wait in its turn. False if one of them has deleted the model.

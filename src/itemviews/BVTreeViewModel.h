@@ -145,8 +145,7 @@ Q_SIGNALS:
     void itemsChanged(QVector<BVTreeViewItem *> items, int column, QVector<int> roles);
 
 protected:
-    /// These keep track of whether somebody listens to itemsChanged(), which costs a list each
-    /// time.
+    /// These keep track of who listens to changes, so that none is described to nobody.
     void connectNotify(const QMetaMethod &signal) override;
     void disconnectNotify(const QMetaMethod &signal) override;
 
@@ -165,6 +164,9 @@ private:
     void notify(BVTreeViewItem *item, int column, const QVector<int> &roles);
     void emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles);
     void emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles);
+    void emitCellsShown(const BVTreeViewItem *item, int column, const QVector<int> &roles);
+    void findListeners();
+    bool isShown();
     bool isHeard();
     bool flushPendingChanges();
     bool flushFor(const BVTreeViewItem *item);
@@ -196,8 +198,9 @@ private:
     QTimer *m_delayTimer = nullptr; // child of this, in delayed mode
     std::unique_ptr<BVPendingChanges> m_pendingChanges;
     std::unique_ptr<BVItemIdMap> m_itemsById; // the root and all rows
+    bool m_isShown = false;                   // dataChanged() is connected
     bool m_isHeard = false;                   // itemsChanged() is connected
-    bool m_listenersChanged = false;          // since m_isHeard was found out
+    bool m_listenersChanged = false;          // since those were found out
     BVModelWatch *m_watches = nullptr;        // innermost first
     quint64 m_structure = 0;                  // another one after each change of the structure
 };
