@@ -68,12 +68,16 @@ void BVContainerListControl::watchRows()
 {
     m_updateTimer->setSingleShot(true);
     connect(m_updateTimer, &QTimer::timeout, this, &BVContainerListControl::updateActions);
-    const auto schedule = [this] { m_updateTimer->start(0); };
+    const auto schedule = [this] {
+        if (!m_updateTimer->isActive())
+            m_updateTimer->start(0);
+    };
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, schedule);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, schedule);
     connect(m_tree->model(), &QAbstractItemModel::rowsInserted, this, schedule);
     connect(m_tree->model(), &QAbstractItemModel::rowsRemoved, this, schedule);
     connect(m_tree->model(), &QAbstractItemModel::layoutChanged, this, schedule);
+    connect(m_tree->model(), &QAbstractItemModel::dataChanged, this, schedule);
     updateActions();
 }
 
@@ -399,9 +403,10 @@ bool BVContainerListControl::mayDrop(const QList<QTreeWidgetItem *> &items, QTre
     const QTreeWidgetItem *target = parent ? parent : m_tree->invisibleRootItem();
     if (!(target->flags() & Qt::ItemIsDropEnabled) || !BVTreeItemMove(items).isAllowed(target))
         return false;
+    const QPointer<BVContainerListControl> guard(this);
     bool mayDrop = true;
     Q_EMIT sigItemDragEnter(parent, &mayDrop);
-    return mayDrop;
+    return guard && m_tree && mayDrop;
 }
 
 bool BVContainerListControl::moveHere(const QList<QTreeWidgetItem *> &items,

@@ -5,7 +5,6 @@
 
 #include "itemviews/DragDropInfo.h"
 
-#include <QBasicTimer>
 #include <QObject>
 #include <QPixmap>
 #include <QPointer>
@@ -14,9 +13,12 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 class BVDragHint;
+class BVDragKeys;
+class BVDragSource;
+class BVDropListeners;
+class BVDropTarget;
 class BVRegisteredDropWidgets;
 class QDragEnterEvent;
 class QDragLeaveEvent;
@@ -101,8 +103,8 @@ public:
     QTreeView *getSecondTreeView() const { return m_secondTreeView; }
 
     /// The cell under the pointer of a drag; invalid if there is none.
-    QModelIndex getDropIndex() const { return m_dropIndex; }
-    DropIndicatorPosition getDropIndicatorPosition() const { return m_dropIndicatorPosition; }
+    QModelIndex getDropIndex() const;
+    DropIndicatorPosition getDropIndicatorPosition() const;
     /// What is being dragged out of this view, as far as it still exists.
     QModelIndexList getDraggedIndexes() const;
     /// All of the drag over this view that a slot or callback may want to know.
@@ -141,19 +143,46 @@ public:
 
     /// The callbacks are asked before the manager does its own work; true consumes the event. Those
     /// for drags then decide themselves whether it is accepted.
-    void setMousePressedCallback(const std::function<bool(QMouseEvent *)> &callback);
-    void setMouseMoveCallback(const std::function<bool(QMouseEvent *)> &callback);
-    void setDragEnterCallback(const std::function<bool(QDragEnterEvent *)> &callback);
-    void setDragMoveCallback(const std::function<bool(QDragMoveEvent *)> &callback);
+    void setMousePressedCallback(const std::function<bool(QMouseEvent *)> &callback)
+    {
+        m_mousePressedCallback = callback;
+    }
+    void setMouseMoveCallback(const std::function<bool(QMouseEvent *)> &callback)
+    {
+        m_mouseMoveCallback = callback;
+    }
+    void setDragEnterCallback(const std::function<bool(QDragEnterEvent *)> &callback)
+    {
+        m_dragEnterCallback = callback;
+    }
+    void setDragMoveCallback(const std::function<bool(QDragMoveEvent *)> &callback)
+    {
+        m_dragMoveCallback = callback;
+    }
     /// The view is tidied up in any case.
-    void setDragLeaveCallback(const std::function<bool(QDragLeaveEvent *)> &callback);
-    void setDropCallback(const std::function<bool(QDropEvent *)> &callback);
+    void setDragLeaveCallback(const std::function<bool(QDragLeaveEvent *)> &callback)
+    {
+        m_dragLeaveCallback = callback;
+    }
+    void setDropCallback(const std::function<bool(QDropEvent *)> &callback)
+    {
+        m_dropCallback = callback;
+    }
     /// Told when a drag comes over the view and when it ends there. A BVTreeView knows without.
-    void setStateCallback(const std::function<void(DragState)> &callback);
+    void setStateCallback(const std::function<void(DragState)> &callback)
+    {
+        m_stateCallback = callback;
+    }
     /// Told with each move of a drag whether the view is to scroll, and at its end.
-    void setAutoScrollCallback(const std::function<void(bool)> &callback);
+    void setAutoScrollCallback(const std::function<void(bool)> &callback)
+    {
+        m_autoScrollCallback = callback;
+    }
     /// Gives the options with which rows are painted.
-    void setGetViewOptionsCallback(const std::function<QStyleOptionViewItem()> &callback);
+    void setGetViewOptionsCallback(const std::function<QStyleOptionViewItem()> &callback)
+    {
+        m_getViewOptionsCallback = callback;
+    }
 
     /// What the view's paintEvent() calls after the tree has been painted: the first two while
     /// something is dragged over the view, the last always.
@@ -187,10 +216,10 @@ Q_SIGNALS:
     void sigDropTargetColumnChanged(const QModelIndex &target, int column, int previousColumn,
                                     QDragMoveEvent *event);
 
-protected:
-    void timerEvent(QTimerEvent *event) override;
-
 private:
+    friend class BVDragKeys;
+    friend class BVDragSource;
+
     bool isReplaced() const;
     bool handleViewEvent(QEvent *event);
     bool handleViewportEvent(QEvent *event);
@@ -201,44 +230,33 @@ private:
     void processDragLeaveEvent(QDragLeaveEvent *event);
     void processDropEvent(QDropEvent *event);
 
-    QModelIndexList draggableRows() const;
-    bool prepareDrag(const QModelIndexList &rows, QMimeData &mime, QPixmap &pixmap);
-    void runDrag(const QModelIndexList &rows);
     void endDrag();
 
     bool isAccepted(const QMimeData *mime) const;
     QModelIndex getDropTarget(const QPoint &pos) const;
-    QRect targetRect(const QModelIndex &target) const;
     void followDrag(QDragMoveEvent *event);
     bool announceTarget(const QModelIndex &target, QDragMoveEvent *event);
     void setDragAndDropTargetInfo(const QModelIndex &target, DropIndicatorPosition position,
                                   Qt::DropAction action);
     void resetTarget();
-    void updateTarget(const QRect &before);
+    bool hasTarget() const;
     void onScrolled();
     void updateAutoScroll(const QPoint &pos);
     void tellAutoScroll(bool on);
     void setDragState(DragState state);
     void tidyUp();
-    DragDropInfo widgetInfo() const;
+    DragDropInfo draggedInfo() const;
     void notifyListeners(DragDropInfo info);
-
-    bool handleKey(QKeyEvent *event);
-    void moveByKey(const QModelIndexList &rows, int key);
-    void dropByKey(const QModelIndex &target, DropIndicatorPosition position, QMimeData *mime);
 
     QPointer<QTreeView> m_treeView;
     QPointer<QTreeView> m_secondTreeView;
-    QPersistentModelIndex m_dropIndex;
-    QList<QPersistentModelIndex> m_draggedIndexes;
-    QRect m_dropRect; // in the viewport
-    DropIndicatorPosition m_dropIndicatorPosition = DropIndicatorPosition::OnViewport;
-    Qt::DropAction m_dropAction = Qt::IgnoreAction;
-    DragState m_dragState = NoDrag;
+    std::unique_ptr<BVDragSource> m_source;
+    std::unique_ptr<BVDropTarget> m_target;
     std::unique_ptr<BVDragHint> m_hint;
+    std::unique_ptr<BVDragKeys> m_keys;
+    DragState m_dragState = NoDrag;
     QPoint m_pressPosition;
     bool m_isPressed = false; // there is a press position
-    QPixmap m_dragPixmap;     // of the running drag
     QStringList m_acceptedFormats;
     int m_dragVisualizationColumn = -1;
     bool m_dragWholeRow = false;
@@ -253,7 +271,6 @@ private:
         QPointer<const QMimeData> mime;
     };
     LastMove m_lastMove;
-    QBasicTimer m_expandTimer; // opens the target's branch
 
     std::function<bool(QMouseEvent *)> m_mousePressedCallback;
     std::function<bool(QMouseEvent *)> m_mouseMoveCallback;
@@ -265,7 +282,6 @@ private:
     std::function<void(bool)> m_autoScrollCallback;
     std::function<QStyleOptionViewItem()> m_getViewOptionsCallback;
 
-    std::vector<std::pair<int, DropListener>> m_dropListeners; // with their ids
-    int m_lastListenerId = 0;
+    std::unique_ptr<BVDropListeners> m_dropListeners;
     std::unique_ptr<BVRegisteredDropWidgets> m_registered;
 };

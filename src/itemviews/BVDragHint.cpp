@@ -10,7 +10,7 @@ namespace {
 
 constexpr int s_margin = 8;       // px, between the text's field and the edges of the band
 constexpr int s_textMargin = 14;  // px, beside the text
-constexpr int s_borderAlpha = 90; // of 255
+constexpr int s_fieldAlpha = 215; // of 255
 
 int animationDuration(const QWidget *widget)
 {
@@ -114,16 +114,16 @@ void BVDragHint::render()
     m_infoPixmap.fill(Qt::transparent);
     m_renderedWidth = m_viewport->width();
 
-    const QPalette palette = m_viewport->palette();
-    QColor border = palette.color(QPalette::ToolTipText);
-    border.setAlpha(s_borderAlpha);
+    // Inverse, so that it is no row.
+    QColor field = m_viewport->palette().color(QPalette::Text);
+    field.setAlpha(s_fieldAlpha);
     QPainter painter(&m_infoPixmap);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(border);
-    painter.setBrush(palette.color(QPalette::ToolTipBase));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(field);
     const qreal radius = size.height() / 2.0;
-    painter.drawRoundedRect(QRectF(QPointF(), size).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-    painter.setPen(palette.color(QPalette::ToolTipText));
+    painter.drawRoundedRect(QRectF(QPointF(), size), radius, radius);
+    painter.setPen(m_viewport->palette().color(QPalette::Base));
     painter.setFont(m_viewport->font());
     painter.drawText(QRect(QPoint(), size), Qt::AlignCenter, shown);
 }

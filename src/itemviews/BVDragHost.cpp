@@ -69,12 +69,29 @@ BVDragAndDropManager *BVDragHost::makeManager(QTreeView *view)
     return manager;
 }
 
+void BVDragHost::deleteManagers(QTreeView *view)
+{
+    qDeleteAll(view->findChildren<BVDragAndDropManager *>(QString(), Qt::FindDirectChildrenOnly));
+}
+
 void BVDragHost::setDraggingState(QTreeView *view, BVDragAndDropManager::DragState state,
                                   bool isEditing)
 {
     const bool isDragging = state == BVDragAndDropManager::Dragging;
     if (isDragging || ViewAccess::isDragging(view))
         ViewAccess::setDragging(view, isDragging, isEditing);
+}
+
+BVDragHost::IndicatorHider::IndicatorHider(QTreeView *view, const BVDragAndDropManager *manager)
+    : m_view(view)
+    , m_wasShown(view->showDropIndicator())
+{
+    view->setDropIndicatorShown(m_wasShown && !(manager && view->dragEnabled()));
+}
+
+BVDragHost::IndicatorHider::~IndicatorHider()
+{
+    m_view->setDropIndicatorShown(m_wasShown);
 }
 
 void BVDragHost::paint(QTreeView *view, BVDragAndDropManager *manager)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVDragPixmap_p.h"
 
+#include "itemviews/BVDropPainter_p.h"
+
 #include <QAbstractItemDelegate>
 #include <QCoreApplication>
 #include <QHeaderView>
@@ -78,7 +80,7 @@ void BVDragPixmap::paintSheet(QPainter *painter, const QRect &rect) const
     QColor base = m_option.palette.color(QPalette::Base);
     base.setAlpha(s_sheetAlpha);
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(m_option.palette.color(QPalette::Highlight));
+    painter->setPen(BVDropPainter::color(m_option.palette));
     painter->setBrush(base);
     painter->drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), s_cornerRadius,
                              s_cornerRadius);

@@ -72,6 +72,7 @@ BVDragTreeWidget::BVDragTreeWidget(QWidget *parent)
 
 BVDragTreeWidget::~BVDragTreeWidget()
 {
+    BVDragHost::deleteManagers(this);
     // Headers are deleted late and tell of it.
     header()->disconnect(this);
 }
@@ -129,7 +130,22 @@ void BVDragTreeWidget::rowsInserted(const QModelIndex &parent, int start, int en
 void BVDragTreeWidget::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 {
     onContentChanged();
+    leaveBranches(parent, start, end);
     QTreeWidget::rowsAboutToBeRemoved(parent, start, end);
+}
+
+/// The toolkit's selection loses a current item below removed rows without a word.
+void BVDragTreeWidget::leaveBranches(const QModelIndex &parent, int start, int end)
+{
+    QModelIndex row = currentIndex().parent();
+    while (row.isValid() && row.parent() != parent)
+        row = row.parent();
+    if (!row.isValid() || row.row() < start || row.row() > end)
+        return;
+    const bool isLast = end + 1 >= model()->rowCount(parent);
+    const QModelIndex next = model()->index(isLast ? start - 1 : end + 1, 0, parent);
+    selectionModel()->setCurrentIndex(next.isValid() ? next : parent,
+                                      QItemSelectionModel::NoUpdate);
 }
 
 /// Ends what changes rows: hidden ones, style, font, delegates.
@@ -436,6 +452,9 @@ void BVDragTreeWidget::drawBranches(QPainter *painter, const QRect &rect,
 
 void BVDragTreeWidget::paintEvent(QPaintEvent *event)
 {
-    QTreeWidget::paintEvent(event);
+    {
+        const BVDragHost::IndicatorHider hider(this, m_dragAndDropManager);
+        QTreeWidget::paintEvent(event);
+    }
     BVDragHost::paint(this, m_dragAndDropManager);
 }

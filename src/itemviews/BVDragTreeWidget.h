@@ -133,6 +133,7 @@ private:
     TreeViewCopyHandler *initCopyHandler();
     int contentHeight() const;
     void onContentChanged();
+    void leaveBranches(const QModelIndex &parent, int start, int end);
     void selectMoved(const QList<QTreeWidgetItem *> &rows);
     void clearCurrentByClick(const QMouseEvent *event);
     void paintHoverTint(QPainter *painter, const QRect &row) const;

@@ -7,15 +7,19 @@
 
 namespace {
 
-constexpr int s_lineWidth = 2;           // px
-constexpr qreal s_capRadius = 3.0;       // px, of the ring at the start of the line
-constexpr qreal s_cornerRadius = 3.0;    // px, of the frame
-constexpr int s_frameTint = 45;          // of 255
-constexpr qreal s_previewOpacity = 0.75; //
-constexpr int s_previewGap = 4;          // px, between the line and the rows below it
-constexpr int s_moveLineMargin = 10;     // px, from the end of the rows
-constexpr int s_moveLineLength = 10;     // px, of its horizontal ends
-constexpr qreal s_arrowSize = 4.0;       // px
+constexpr int s_lineWidth = 2;        // px
+constexpr qreal s_capRadius = 3.0;    // px, of the ring at the start of the line
+constexpr qreal s_cornerRadius = 3.0; // px, of the frame
+constexpr int s_frameTint = 45;       // of 255
+constexpr qreal s_previewOpacity = 0.9;
+constexpr int s_previewGap = 4;      // px, between the line and the rows below it
+constexpr int s_moveLineMargin = 10; // px, from the end of the rows
+constexpr int s_moveLineLength = 10; // px, of its horizontal ends
+constexpr qreal s_arrowSize = 4.0;   // px
+
+// Instead of a highlight that does not stand out, on light and on dark rows.
+constexpr QRgb s_colors[] = {0xff2f6599, 0xff8ab8e6};
+constexpr int s_leastContrast = 90; // of lightness, of 255
 
 constexpr int s_capSpace = int(s_capRadius) + s_lineWidth; // px, around the line
 
@@ -26,9 +30,18 @@ BVDropPainter::BVDropPainter(const QTreeView *view)
 {
 }
 
+QColor BVDropPainter::color(const QPalette &palette)
+{
+    const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
+    const int base = palette.color(QPalette::Base).lightness();
+    if (qAbs(highlight.lightness() - base) >= s_leastContrast)
+        return highlight;
+    return QColor::fromRgb(s_colors[base < 128]);
+}
+
 QColor BVDropPainter::color() const
 {
-    return m_view->palette().color(QPalette::Active, QPalette::Highlight);
+    return color(m_view->palette());
 }
 
 // Geometry
@@ -169,14 +182,19 @@ void BVDropPainter::paintMoveLine(QPainter *painter, const DragDropInfo &info) c
         return;
     const int inwards = m_view->isRightToLeft() ? 1 : -1;
     const qreal x = contentEnd() + inwards * s_moveLineMargin;
-    const QPointF tip(x + inwards * s_moveLineLength, to);
-    QPainterPath path(QPointF(x + inwards * s_moveLineLength, from));
+    const QPointF end(x + inwards * s_moveLineLength, 0);
+    // Sideways onto a row, lengthwise onto a line.
+    const QPointF tip = isOnItem ? end + QPointF(0, to) : QPointF(x, to);
+    const QPointF back = isOnItem ? QPointF(-inwards * s_arrowSize, 0)
+                                  : QPointF(0, from < to ? -s_arrowSize : s_arrowSize);
+    const QPointF aside(back.y(), back.x());
+    QPainterPath path(end + QPointF(0, from));
     path.lineTo(x, from);
     path.lineTo(x, to);
     path.lineTo(tip);
-    path.moveTo(tip + QPointF(-inwards * s_arrowSize, -s_arrowSize));
+    path.moveTo(tip + back + aside);
     path.lineTo(tip);
-    path.lineTo(tip + QPointF(-inwards * s_arrowSize, s_arrowSize));
+    path.lineTo(tip + back - aside);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(color(), s_lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

@@ -24,6 +24,9 @@ public:
     /// What paintTarget() covers.
     QRect targetRect(const DragDropInfo &info) const;
 
+    /// The colour of all that marks a drag: the highlight, if that stands out from the rows.
+    static QColor color(const QPalette &palette);
+
 private:
     struct Line // in the viewport; horizontal
     {

@@ -131,6 +131,23 @@ QModelIndexList BVDropRules::topmost(const QModelIndexList &indexes)
     return kept;
 }
 
+QModelIndexList BVDropRules::draggableRows(const QTreeView *view, bool wholeRow)
+{
+    const QItemSelectionModel *selection = view->selectionModel();
+    if (!selection)
+        return {};
+    QModelIndexList selected = selection->selectedRows();
+    const QModelIndexList cells = wholeRow ? selection->selectedIndexes() : QModelIndexList();
+    for (const QModelIndex &cell : cells)
+        selected.append(cell.sibling(cell.row(), 0));
+    QModelIndexList rows;
+    for (const QModelIndex &row : inTreeOrder(selected)) {
+        if (row.flags() & Qt::ItemIsDragEnabled && (rows.isEmpty() || rows.constLast() != row))
+            rows.append(row);
+    }
+    return rows;
+}
+
 BVDropRules::Target BVDropRules::keyTarget(const QTreeView *view, const QModelIndexList &rows,
                                            Direction direction)
 {

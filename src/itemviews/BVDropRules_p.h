@@ -32,6 +32,10 @@ QModelIndexList inTreeOrder(const QModelIndexList &indexes);
 /// Without those whose parents are among them, too; in the order of the tree.
 QModelIndexList topmost(const QModelIndexList &indexes);
 
+/// The selected rows that may be dragged, in the order of the tree; also those of which only cells
+/// are selected if rows are taken as a whole.
+QModelIndexList draggableRows(const QTreeView *view, bool wholeRow);
+
 /// A place for rows that are moved with the keyboard.
 struct Target
 {

@@ -38,11 +38,16 @@ struct CurrentItem
     {
     }
 
+    /// Scrolls nowhere, which would open branches in passing.
     void restore() const
     {
         if (!item || item->treeWidget()->currentItem() == item)
             return;
-        item->treeWidget()->setCurrentItem(item, column, QItemSelectionModel::NoUpdate);
+        QTreeWidget *tree = item->treeWidget();
+        const bool scrolls = tree->hasAutoScroll();
+        tree->setAutoScroll(false);
+        tree->setCurrentItem(item, column, QItemSelectionModel::NoUpdate);
+        tree->setAutoScroll(scrolls);
     }
 
     QTreeWidgetItem *item;

@@ -78,6 +78,7 @@ BVTreeView::BVTreeView(QWidget *parent)
 
 BVTreeView::~BVTreeView()
 {
+    BVDragHost::deleteManagers(this);
     // Headers are deleted late and tell of it.
     header()->disconnect(this);
 }
@@ -600,6 +601,9 @@ void BVTreeView::paintEvent(QPaintEvent *event)
             grid.paintLines(painter, m_gridSecondFlag);
         grid.paintColumn(painter, column);
     }
-    QTreeView::paintEvent(event);
+    {
+        const BVDragHost::IndicatorHider hider(this, m_dragAndDropManager);
+        QTreeView::paintEvent(event);
+    }
     BVDragHost::paint(this, m_dragAndDropManager);
 }

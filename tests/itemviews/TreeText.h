@@ -5,9 +5,18 @@
 
 #include <Qt>
 
+Q_DECLARE_METATYPE(QTreeWidgetItem *) // for signal spies
+
 /// Item trees as short texts: "a(b,c),d" has the top-level rows a and d, a with children b and c.
 /// Rows carry their letter's position in the alphabet in the role Qt::UserRole.
 namespace TreeText {
+
+/// To be called in initTestCase().
+inline void registerTypes()
+{
+    qRegisterMetaType<QTreeWidgetItem *>("QTreeWidgetItem*");
+    qRegisterMetaType<QList<QTreeWidgetItem *>>("QList<QTreeWidgetItem*>");
+}
 
 inline QTreeWidgetItem *item(const QTreeWidget &tree, QChar name)
 {

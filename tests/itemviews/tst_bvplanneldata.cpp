@@ -80,21 +80,16 @@ void tst_BVPlannelData::refusesUnsoundData_data()
 {
     QTest::addColumn<QByteArray>("data");
     const QByteArray one = value("0000000200", "00000001");
-    QTest::newRow("nothing") << QByteArray();
     QTest::newRow("two thousand million rows") << rows("77359400", one);
     QTest::newRow("negative count") << rows("ffffffff", one);
     QTest::newRow("more rows than values") << rows("00000002", one);
     QTest::newRow("more values than rows") << rows("00000001", one + one);
-    QTest::newRow("little-endian count") << rows("01000000", one);
     QTest::newRow("null flag of two") << rows("00000001", value("0000000202", "00000001"));
-    QTest::newRow("bool of two") << rows("00000001", value("0000000100", "02"));
     QTest::newRow("text of two GB") << rows("00000001", value("0000000a00", "7ffffffe0041"));
     QTest::newRow("text of half a letter") << rows("00000001", value("0000000a00", "00000001") + "A");
     QTest::newRow("bytes of four GB") << rows("00000001", value("0000000c00", "fffffffe41"));
     QTest::newRow("list of lists") << rows("00000001", value("0000000900", "77359400") + one);
-    QTest::newRow("text list") << rows("00000001", value("0000000b00", "00000000"));
     QTest::newRow("user type") << rows("00000001", value("0000040000", "00000008") + "QCursor" + '\0');
-    QTest::newRow("type past int") << rows("00000001", value("ffffffff00", "00000000"));
     // Streams before version 5.0 write an empty text behind an invalid value.
     QTest::newRow("older stream") << rows("00000001", value("0000000001", "ffffffff"));
 }

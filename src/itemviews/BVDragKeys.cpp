@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "itemviews/BVDragKeys_p.h"
+
+#include "itemviews/BVDragAndDropManager.h"
+#include "itemviews/BVDragSource_p.h"
+
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+
+#include <algorithm>
+
+namespace {
+
+/// The direction in the tree of an arrow key.
+BVDropRules::Direction directionOf(int key, bool rightToLeft)
+{
+    using Direction = BVDropRules::Direction;
+    if (key == Qt::Key_Up || key == Qt::Key_Down)
+        return key == Qt::Key_Up ? Direction::Up : Direction::Down;
+    return (key == Qt::Key_Right) != rightToLeft ? Direction::Inwards : Direction::Outwards;
+}
+
+bool isMoveKey(const QKeyEvent *event)
+{
+    static constexpr int keys[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right};
+    return (event->modifiers() & ~Qt::KeypadModifier) == Qt::AltModifier &&
+           std::find(std::begin(keys), std::end(keys), event->key()) != std::end(keys);
+}
+
+/// Whether the other widget is to be seen on the side of the arrow key.
+bool isOnSide(const QWidget *widget, const QWidget *other, int key)
+{
+    if (!other->isVisible() || (key != Qt::Key_Left && key != Qt::Key_Right))
+        return false;
+    const int x = widget->mapToGlobal(widget->rect().center()).x();
+    const int otherX = other->mapToGlobal(other->rect().center()).x();
+    return key == Qt::Key_Left ? otherX < x : otherX > x;
+}
+
+/// A point in the viewport that stands for the target.
+QPoint pointFor(const QTreeView *view, const BVDropRules::Target &target)
+{
+    if (!target.index.isValid())
+        return view->viewport()->rect().bottomLeft();
+    const QRect rect = view->visualRect(target.index);
+    if (target.position == DropIndicatorPosition::OnItem)
+        return rect.center();
+    const bool isAbove = target.position == DropIndicatorPosition::AboveItem;
+    return QPoint(rect.center().x(), isAbove ? rect.top() : rect.bottom());
+}
+
+} // namespace
+
+BVDragKeys::BVDragKeys(BVDragAndDropManager *manager)
+    : m_manager(manager)
+{
+}
+
+bool BVDragKeys::handle(QKeyEvent *event)
+{
+    if (!isMoveKey(event) || !m_manager->getTreeView()->dragEnabled())
+        return false;
+    const QModelIndexList rows =
+        BVDropRules::draggableRows(m_manager->getTreeView(), m_manager->isDragWholeRow());
+    if (rows.isEmpty())
+        return false;
+    event->accept();
+    if (event->type() == QEvent::KeyPress && !BVDragSource::running())
+        move(rows, event->key());
+    return true;
+}
+
+void BVDragKeys::move(const QModelIndexList &rows, int key)
+{
+    QTreeView *view = m_manager->getTreeView();
+    auto target = BVDropRules::keyTarget(view, rows, directionOf(key, view->isRightToLeft()));
+    QPointer<BVDragAndDropManager> taker(m_manager);
+    if (!target.isValid) {
+        target = targetInSecondView(key);
+        taker = BVDragAndDropManager::managerOf(m_manager->getSecondTreeView());
+    }
+    if (!target.isValid || !taker)
+        return;
+    QMimeData mime;
+    BVDragSource *source = m_manager->m_source.get();
+    if (source->prepare(rows, &mime) && taker)
+        source->run([&] { drop(taker, target, &mime); });
+}
+
+/// Behind its current row, if it has one.
+BVDropRules::Target BVDragKeys::targetInSecondView(int key) const
+{
+    const QTreeView *second = m_manager->getSecondTreeView();
+    if (!second || !isOnSide(m_manager->getTreeView(), second, key))
+        return {};
+    const QModelIndex current = second->currentIndex();
+    return {current,
+            current.isValid() ? DropIndicatorPosition::BelowItem
+                              : DropIndicatorPosition::OnViewport,
+            true};
+}
+
+/// Comes over the target; false if the view does not take what is carried, or has died.
+bool BVDragKeys::enter(BVDragAndDropManager *manager, const BVDropRules::Target &target,
+                       const QPoint &pos, const QMimeData *mime)
+{
+    const QPointer<BVDragAndDropManager> guard(manager);
+    QDragEnterEvent enter(pos, Qt::MoveAction, mime, Qt::NoButton, Qt::NoModifier);
+    manager->processDragEnterEvent(&enter);
+    if (!guard || !manager->getTreeView() || !enter.isAccepted())
+        return false;
+    QDragMoveEvent move(pos, Qt::MoveAction, mime, Qt::NoButton, Qt::NoModifier);
+    const auto callback = manager->m_dragMoveCallback;
+    const bool isRefused = callback && callback(&move) && !move.isAccepted();
+    if (!isRefused && guard && manager->announceTarget(target.index, &move)) {
+        manager->setDragAndDropTargetInfo(target.index, target.position, Qt::MoveAction);
+        return true;
+    }
+    QDragLeaveEvent leave;
+    if (guard && manager->getTreeView())
+        manager->processDragLeaveEvent(&leave);
+    return false;
+}
+
+void BVDragKeys::drop(BVDragAndDropManager *manager, const BVDropRules::Target &target,
+                      const QMimeData *mime)
+{
+    QTreeView *view = manager->getTreeView();
+    if (!view || !view->dragEnabled())
+        return;
+    view->scrollTo(target.index);
+    const QPoint pos = pointFor(view, target);
+    if (!enter(manager, target, pos, mime))
+        return;
+    QDropEvent drop(pos, Qt::MoveAction, mime, Qt::NoButton, Qt::NoModifier);
+    manager->processDropEvent(&drop);
+}

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "itemviews/BVDropTarget_p.h"
+
+#include "itemviews/BVDropPainter_p.h"
+
+BVDropTarget::BVDropTarget(QTreeView *view)
+    : m_view(view)
+{
+    m_expandTimer.setSingleShot(true);
+    QObject::connect(&m_expandTimer, &QTimer::timeout, &m_expandTimer, [this] { expand(); });
+}
+
+BVDropTarget::~BVDropTarget() = default;
+
+void BVDropTarget::describe(DragDropInfo *info) const
+{
+    info->dropIndex = m_dropIndex;
+    info->dropRect = m_dropRect;
+    info->position = m_position;
+    info->action = m_action;
+}
+
+QRect BVDropTarget::rectOf(const QModelIndex &target, bool wholeRow) const
+{
+    const QRect cell = m_view->visualRect(target);
+    if (!wholeRow || !cell.isValid())
+        return cell;
+    const QRect area = m_view->viewport()->rect();
+    return QRect(QPoint(area.left(), cell.top()), QPoint(area.right(), cell.bottom()));
+}
+
+/// The target and what is painted around it.
+QRect BVDropTarget::marksRect() const
+{
+    if (m_dropRect.isNull())
+        return QRect();
+    DragDropInfo info;
+    describe(&info);
+    return m_dropRect | BVDropPainter(m_view).targetRect(info);
+}
+
+void BVDropTarget::set(const QModelIndex &index, const QRect &rect, DropIndicatorPosition position,
+                       Qt::DropAction action, bool hasWideMarks)
+{
+    const bool isSameTarget = index == m_dropIndex && action == m_action;
+    if (isSameTarget && position == m_position && rect == m_dropRect)
+        return;
+    const QRect before = marksRect();
+    m_dropIndex = index;
+    m_dropRect = rect;
+    m_position = position;
+    m_action = action;
+    const QRect now = marksRect();
+    if (hasWideMarks || before.isNull() || now.isNull())
+        m_view->viewport()->update();
+    else
+        m_view->viewport()->update((before | now).adjusted(0, 0, 1, 1));
+    if (isSameTarget)
+        return;
+    m_expandTimer.stop();
+    if (index.isValid() && m_view->autoExpandDelay() >= 0)
+        m_expandTimer.start(m_view->autoExpandDelay());
+}
+
+void BVDropTarget::reset()
+{
+    m_expandTimer.stop();
+    m_dropIndex = QPersistentModelIndex();
+    m_dropRect = QRect();
+    m_position = DropIndicatorPosition::OnViewport;
+    m_action = Qt::IgnoreAction;
+    if (m_view)
+        m_view->viewport()->update();
+}
+
+void BVDropTarget::expand()
+{
+    if (m_view && m_dropIndex.isValid())
+        m_view->expand(m_dropIndex.sibling(m_dropIndex.row(), 0));
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "itemviews/DragDropInfo.h"
+
+#include <QTimer>
+
+/// The place in a view that a drag is over. Changes repaint what shows it; a branch opens under a
+/// drag that rests, after the view's QTreeView::autoExpandDelay().
+class BVDropTarget
+{
+public:
+    explicit BVDropTarget(QTreeView *view);
+    ~BVDropTarget();
+
+    QModelIndex index() const { return m_dropIndex; }
+    DropIndicatorPosition position() const { return m_position; }
+    /// The proposed action; Qt::IgnoreAction while there is no target, not even the viewport.
+    Qt::DropAction action() const { return m_action; }
+    void setAction(Qt::DropAction action) { m_action = action; }
+    /// Writes the target into @p info.
+    void describe(DragDropInfo *info) const;
+
+    /// Where the cell is in the viewport, or its row.
+    QRect rectOf(const QModelIndex &target, bool wholeRow) const;
+
+    /// All of the viewport is painted anew for marks that go beyond the target.
+    void set(const QModelIndex &index, const QRect &rect, DropIndicatorPosition position,
+             Qt::DropAction action, bool hasWideMarks);
+    void reset();
+
+private:
+    QRect marksRect() const;
+    void expand();
+
+    QPointer<QTreeView> m_view;
+    QPersistentModelIndex m_dropIndex;
+    QRect m_dropRect; // in the viewport
+    DropIndicatorPosition m_position = DropIndicatorPosition::OnViewport;
+    Qt::DropAction m_action = Qt::IgnoreAction;
+    QTimer m_expandTimer;
+};
