@@ -86,6 +86,9 @@ WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
     m_summary = new StatusSummary(m_form, this);
     statusBar()->addPermanentWidget(m_summary);
     connect(m_form, &SetupForm::changed, this, &WorkbenchWindow::updateTitle);
+    connect(m_pages, &QTabWidget::currentChanged, this, [this] {
+        m_summary->setVisible(m_pages->currentWidget()->isAncestorOf(m_form)); // it is of the form
+    });
     setMinimumSize(s_minimumSize);
     newSetup();
 }
