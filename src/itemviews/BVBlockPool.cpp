@@ -8,6 +8,7 @@ namespace {
 
 constexpr size_t s_alignment = 16384;           // of slabs, so that a block tells its slab
 constexpr size_t s_slabSize = s_alignment - 16; // leaves the allocator room for its own words
+constexpr size_t s_firstBlock = 64;             // behind the slab's own fields
 
 #if defined(__SANITIZE_ADDRESS__)
 constexpr bool s_isPooled = false;
@@ -28,9 +29,11 @@ struct BVBlockPool::Slab
     size_t used;  // blocks
     bool isOpen;
 
-    char *blocks() { return reinterpret_cast<char *>(this) + (sizeof(Slab) + 15) / 16 * 16; }
+    char *blocks() { return reinterpret_cast<char *>(this) + s_firstBlock; }
     char *end() { return reinterpret_cast<char *>(this) + s_slabSize; }
 };
+
+static_assert(sizeof(void *) * 6 <= s_firstBlock, "a slab has six fields");
 
 BVBlockPool::Slab *BVBlockPool::slabOf(void *block)
 {

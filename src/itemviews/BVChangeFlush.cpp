@@ -31,18 +31,28 @@ void sortRows(std::vector<int> &rows, int count)
     }
 }
 
+bool isRising(const std::vector<int> &rows)
+{
+    return rows.empty() ||
+           (rows.front() >= 0 &&
+            std::adjacent_find(rows.cbegin(), rows.cend(), std::greater_equal<>()) == rows.cend());
+}
+
 } // namespace
 
 bool BVChangeFlush::tell(const BVPendingGroup &group) const
 {
+    if (!m_model->isShown() && !m_model->isHeard())
+        return true;
     const BVModelWatch watch(m_model, m_model->m_rootItem.get());
-    Items items = byRow(itemsOf(group), group);
-    Items untold = items;
-    while (!untold.isEmpty()) {
+    Rows untold = byRow(itemsOf(group), group);
+    Items items = untold.items;
+    while (!untold.items.isEmpty()) {
         const int told = tellRanges(untold, group);
         if (!watch.isModelAlive())
             return false;
-        untold = told == untold.size() ? Items() : byRow(left(untold.mid(told), group), group);
+        const Items others = untold.items.mid(told);
+        untold = others.isEmpty() ? Rows() : byRow(left(others, group), group);
     }
     if (!watch.isStructureKept())
         items = left(items, group);
@@ -76,49 +86,44 @@ BVChangeFlush::Items BVChangeFlush::left(const Items &items, const BVPendingGrou
 }
 
 /// Those that stand below the group's parent, in the order of their rows, each once.
-BVChangeFlush::Items BVChangeFlush::byRow(const Items &items, const BVPendingGroup &group) const
+BVChangeFlush::Rows BVChangeFlush::byRow(const Items &items, const BVPendingGroup &group) const
 {
-    const BVTreeViewItem *parent = m_model->itemOfId(group.parent);
-    if (!parent)
-        return {};
-    std::vector<int> rows;
+    Rows sorted{m_model->itemOfId(group.parent), {}, {}};
+    if (!sorted.parent)
+        return sorted;
+    std::vector<int> &rows = sorted.rows;
     rows.reserve(size_t(items.size()));
     for (const BVTreeViewItem *item : items)
-        rows.push_back(parent->indexOfChild(item));
-    const auto isRising = [&] {
-        return rows.empty() ||
-               (rows.front() >= 0 && std::adjacent_find(rows.cbegin(), rows.cend(),
-                                                        std::greater_equal<int>()) == rows.cend());
-    };
-    if (isRising())
-        return items;
+        rows.push_back(sorted.parent->indexOfChild(item));
+    if (isRising(rows)) {
+        sorted.items = items;
+        return sorted;
+    }
     rows.erase(std::remove(rows.begin(), rows.end(), -1), rows.end());
-    sortRows(rows, parent->childCount());
-    Items sorted;
-    sorted.reserve(int(rows.size()));
+    sortRows(rows, sorted.parent->childCount());
+    sorted.items.reserve(int(rows.size()));
     for (const int row : rows)
-        sorted.append(parent->child(row));
+        sorted.items.append(sorted.parent->child(row));
     return sorted;
 }
 
-/// The number of items that were told of before a slot changed the structure.
-int BVChangeFlush::tellRanges(const Items &items, const BVPendingGroup &group) const
+/// The number of rows that were told of before a slot changed the structure.
+int BVChangeFlush::tellRanges(const Rows &rows, const BVPendingGroup &group) const
 {
     const BVModelWatch watch(m_model, m_model->m_rootItem.get());
-    BVTreeViewItem *parent = items.first()->holder();
-    int told = 0;
-    while (told < items.size() && watch.isStructureKept()) {
-        const int first = items[told]->row();
+    size_t told = 0;
+    while (told < rows.rows.size() && watch.isStructureKept()) {
+        const int first = rows.rows[told];
         int last = first;
-        while (++told < items.size() && items[told]->row() == last + 1)
+        while (++told < rows.rows.size() && rows.rows[told] == last + 1)
             ++last;
-        tellRows(first, last, parent, group);
+        tellRange(first, last, rows.parent, group);
     }
-    return told;
+    return int(told);
 }
 
-void BVChangeFlush::tellRows(int first, int last, BVTreeViewItem *parent,
-                             const BVPendingGroup &group) const
+void BVChangeFlush::tellRange(int first, int last, BVTreeViewItem *parent,
+                              const BVPendingGroup &group) const
 {
     const bool all = group.column == BVTreeViewModel::s_allColumns;
     const int lastColumn = all ? m_model->columnCount() - 1 : group.column;

@@ -3,6 +3,8 @@
 
 #include <QVector>
 
+#include <vector>
+
 class BVTreeViewItem;
 class BVTreeViewModel;
 struct BVPendingGroup;
@@ -25,11 +27,19 @@ public:
 private:
     using Items = QVector<BVTreeViewItem *>;
 
+    /// Children of one parent and their rows, rising.
+    struct Rows
+    {
+        BVTreeViewItem *parent = nullptr;
+        Items items;
+        std::vector<int> rows;
+    };
+
     Items itemsOf(const BVPendingGroup &group) const;
     Items left(const Items &items, const BVPendingGroup &group) const;
-    Items byRow(const Items &items, const BVPendingGroup &group) const;
-    int tellRanges(const Items &items, const BVPendingGroup &group) const;
-    void tellRows(int first, int last, BVTreeViewItem *parent, const BVPendingGroup &group) const;
+    Rows byRow(const Items &items, const BVPendingGroup &group) const;
+    int tellRanges(const Rows &rows, const BVPendingGroup &group) const;
+    void tellRange(int first, int last, BVTreeViewItem *parent, const BVPendingGroup &group) const;
 
     BVTreeViewModel *m_model;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVCheckCounters_p.h"
 
+#include "itemviews/BVItemBranch_p.h"
 #include "itemviews/BVItemSpan_p.h"
 #include "itemviews/BVItemValues_p.h"
 #include "itemviews/BVTreeViewItem.h"
@@ -81,18 +82,8 @@ BVCheckCounters::Kind BVCheckCounters::kindOf(const BVTreeViewItem &item, int co
 
 BVCheckCounters::Kind BVCheckCounters::storedKind(const BVTreeViewItem &item, int column)
 {
-    const QVariant *counts = nullptr;
-    const QVariant *state = nullptr;
-    if (!item.m_values)
-        return Missing;
-    for (auto *value = item.m_values->columnBegin(column);
-         value != item.m_values->end() && value->column == column; ++value) {
-        if (value->role == BVTreeViewModel::CountsForParentCheckRole)
-            counts = &value->value;
-        else if (value->role == Qt::CheckStateRole)
-            state = &value->value;
-    }
-    return kindOf(counts, state);
+    const Stored stored(item, column);
+    return kindOf(stored.counts, stored.state);
 }
 
 /// From the values of both roles, null where there is none.
@@ -120,9 +111,9 @@ bool BVCheckCounters::isReliable(const BVTreeViewItem &item, int column)
 
 BVCheckCounters::Column *BVCheckCounters::find(const BVTreeViewItem &item, int column)
 {
-    if (!item.m_checkCounters)
+    if (!item.m_branch || !item.m_branch->checkCounters)
         return nullptr;
-    auto &columns = item.m_checkCounters->m_columns;
+    auto &columns = item.m_branch->checkCounters->m_columns;
     const auto found = std::find_if(columns.begin(), columns.end(),
                                     [&](const Column &c) { return c.column == column; });
     return found == columns.end() ? nullptr : &*found;
@@ -138,12 +129,16 @@ BVCheckCounters::Column *BVCheckCounters::countersOf(const BVTreeViewItem &item,
     for (const BVTreeViewItem *child : item.children()) {
         if (!isReliable(*child, column))
             return nullptr;
-        ++counters.counts[kindOf(*child, column)];
+        ++counters.counts[child->derivesCheckState() ? kindOf(*child, column)
+                                                     : storedKind(*child, column)];
     }
-    if (!item.m_checkCounters)
-        item.m_checkCounters = std::make_unique<BVCheckCounters>();
-    item.m_checkCounters->m_columns.push_back(counters);
-    return &item.m_checkCounters->m_columns.back();
+    if (item.m_childCount == 0)
+        return nullptr;
+    auto &made = item.m_branch->checkCounters;
+    if (!made)
+        made = std::make_unique<BVCheckCounters>();
+    made->m_columns.push_back(counters);
+    return &made->m_columns.back();
 }
 
 BVCheckCounters::Change::Change(BVTreeViewItem *item, int column)
@@ -176,6 +171,30 @@ BVCheckCounters::Change::~Change()
     apply(parent, m_column, difference);
 }
 
+BVCheckCounters::Stored::Stored(const BVTreeViewItem &item, int column)
+{
+    if (!item.m_values)
+        return;
+    for (auto *value = item.m_values->columnBegin(column);
+         value != item.m_values->end() && value->column == column; ++value) {
+        if (value->role == BVTreeViewModel::CountsForParentCheckRole)
+            counts = &value->value;
+        else if (value->role == Qt::CheckStateRole)
+            state = &value->value;
+    }
+}
+
+void BVCheckCounters::recount(const BVTreeViewItem *parent, int column, const Stored &before,
+                              const QVariant &after)
+{
+    Column *counters = parent ? find(*parent, column) : nullptr;
+    const Kind kind = counters ? kindOf(before.counts, before.state) : NotCounted;
+    if (kind == NotCounted)
+        return;
+    --counters->counts[kind];
+    ++counters->counts[kindOf(nullptr, &after)];
+}
+
 void BVCheckCounters::join(BVTreeViewItem *parent, const BVItemSpan &children)
 {
     if (parent->m_childCount == 0)
@@ -194,9 +213,11 @@ void BVCheckCounters::leave(BVTreeViewItem *parent, const BVItemSpan &children)
 
 void BVCheckCounters::add(BVTreeViewItem *parent, const BVItemSpan &children, int sign)
 {
-    for (size_t i = 0; parent->m_checkCounters && i < parent->m_checkCounters->m_columns.size();
-         ++i) {
-        const int column = parent->m_checkCounters->m_columns[i].column;
+    if (!parent->m_branch)
+        return;
+    const auto &counters = parent->m_branch->checkCounters; // may be forgotten on the way
+    for (size_t i = 0; counters && i < counters->m_columns.size(); ++i) {
+        const int column = counters->m_columns[i].column;
         Counts difference{};
         for (const BVTreeViewItem *child : children) {
             if (!isReliable(*child, column)) {
@@ -234,7 +255,9 @@ void BVCheckCounters::forget(const BVTreeViewItem *item)
 {
     if (!item)
         return;
-    item->m_checkCounters.reset();
-    for (item = item->m_parent; item && item->m_checkCounters; item = item->m_parent)
-        item->m_checkCounters.reset();
+    if (item->m_branch)
+        item->m_branch->checkCounters.reset();
+    const auto isCounted = [&] { return item->m_branch && item->m_branch->checkCounters; };
+    for (item = item->m_parent; item && isCounted(); item = item->m_parent)
+        item->m_branch->checkCounters.reset();
 }

@@ -44,6 +44,19 @@ public:
         quint64 m_serial = 0; // of the counters that hold m_before; 0 if there are none
     };
 
+    /// What an item of the class itself, which does not derive its state, contributes.
+    struct Stored
+    {
+        Stored(const BVTreeViewItem &item, int column);
+
+        const QVariant *counts = nullptr; // of CountsForParentCheckRole; null where there is none
+        const QVariant *state = nullptr;
+    };
+    /// Counts a child that is about to store another state. Nothing above the parent may have
+    /// counters. The parent may be null.
+    static void recount(const BVTreeViewItem *parent, int column, const Stored &before,
+                        const QVariant &after);
+
     /// Report children that are about to join the item's others or to leave them.
     static void join(BVTreeViewItem *parent, const BVItemSpan &children);
     static void leave(BVTreeViewItem *parent, const BVItemSpan &children);

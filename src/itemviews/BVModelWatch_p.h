@@ -10,15 +10,7 @@ class BVModelWatch
 {
 public:
     /// Without a model there is nothing that could live.
-    BVModelWatch(BVTreeViewModel *model, const BVTreeViewItem *item)
-        : m_model(model)
-        , m_outer(model ? model->m_watches : nullptr)
-        , m_structure(model ? model->m_structure : 0)
-        , m_id(item->id())
-    {
-        if (m_model)
-            m_model->m_watches = this;
-    }
+    BVModelWatch(BVTreeViewModel *model, const BVTreeViewItem *item);
     ~BVModelWatch()
     {
         if (m_model)

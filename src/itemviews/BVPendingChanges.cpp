@@ -53,6 +53,13 @@ void BVPendingChanges::add(int column, qint64 parent, qint64 item, const QVector
         dropRepeated(items);
         pending.limit = std::max(s_firstLimit, 2 * items.size());
     }
+    if (!pending.lastRoles.isSharedWith(roles))
+        addRoles(pending, roles);
+}
+
+void BVPendingChanges::addRoles(Entry &pending, const QVector<int> &roles)
+{
+    pending.lastRoles = roles;
     for (const int role : roles) {
         if (!pending.group.roles.contains(role))
             pending.group.roles.append(role);
@@ -70,7 +77,7 @@ BVPendingChanges::Entry &BVPendingChanges::entry(int column, qint64 parent)
     if (known != m_indexes.constEnd())
         return m_groups[size_t(*known)];
     m_indexes.insert({column, parent}, int(m_groups.size()));
-    m_groups.push_back({{column, parent, {}, {}}, s_firstLimit});
+    m_groups.push_back({{column, parent, {}, {}}, s_firstLimit, {}});
     return m_groups.back();
 }
 

@@ -31,9 +31,11 @@ private:
     struct Entry
     {
         BVPendingGroup group;
-        size_t limit; // of the items, before repeated ones are dropped
+        size_t limit;           // of the items, before repeated ones are dropped
+        QVector<int> lastRoles; // to know them again when the next change comes with them
     };
 
+    static void addRoles(Entry &pending, const QVector<int> &roles);
     Entry &entry(int column, qint64 parent);
 
     std::vector<Entry> m_groups;

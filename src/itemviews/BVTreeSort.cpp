@@ -2,6 +2,7 @@
 #include "itemviews/BVTreeSort_p.h"
 
 #include "itemviews/BVCheckCounters_p.h"
+#include "itemviews/BVItemBranch_p.h"
 #include "itemviews/BVSiblingSort_p.h"
 #include "itemviews/BVTreeViewModel.h"
 #include "itemviews/BVTreeVisit_p.h"
@@ -40,10 +41,10 @@ void BVTreeSort::sortLists(BVTreeViewItem *parent, int column, Qt::SortOrder ord
         BVTreeViewItem *next = toSort.takeLast();
         if (!BVSiblingSort::isSortable(*next, column))
             continue;
-        next->m_children = BVSiblingSort::sorted(next->m_children, column, order);
+        next->m_branch->children = BVSiblingSort::sorted(next->children(), column, order);
         next->numberChildren(0);
         BVCheckCounters::forget(next); // which state stands first may decide
-        for (BVTreeViewItem *child : qAsConst(next->m_children)) {
+        for (BVTreeViewItem *child : next->children()) {
             if (child->childCount() > 0)
                 toSort.append(child);
         }

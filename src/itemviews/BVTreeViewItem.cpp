@@ -3,6 +3,7 @@
 
 #include "itemviews/BVBlockPool_p.h"
 #include "itemviews/BVCheckCounters_p.h"
+#include "itemviews/BVItemBranch_p.h"
 #include "itemviews/BVItemSpan_p.h"
 #include "itemviews/BVItemValues_p.h"
 #include "itemviews/BVModelWatch_p.h"
@@ -13,6 +14,7 @@
 #include <QIcon>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -70,9 +72,38 @@ struct BVTreeViewItem::PushDown
 
     void write(BVTreeViewItem *child, int column, const QVariant &value)
     {
+        if (writeStored(child, column, value) || !child->hasCheckState(column))
+            return;
+        dropFlag();
+        child->setData(column, Qt::CheckStateRole, value);
+        restoreFlag();
+    }
+    /// The short way where a write can do no more than to store the state. False if it may.
+    bool writeStored(BVTreeViewItem *child, int column, const QVariant &value)
+    {
+        if (!child->isPlain() || (child->m_flags & Qt::ItemIsAutoTristate) ||
+            child->isPushingDown())
+            return false;
+        const BVCheckCounters::Stored stored(*child, column);
+        auto *state = const_cast<QVariant *>(stored.state);
+        if (!state || !state->isValid() || isSame(Qt::CheckStateRole, *state, value))
+            return true;
+        BVCheckCounters::recount(child->m_parent, column, stored, value);
+        *state = value;
+        if (child->m_model) {
+            dropFlag();
+            child->announce(column, Qt::CheckStateRole);
+            restoreFlag();
+        }
+        return true;
+    }
+    void dropFlag()
+    {
         holdsFlag = item->m_flags & Qt::ItemIsAutoTristate;
         item->m_flags &= ~Qt::ItemIsAutoTristate;
-        child->setData(column, Qt::CheckStateRole, value);
+    }
+    void restoreFlag()
+    {
         if (item && holdsFlag)
             item->m_flags |= Qt::ItemIsAutoTristate;
         holdsFlag = false;
@@ -143,10 +174,10 @@ void BVTreeViewItem::appendTo(BVTreeViewItem *parent)
 }
 
 BVTreeViewItem::BVTreeViewItem(const BVTreeViewItem &other)
-    : m_columnCount(other.m_columnCount)
-    , m_flags(other.m_flags)
+    : m_flags(other.m_flags)
     , m_id(s_nextId++)
     , m_values(copyOf(other.m_values.get()))
+    , m_columnCount(other.m_columnCount)
 {
 }
 
@@ -193,19 +224,19 @@ BVTreeViewItem::~BVTreeViewItem()
 void BVTreeViewItem::deleteChildren()
 {
     thread_local std::vector<BVTreeViewItem *> *s_doomed = nullptr;
-    if (m_children.isEmpty())
+    if (m_childCount == 0)
         return;
     std::vector<BVTreeViewItem *> doomed;
     const bool isOutermost = !s_doomed;
     if (isOutermost)
         s_doomed = &doomed;
-    for (auto child = m_children.crbegin(); child != m_children.crend(); ++child) {
+    const QVector<BVTreeViewItem *> children = std::exchange(m_branch->children, {});
+    m_childCount = 0;
+    for (auto child = children.crbegin(); child != children.crend(); ++child) {
         (*child)->m_parent = nullptr;
         (*child)->m_model = nullptr;
         s_doomed->push_back(*child);
     }
-    m_children.clear();
-    m_childCount = 0;
     while (isOutermost && !doomed.empty()) {
         const BVTreeViewItem *item = doomed.back();
         doomed.pop_back();
@@ -320,7 +351,8 @@ bool BVTreeViewItem::store(int column, int role, QVariant &&value)
 /// Makes room for @p count columns in front of @p column.
 void BVTreeViewItem::shiftColumns(int column, int count)
 {
-    m_checkCounters.reset();
+    if (m_branch)
+        m_branch->checkCounters.reset();
     if (column >= m_columnCount)
         return;
     if (m_values)
@@ -361,14 +393,12 @@ bool BVTreeViewItem::pushDownCheckState(int column, const QVariant &value)
     const BVModelWatch watch(m_model, this);
     BVTreeViewModel *const model = m_model;
     PushDown running(this);
-    BVCheckCounters::forget(this); // to count once afterwards is less than to follow each child
+    BVCheckCounters::forget(m_parent); // while a child is written the state is what is stored
     if (model)
         model->activateBulkItemChanged(true);
     // By index: a slot may insert, take or delete rows, this one included.
-    for (int i = 0; running.item && i < m_children.size(); ++i) {
-        if (m_children[i]->hasCheckState(column))
-            running.write(m_children[i], column, value);
-    }
+    for (int i = 0; running.item && i < m_childCount; ++i)
+        running.write(m_branch->children.at(i), column, value);
     if (watch.isModelAlive())
         model->activateBulkItemChanged(false);
     return running.item != nullptr;
@@ -392,9 +422,7 @@ void BVTreeViewItem::notify(int column, int role)
     BVTreeViewItem *item = this;
     bool goesOn = true;
     while (goesOn) {
-        const BVModelWatch watch(item->m_model, item);
-        item->m_model->notify(item, column, s_checkRoles);
-        if (!watch.isItemAlive())
+        if (!item->m_model->notify(item, column, s_checkRoles))
             return;
         item = item->m_parent;
         goesOn = item && (item->m_flags & Qt::ItemIsAutoTristate);
@@ -520,7 +548,20 @@ BVTreeViewItem *BVTreeViewItem::holder() const
 
 BVTreeViewItem *BVTreeViewItem::child(int row) const
 {
-    return row >= 0 && row < m_childCount ? m_children[row] : nullptr;
+    return row >= 0 && row < m_childCount ? m_branch->children.at(row) : nullptr;
+}
+
+const QVector<BVTreeViewItem *> &BVTreeViewItem::children() const
+{
+    static const QVector<BVTreeViewItem *> s_none;
+    return m_branch ? m_branch->children : s_none;
+}
+
+BVTreeViewItem::Branch &BVTreeViewItem::branch()
+{
+    if (!m_branch)
+        m_branch = std::make_unique<Branch>();
+    return *m_branch;
 }
 
 int BVTreeViewItem::row() const
@@ -537,17 +578,17 @@ int BVTreeViewItem::indexOfChild(const BVTreeViewItem *child) const
 /// The row of an item that is known to be a child.
 int BVTreeViewItem::rowOf(const BVTreeViewItem *child) const
 {
-    return m_rowDoubt == 0 ? child->m_row : findRow(child);
+    return m_branch->rowDoubt == 0 ? child->m_row : findRow(child);
 }
 
 /// Once rows were inserted or taken in front, the hint is mostly off by a few rows. Where many rows
 /// are asked for, all hints are made anew, at a cost that does not weigh much among so many.
 int BVTreeViewItem::findRow(const BVTreeViewItem *child) const
 {
-    const bool isAskedOften = ++m_rowDoubt > m_childCount / s_nearRows;
+    const bool isAskedOften = ++m_branch->rowDoubt > m_childCount / s_nearRows;
     for (int distance = 0; distance <= s_nearRows && !isAskedOften; ++distance) {
         for (const int row : {child->m_row - distance, child->m_row + distance}) {
-            if (row >= 0 && row < m_childCount && m_children[row] == child) {
+            if (row >= 0 && row < m_childCount && m_branch->children.at(row) == child) {
                 child->m_row = row;
                 return row;
             }
@@ -559,16 +600,16 @@ int BVTreeViewItem::findRow(const BVTreeViewItem *child) const
 
 void BVTreeViewItem::doubtRows()
 {
-    m_rowDoubt = qMax(m_rowDoubt, 1);
+    m_branch->rowDoubt = qMax(m_branch->rowDoubt, 1);
 }
 
 /// The rows in front of @p from are known to be right if all were.
 void BVTreeViewItem::numberChildren(int from) const
 {
     for (int row = from; row < m_childCount; ++row)
-        m_children[row]->m_row = row;
+        m_branch->children.at(row)->m_row = row;
     if (from == 0)
-        m_rowDoubt = 0;
+        m_branch->rowDoubt = 0;
 }
 
 void BVTreeViewItem::appendChild(BVTreeViewItem *child)
@@ -646,13 +687,14 @@ void BVTreeViewItem::adopt(int row, const BVItemSpan &items)
         BVCheckCounters::join(this, items);
     BVTreeViewItem *parent = isRoot() ? nullptr : this;
     const bool isLast = row == m_childCount;
+    QVector<BVTreeViewItem *> &children = branch().children;
     if (items.size() == 1) {
-        m_children.insert(row, items[0]);
+        children.insert(row, items[0]);
     } else {
-        m_children.insert(row, items.size(), nullptr);
-        std::copy(items.begin(), items.end(), m_children.begin() + row);
+        children.insert(row, items.size(), nullptr);
+        std::copy(items.begin(), items.end(), children.begin() + row);
     }
-    m_childCount = m_children.size();
+    m_childCount = children.size();
     for (int i = 0; i < items.size(); ++i) {
         items[i]->m_parent = parent;
         items[i]->m_row = row + i;
@@ -693,13 +735,14 @@ void BVTreeViewItem::removeChildren()
 /// Gives items out of the list, without a word to anyone.
 QVector<BVTreeViewItem *> BVTreeViewItem::release(int row, int count)
 {
-    const QVector<BVTreeViewItem *> items = m_children.mid(row, count);
+    const QVector<BVTreeViewItem *> items = children().mid(row, count);
     if (s_pushDowns)
         BVCheckCounters::forget(this);
     else
         BVCheckCounters::leave(this, items);
-    m_children.remove(row, count);
-    m_childCount = m_children.size();
+    if (count > 0)
+        m_branch->children.remove(row, count);
+    m_childCount -= count;
     for (BVTreeViewItem *item : items)
         item->m_parent = nullptr;
     if (count > s_nearRows)

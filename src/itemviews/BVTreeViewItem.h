@@ -11,7 +11,6 @@
 #include <memory>
 #include <typeinfo>
 
-class BVCheckCounters;
 class BVItemSpan;
 class BVItemValues;
 class BVTreeViewModel;
@@ -79,7 +78,7 @@ public:
 
     BVTreeViewItem *child(int row) const;
     int childCount() const { return m_childCount; }
-    const QVector<BVTreeViewItem *> &children() const { return m_children; }
+    const QVector<BVTreeViewItem *> &children() const;
     /// The row of a child, or -1.
     int indexOfChild(const BVTreeViewItem *child) const;
     /// The item's row among its siblings; -1 for an item without a place.
@@ -130,6 +129,7 @@ private:
     friend class BVTreeStructure;
     friend class BVTreeViewModel;
 
+    struct Branch;
     struct PushDown;
     struct ValuesDeleter
     {
@@ -170,23 +170,22 @@ private:
     int findRow(const BVTreeViewItem *child) const;
     void doubtRows();
     void numberChildren(int from) const;
+    Branch &branch();
     void deleteChildren();
 
     static qint64 s_nextId;
     static PushDown *s_pushDowns; // running ones, innermost first
 
-    // What finding a row needs stands in front, close together.
+    // One line of a processor's cache: rows are many, and reached in any order.
     BVTreeViewItem *m_parent = nullptr;
     BVTreeViewModel *m_model = nullptr;
-    mutable int m_row = 0;      // a hint, unless the parent doubts no rows
-    mutable int m_rowDoubt = 0; // 0 while the rows of all children are right; grows when asked
-    int m_childCount = 0;       // of m_children, to be had without a look there
-    int m_columnCount = 0;
-    QVector<BVTreeViewItem *> m_children; // owned
+    mutable int m_row = 0; // a hint, unless the parent's rows are beyond doubt
     Qt::ItemFlags m_flags = Qt::ItemIsSelectable | Qt::ItemIsUserCheckable | Qt::ItemIsEnabled;
     qint64 m_id;
-    std::unique_ptr<BVItemValues, ValuesDeleter> m_values;    // null while there are none
-    mutable std::unique_ptr<BVCheckCounters> m_checkCounters; // made when first needed
+    std::unique_ptr<BVItemValues, ValuesDeleter> m_values; // null while there are none
+    std::unique_ptr<Branch> m_branch;                      // null while there were no children
+    int m_columnCount = 0;
+    int m_childCount = 0;
 };
 
 Q_DECLARE_METATYPE(BVTreeViewItem *)

@@ -219,32 +219,34 @@ bool BVTreeViewModel::setHeaderData(int section, Qt::Orientation orientation, co
 
 // Notification
 
-/// Tells of a change unless nobody is to hear of it.
-void BVTreeViewModel::notify(BVTreeViewItem *item, int column, const QVector<int> &roles)
+/// Tells of a change unless nobody is to hear of it. False if a slot has taken the item out.
+bool BVTreeViewModel::notify(BVTreeViewItem *item, int column, const QVector<int> &roles)
 {
-    if (m_updateMode != BlockedUpdate && !signalsBlocked() && item != m_rootItem.get())
-        emitDataChanged(item, column, roles);
+    return m_updateMode == BlockedUpdate || signalsBlocked() || item == m_rootItem.get() ||
+           emitDataChanged(item, column, roles);
 }
 
-void BVTreeViewModel::emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles)
+bool BVTreeViewModel::emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles)
 {
-    if (item == m_headerItem.get()) {
-        const bool all = column == s_allColumns;
-        if (columnCount() > 0)
-            Q_EMIT headerDataChanged(Qt::Horizontal, all ? 0 : column,
-                                     all ? columnCount() - 1 : column);
-        return;
-    }
-    if (m_updateMode != DelayedUpdate) {
-        emitCells(item, column, roles);
-        return;
-    }
+    if (item == m_headerItem.get())
+        return emitHeader(column);
+    if (m_updateMode != DelayedUpdate)
+        return emitCells(item, column, roles);
     const BVTreeViewItem *parent = item->m_parent ? item->m_parent : m_rootItem.get();
     m_pendingChanges->add(column, parent->id(), item->id(), roles);
     if (!m_delayTimer->isActive())
         m_delayTimer->start();
-    if (m_sendItemsChangedImmediately)
-        Q_EMIT itemsChanged({item}, column, roles);
+    return !m_sendItemsChangedImmediately || emitItem(item, column, roles);
+}
+
+bool BVTreeViewModel::emitHeader(int column)
+{
+    const BVModelWatch watch(this, m_headerItem.get());
+    const bool all = column == s_allColumns;
+    if (columnCount() > 0)
+        Q_EMIT headerDataChanged(Qt::Horizontal, all ? 0 : column,
+                                 all ? columnCount() - 1 : column);
+    return watch.isModelAlive();
 }
 
 void BVTreeViewModel::connectNotify(const QMetaMethod & /*signal*/)
@@ -260,42 +262,33 @@ void BVTreeViewModel::disconnectNotify(const QMetaMethod & /*signal*/)
 /// Not to be called while connections change: locks are held then.
 void BVTreeViewModel::findListeners()
 {
-    if (!m_listenersChanged)
-        return;
     m_listenersChanged = false;
     m_isShown = isSignalConnected(QMetaMethod::fromSignal(&BVTreeViewModel::dataChanged));
     m_isHeard = isSignalConnected(QMetaMethod::fromSignal(&BVTreeViewModel::itemsChanged));
 }
 
-bool BVTreeViewModel::isShown()
+bool BVTreeViewModel::emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles)
 {
-    findListeners();
-    return m_isShown;
+    if (isShown()) {
+        const BVModelWatch watch(this, item);
+        const bool all = column == s_allColumns;
+        const QModelIndex first = index(item, all ? 0 : column);
+        if (first.isValid())
+            Q_EMIT dataChanged(first, all ? first.sibling(first.row(), columnCount() - 1) : first,
+                               roles);
+        if (!watch.isItemAlive())
+            return false;
+    }
+    return emitItem(item, column, roles);
 }
 
-bool BVTreeViewModel::isHeard()
+bool BVTreeViewModel::emitItem(BVTreeViewItem *item, int column, const QVector<int> &roles)
 {
-    findListeners();
-    return m_isHeard;
-}
-
-void BVTreeViewModel::emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles)
-{
+    if (!isHeard())
+        return true;
     const BVModelWatch watch(this, item);
-    if (isShown())
-        emitCellsShown(item, column, roles);
-    if (watch.isItemAlive() && isHeard())
-        Q_EMIT itemsChanged({item}, column, roles);
-}
-
-void BVTreeViewModel::emitCellsShown(const BVTreeViewItem *item, int column,
-                                     const QVector<int> &roles)
-{
-    const bool all = column == s_allColumns;
-    const QModelIndex first = index(item, all ? 0 : column);
-    if (first.isValid())
-        Q_EMIT dataChanged(first, all ? first.sibling(first.row(), columnCount() - 1) : first,
-                           roles);
+    Q_EMIT itemsChanged({item}, column, roles);
+    return watch.isItemAlive();
 }
 
 /// What slots change meanwhile has to wait in its turn. False if one of them has deleted the model.

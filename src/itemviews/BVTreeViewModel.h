@@ -161,13 +161,24 @@ private:
     BVTreeViewItem *itemOrRoot(const QModelIndex &index) const;
     BVTreeViewItem *itemOfId(qint64 id) const;
     QModelIndex cell(const BVTreeViewItem *item, int column) const;
-    void notify(BVTreeViewItem *item, int column, const QVector<int> &roles);
-    void emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles);
-    void emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles);
-    void emitCellsShown(const BVTreeViewItem *item, int column, const QVector<int> &roles);
+    bool notify(BVTreeViewItem *item, int column, const QVector<int> &roles);
+    bool emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles);
+    bool emitHeader(int column);
+    bool emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles);
+    bool emitItem(BVTreeViewItem *item, int column, const QVector<int> &roles);
     void findListeners();
-    bool isShown();
-    bool isHeard();
+    bool isShown()
+    {
+        if (m_listenersChanged)
+            findListeners();
+        return m_isShown;
+    }
+    bool isHeard()
+    {
+        if (m_listenersChanged)
+            findListeners();
+        return m_isHeard;
+    }
     bool flushPendingChanges();
     bool flushFor(const BVTreeViewItem *item);
     void enterMode(UpdateMode mode);
