@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
+#include <QTimer>
 
 namespace {
 
@@ -25,6 +26,8 @@ BVCustomHeaderView::BVCustomHeaderView(Qt::Orientation orientation, const QSize 
     setSectionsClickable(true);
     viewport()->setMouseTracking(true);
     connect(this, &QHeaderView::sectionCountChanged, this, &BVCustomHeaderView::onBoxesChanged);
+    connect(this, &QHeaderView::sectionResized, this,
+            [this](int, int before, int after) { onSectionResized(before, after); });
 }
 
 void BVCustomHeaderView::setModel(QAbstractItemModel *model)
@@ -108,6 +111,13 @@ void BVCustomHeaderView::onBoxesChanged()
         m_currentBox = sections.value(0, -1);
     describe();
     viewport()->update();
+}
+
+/// A section that is hidden or shown is so only after it has told its size.
+void BVCustomHeaderView::onSectionResized(int before, int after)
+{
+    if (before == 0 || after == 0)
+        QTimer::singleShot(0, this, &BVCustomHeaderView::onBoxesChanged);
 }
 
 /// Tells assistive tools what the keyboard would operate.
@@ -279,6 +289,7 @@ void BVCustomHeaderView::goToBox(int key)
     m_currentBox = sections[position];
     describe();
     updateBoxes();
+    Q_EMIT sigBoxFocused(m_currentBox);
 }
 
 void BVCustomHeaderView::keyPressEvent(QKeyEvent *event)
@@ -294,7 +305,7 @@ void BVCustomHeaderView::keyPressEvent(QKeyEvent *event)
         break;
     case Qt::Key_Space:
     case Qt::Key_Select:
-        if (!event->isAutoRepeat())
+        if (!event->isAutoRepeat() && sectionsWithBox().contains(m_currentBox))
             setChecked(checkState(m_currentBox) != Qt::Checked, m_currentBox);
         break;
     default:
@@ -352,12 +363,23 @@ void BVCustomHeaderView::focusInEvent(QFocusEvent *event)
 {
     QHeaderView::focusInEvent(event);
     updateBoxes();
+    if (sectionsWithBox().contains(m_currentBox))
+        Q_EMIT sigBoxFocused(m_currentBox);
 }
 
 void BVCustomHeaderView::focusOutEvent(QFocusEvent *event)
 {
     QHeaderView::focusOutEvent(event);
     updateBoxes();
+}
+
+bool BVCustomHeaderView::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::Leave && m_hoveredBox >= 0) {
+        m_hoveredBox = -1;
+        viewport()->update();
+    }
+    return QHeaderView::viewportEvent(event);
 }
 
 void BVCustomHeaderView::changeEvent(QEvent *event)

@@ -40,6 +40,8 @@ public:
 Q_SIGNALS:
     /// A box has been checked or unchecked, other than by setCheckState().
     void sigCheckStateChanged(bool checked, int section);
+    /// The keyboard has come to a section's box, which may be out of sight.
+    void sigBoxFocused(int section);
 
 protected:
     void paintSection(QPainter *painter, const QRect &rect, int logicalIndex) const override;
@@ -52,6 +54,7 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void changeEvent(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
 
 private:
     Qt::Alignment boxAlignment(int section) const;
@@ -63,6 +66,7 @@ private:
     QVector<int> sectionsWithBox() const;
     void goToBox(int key);
     void onBoxesChanged();
+    void onSectionResized(int before, int after);
     void describe();
     void updateBoxes();
 

@@ -53,6 +53,16 @@ QColor statusColor(const QStyleOptionViewItem &option, const QModelIndex &index)
     return isDark ? colors.forDarkBackground(status) : colors.forLightBackground(status);
 }
 
+/// The text with each of its lines cut to the width.
+QString elided(const QStyleOptionViewItem &option, QString text, int width)
+{
+    QStringList lines =
+        text.replace(QLatin1Char('\n'), QChar::LineSeparator).split(QChar::LineSeparator);
+    for (QString &line : lines)
+        line = option.fontMetrics.elidedText(line, option.textElideMode, width);
+    return lines.join(QChar(QChar::LineSeparator));
+}
+
 void drawText(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect,
               const QString &text, const QColor &color)
 {
@@ -60,8 +70,7 @@ void drawText(QPainter *painter, const QStyleOptionViewItem &option, const QRect
     const int margin = contentMargin(style, &option, option.widget);
     const QRect textRect = rect.adjusted(margin, 0, -margin, 0);
     const bool wraps = option.features & QStyleOptionViewItem::WrapText;
-    const QString shown =
-        wraps ? text : option.fontMetrics.elidedText(text, option.textElideMode, textRect.width());
+    const QString shown = wraps ? text : elided(option, text, textRect.width());
     const Qt::Alignment alignment =
         QStyle::visualAlignment(option.direction, option.displayAlignment);
     painter->save();

@@ -43,6 +43,11 @@ BVTreeEditController::BVTreeEditController(BVTreeView *view)
 {
 }
 
+BVTreeEditController::~BVTreeEditController()
+{
+    QObject::disconnect(m_editorGone);
+}
+
 // Editing
 
 bool BVTreeEditController::edit(const QModelIndex &index, QAbstractItemView::EditTrigger trigger,
@@ -57,9 +62,32 @@ bool BVTreeEditController::edit(const QModelIndex &index, QAbstractItemView::Edi
     if (!view || m_view->state() != QAbstractItemView::EditingState)
         return true; // the delegate has used the event, or the editor opens later
     if (QWidget *editor = m_view->indexWidget(m_view->model()->buddy(cell)))
-        m_editor = editor;
-    m_multiRowEditing = m_multiRowEditing || isSeveralRowsSelected();
+        setEditor(editor);
+    if (view)
+        m_multiRowEditing = m_multiRowEditing || isSeveralRowsSelected();
     return true;
+}
+
+/// Editors of cells that are removed go without being closed.
+void BVTreeEditController::setEditor(QWidget *editor)
+{
+    const QPointer<BVTreeView> view(m_view);
+    if (m_editor && m_editor != editor)
+        endEditing();
+    if (!view)
+        return;
+    QObject::disconnect(m_editorGone);
+    m_editor = editor;
+    m_editorGone = QObject::connect(editor, &QObject::destroyed, m_view, [this] { endEditing(); });
+}
+
+void BVTreeEditController::endEditing()
+{
+    QObject::disconnect(m_editorGone);
+    m_editor = nullptr;
+    // The press that takes the focus from the editor follows at once and still keeps the selection.
+    QTimer::singleShot(0, m_view, [this] { m_multiRowEditing = m_multiRowEditing && m_editor; });
+    Q_EMIT m_view->sigEditingFinished();
 }
 
 /// The trigger that counts for an event in a cell.
@@ -92,15 +120,15 @@ void BVTreeEditController::closeEditor(QWidget *editor, QAbstractItemDelegate::E
     const bool isOurs = editor && editor == m_editor;
     const bool goesOn = isOurs && (hint == QAbstractItemDelegate::EditNextItem ||
                                    hint == QAbstractItemDelegate::EditPreviousItem);
-    if (isOurs)
+    if (isOurs) {
+        QObject::disconnect(m_editorGone);
         m_editor = nullptr;
+    }
     const QPointer<BVTreeView> view(m_view);
     m_view->QTreeView::closeEditor(editor, goesOn ? QAbstractItemDelegate::NoHint : hint);
     if (!view || !isOurs)
         return;
-    // The press that takes the focus from the editor follows at once and still keeps the selection.
-    QTimer::singleShot(0, m_view, [this] { m_multiRowEditing = m_multiRowEditing && m_editor; });
-    Q_EMIT m_view->sigEditingFinished();
+    endEditing();
     if (view && goesOn)
         editNext(hint == QAbstractItemDelegate::EditNextItem);
 }
@@ -142,10 +170,7 @@ void BVTreeEditController::editNext(bool forward)
     if (!cell.isValid())
         return;
     const QPointer<BVTreeView> view(m_view);
-    m_view->selectionModel()->setCurrentIndex(
-        cell, m_view->selectionMode() == QAbstractItemView::NoSelection
-                  ? SelectionFlags(QItemSelectionModel::NoUpdate)
-                  : QItemSelectionModel::ClearAndSelect | behaviorFlags());
+    m_view->selectionModel()->setCurrentIndex(cell, soleSelection());
     if (view && cell.isValid() && !isEditing())
         m_view->edit(cell, QAbstractItemView::AllEditTriggers, nullptr);
 }
@@ -164,6 +189,13 @@ BVTreeEditController::SelectionFlags BVTreeEditController::behaviorFlags() const
     }
 }
 
+BVTreeEditController::SelectionFlags BVTreeEditController::soleSelection() const
+{
+    if (m_view->selectionMode() == QAbstractItemView::NoSelection)
+        return QItemSelectionModel::NoUpdate;
+    return QItemSelectionModel::ClearAndSelect | behaviorFlags();
+}
+
 bool BVTreeEditController::isSeveralRowsSelected() const
 {
     const QItemSelection selection = m_view->selectionModel()->selection();
@@ -177,10 +209,8 @@ bool BVTreeEditController::isSeveralRowsSelected() const
 
 bool BVTreeEditController::keepsSelection(const QModelIndex &index, const QEvent *event) const
 {
-    if (!index.isValid() || !isMouseEvent(event) || isMouseEvent(event, QEvent::MouseButtonPress) ||
-        !isSeveralRowsSelected())
-        return false;
-    return m_multiRowEditing || m_pressedWhileEditing;
+    return (m_multiRowEditing || m_pressedWhileEditing) && index.isValid() && isMouseEvent(event) &&
+           !isMouseEvent(event, QEvent::MouseButtonPress) && isSeveralRowsSelected();
 }
 
 BVTreeEditController::SelectionFlags

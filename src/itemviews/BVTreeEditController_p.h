@@ -16,15 +16,20 @@ public:
     using SelectionFlags = QItemSelectionModel::SelectionFlags;
 
     explicit BVTreeEditController(BVTreeView *view);
+    ~BVTreeEditController();
 
     bool edit(const QModelIndex &index, QAbstractItemView::EditTrigger trigger, QEvent *event);
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint);
     SelectionFlags selectionCommand(const QModelIndex &index, const QEvent *event);
     bool isEditing() const;
+    /// How a cell becomes the selection.
+    SelectionFlags soleSelection() const;
 
     void enableDeselection(bool enable) { m_deselectionEnabled = enable; }
 
 private:
+    void setEditor(QWidget *editor);
+    void endEditing();
     QAbstractItemView::EditTrigger adjustedTrigger(const QModelIndex &index,
                                                    QAbstractItemView::EditTrigger trigger,
                                                    const QEvent *event) const;
@@ -41,6 +46,7 @@ private:
 
     BVTreeView *m_view;
     QPointer<QWidget> m_editor;
+    QMetaObject::Connection m_editorGone;
     QPersistentModelIndex m_toggledOnRelease; // a selected cell pressed with Control
     bool m_multiRowEditing = false;           // an editor is open in one of several selected rows
     bool m_pressedWhileEditing = false;       // the last press came while that was so

@@ -2,6 +2,7 @@
 #include "itemviews/BVTreeGrid_p.h"
 
 #include "itemviews/BVTreeView.h"
+#include "itemviews/BVTreeVisibleRows_p.h"
 
 #include <QHeaderView>
 #include <QPainter>
@@ -23,12 +24,9 @@ int BVTreeGrid::paintRowLines(QPainter &painter) const
 {
     const QRect area = m_view->viewport()->rect();
     int bottom = -1;
-    for (QModelIndex row = m_view->indexAt(area.topLeft()); row.isValid() && bottom < area.bottom();
-         row = m_view->indexBelow(row)) {
-        const int rowBottom = m_view->visualRect(row).bottom();
-        if (rowBottom <= bottom)
-            break; // the column is not in sight
-        bottom = rowBottom;
+    for (QModelIndex row = BVTreeVisibleRows::rowAt(*m_view, area.top());
+         row.isValid() && bottom < area.bottom(); row = m_view->indexBelow(row)) {
+        bottom = qMax(bottom, BVTreeVisibleRows::rowRect(*m_view, row).bottom());
         painter.drawLine(area.left(), bottom, area.right(), bottom);
     }
     return bottom;

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QModelIndexList>
+#include <QPointer>
+#include <QVariant>
+#include <QVector>
 #include <Qt>
 
 class BVCustomHeaderView;
@@ -18,24 +21,45 @@ public:
     BVCustomHeaderView *header() const;
     /// Gives the view such a header if it has another one.
     void makeHeader();
-    /// Writes header data of the view's model.
+    /// Writes header data of the view's model, now or, if it needs rows for that, with
+    /// retryHeaderData().
     void setHeaderData(int column, int role, const QVariant &value);
+    /// To be called when rows have come.
+    void retryHeaderData();
     /// To be called when such a header has been set.
     void adoptHeader();
     /// Lets the boxes follow the cells, once for all calls of some milliseconds.
     void scheduleUpdate();
+    /// As a click on the column's box, which shows what the cells say by then.
+    bool setBoxChecked(bool checked, int column);
 
-    /// Whether the cells are being written, so that the view need not look at each change.
-    bool isWriting() const { return m_isWriting; }
+    /// Whether check states are being written into cells that have one, so that the view need not
+    /// look at each change.
+    bool isWriting() const { return m_writeDepth > 0 && m_isWritingQuietly; }
+    /// The cells of the rows in a column of the view's model; the rows may be those of a model
+    /// behind it.
     void write(const QModelIndexList &indexes, int column, Qt::CheckState state);
 
 private:
+    struct HeaderValue
+    {
+        QPointer<QAbstractItemModel> model;
+        int column;
+        int role;
+        QVariant value;
+    };
+
     QModelIndexList checkableCells(int column) const;
     Qt::CheckState columnState(int column) const;
     void update();
     void onBoxChecked(bool checked, int column);
+    void writeCell(const QModelIndex &cell, Qt::CheckState state);
+    void endWriting(int column) const;
+    void showSection(int column) const;
 
     BVTreeView *m_view;
     QTimer *m_checkStateTimer; // child of the view
-    bool m_isWriting = false;
+    int m_writeDepth = 0;      // slots may write others meanwhile
+    bool m_isWritingQuietly = false;
+    QVector<HeaderValue> m_refused; // by models without rows
 };

@@ -6,6 +6,7 @@
 #include "itemviews/BVTreeViewDataListener.h"
 #include "itemviews/BVViewAwareModel.h"
 
+#include <QAbstractProxyModel>
 #include <QPersistentModelIndex>
 
 BVTreeModelLink::BVTreeModelLink(BVTreeView *view)
@@ -36,11 +37,29 @@ void BVTreeModelLink::attach()
         QObject::connect(model, &Model::columnsRemoved, m_view, onRows),
         QObject::connect(model, &Model::modelReset, m_view, onRows),
     };
-    QAbstractItemModel *source = BVProxyChain::models(model).constLast();
+    attachToSource();
+}
+
+void BVTreeModelLink::attachToSource()
+{
+    const QVector<QAbstractItemModel *> models = BVProxyChain::models(m_view->model());
+    for (QAbstractItemModel *model : models) {
+        if (auto *proxy = qobject_cast<QAbstractProxyModel *>(model))
+            m_proxyConnections.append(QObject::connect(proxy,
+                                                       &QAbstractProxyModel::sourceModelChanged,
+                                                       m_view, [this] { onSourceChanged(); }));
+    }
+    QAbstractItemModel *source = models.isEmpty() ? nullptr : models.constLast();
     if (auto *aware = dynamic_cast<BVViewAwareModel *>(source)) {
         m_attachedModel = source;
         aware->attachView(m_view);
     }
+}
+
+void BVTreeModelLink::onSourceChanged()
+{
+    detachFromSource();
+    attachToSource();
 }
 
 void BVTreeModelLink::detach()
@@ -48,6 +67,14 @@ void BVTreeModelLink::detach()
     for (const QMetaObject::Connection &connection : qAsConst(m_connections))
         QObject::disconnect(connection);
     m_connections.clear();
+    detachFromSource();
+}
+
+void BVTreeModelLink::detachFromSource()
+{
+    for (const QMetaObject::Connection &connection : qAsConst(m_proxyConnections))
+        QObject::disconnect(connection);
+    m_proxyConnections.clear();
     if (auto *aware = dynamic_cast<BVViewAwareModel *>(m_attachedModel.data())) {
         m_attachedModel = nullptr;
         aware->detachView(m_view);
@@ -74,12 +101,13 @@ bool BVTreeModelLink::notifyListeners(const QModelIndex &topLeft, const QModelIn
     const QPersistentModelIndex last = bottomRight;
     const QVector<int> told =
         roles.isEmpty() ? QVector<int>{BVTreeViewDataListener::s_anyRole} : roles;
+    const QPointer<BVTreeView> view(m_view);
     const QVector<BVTreeViewDataListener *> listeners = m_listeners;
     for (BVTreeViewDataListener *listener : listeners) {
         for (const int role : told) {
             if (m_listeners.contains(listener)) // none has removed it
                 listener->onDataChanged(first, last, role);
-            if (first != topLeft || last != bottomRight)
+            if (!view || first != topLeft || last != bottomRight)
                 return false;
         }
     }

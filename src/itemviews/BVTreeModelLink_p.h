@@ -24,7 +24,7 @@ public:
 
     void addListener(BVTreeViewDataListener *listener);
     void removeListener(BVTreeViewDataListener *listener);
-    /// False if a listener has moved or removed the cells.
+    /// False if a listener has moved or removed the cells, or deleted the view.
     bool notifyListeners(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                          const QVector<int> &roles);
 
@@ -32,8 +32,13 @@ public:
     std::function<void()> m_onOrderChanged; // or headers have changed
 
 private:
+    void attachToSource();
+    void detachFromSource();
+    void onSourceChanged();
+
     BVTreeView *m_view;
     QVector<BVTreeViewDataListener *> m_listeners;
     QPointer<QAbstractItemModel> m_attachedModel; // that knows of the view
     QVector<QMetaObject::Connection> m_connections;
+    QVector<QMetaObject::Connection> m_proxyConnections; // which may change their sources
 };

@@ -89,6 +89,10 @@ void BVTreeView::setModel(QAbstractItemModel *model)
 {
     if (model == this->model())
         return;
+    const QPointer<BVTreeView> guard(this);
+    m_hover->setIndex(QModelIndex());
+    if (!guard)
+        return;
     m_modelLink->detach();
     QTreeView::setModel(model);
     m_modelLink->attach();
@@ -98,6 +102,7 @@ void BVTreeView::setModel(QAbstractItemModel *model)
 void BVTreeView::onStructureChanged()
 {
     onContentChanged();
+    m_headerChecks->retryHeaderData();
     updateCheckStateHeader();
 }
 
@@ -126,12 +131,14 @@ void BVTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bott
         return; // and the structure is laid out anew
     if (roles.isEmpty() || roles.contains(Qt::CheckStateRole))
         updateCheckStateHeader();
-    if (BVTreeContentHeight::isMeasured(roles))
-        onContentChanged();
-    else if (m_headerChecks->isWriting())
+    if (m_headerChecks->isWriting() && roles == QVector<int>{Qt::CheckStateRole})
         return; // all is painted anew afterwards
-    if (!m_visibleRows->defers(topLeft, bottomRight))
-        QTreeView::dataChanged(topLeft, bottomRight, roles);
+    const bool isMeasured = BVTreeContentHeight::isMeasured(roles);
+    if (isMeasured) {
+        m_contentHeight->rowsChanged(topLeft, bottomRight);
+        updateGeometryIfResizable();
+    }
+    m_visibleRows->onDataChanged(topLeft, bottomRight, roles, isMeasured);
 }
 
 void BVTreeView::rowsInserted(const QModelIndex &parent, int start, int end)
@@ -187,6 +194,7 @@ void BVTreeView::doItemsLayout()
 
 void BVTreeView::updateGeometries()
 {
+    m_visibleRows->settle();
     QTreeView::updateGeometries();
     const bool scrolls = horizontalScrollBar()->minimum() < horizontalScrollBar()->maximum();
     if (scrolls == m_hadHorizontalScrolling)
@@ -315,9 +323,9 @@ void BVTreeView::setHeader(QHeaderView *header)
 void BVTreeView::useCheckStateHeader(int column, Qt::Alignment alignment)
 {
     m_headerChecks->makeHeader();
+    setCheckBoxVisible(true, column);
     m_headerChecks->setHeaderData(column, BVTreeViewModel::HeaderCheckBoxAlignmentRole,
                                   int(alignment));
-    setCheckBoxVisible(true, column);
 }
 
 void BVTreeView::setCheckBoxVisible(bool visible, int column)
@@ -327,8 +335,7 @@ void BVTreeView::setCheckBoxVisible(bool visible, int column)
 
 bool BVTreeView::setCheckBoxChecked(bool checked, int column)
 {
-    BVCustomHeaderView *custom = m_headerChecks->header();
-    return custom && custom->setChecked(checked, column);
+    return m_headerChecks->setBoxChecked(checked, column);
 }
 
 void BVTreeView::setCheckStateBulk(const QList<QModelIndex> &indexes, int column, bool checked)
@@ -387,7 +394,7 @@ void BVTreeView::updateIndexSelection(const QModelIndex &index)
     const bool keeps = selectionModel()->isSelected(index);
     selectionModel()->setCurrentIndex(
         index, keeps ? QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate)
-                     : QTreeView::selectionCommand(index, nullptr));
+                     : m_editController->soleSelection());
 }
 
 /// The rows of the selection keep their colour while an editor has the focus.
@@ -427,8 +434,42 @@ void BVTreeView::setAutoscroll(bool on)
         stopAutoScroll();
 }
 
+// Where rows are, with the heights that they have now
+
+QRect BVTreeView::visualRect(const QModelIndex &index) const
+{
+    m_visibleRows->settle();
+    return QTreeView::visualRect(index);
+}
+
+QModelIndex BVTreeView::indexAt(const QPoint &point) const
+{
+    m_visibleRows->settle();
+    return QTreeView::indexAt(point);
+}
+
+QModelIndex BVTreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    m_visibleRows->settle();
+    return QTreeView::moveCursor(action, modifiers);
+}
+
+/// Who wants to see the end gets there, also if the last rows have grown.
+void BVTreeView::scrollContentsBy(int dx, int dy)
+{
+    QScrollBar *bar = verticalScrollBar();
+    const bool isAtEnd = bar->value() == bar->maximum();
+    const bool isMoved = dy != 0 && m_visibleRows->settle();
+    if (isMoved && isAtEnd)
+        bar->setValue(bar->maximum());
+    QTreeView::scrollContentsBy(dx, dy);
+    if (isMoved)
+        viewport()->update();
+}
+
 void BVTreeView::scrollTo(const QModelIndex &index, ScrollHint hint)
 {
+    m_visibleRows->settle();
     if (!m_verticalScrollingOnly) {
         QTreeView::scrollTo(index, hint);
         return;
@@ -550,7 +591,7 @@ void BVTreeView::setPaintHeaderSelection(bool paint)
 void BVTreeView::paintEvent(QPaintEvent *event)
 {
     executeDelayedItemsLayout();
-    m_visibleRows->update();
+    m_visibleRows->settleSight();
     const BVCustomHeaderView *custom = m_headerChecks->header();
     const int column = m_paintHeaderSelection && custom ? custom->focusedCheckBox() : -1;
     if (m_showGrid || column >= 0) {

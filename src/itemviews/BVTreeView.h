@@ -51,6 +51,13 @@ class BVWIDGETS_EXPORT BVTreeView : public QTreeView
     Q_PROPERTY(bool resizable READ isResizable WRITE setResizable)
     Q_PROPERTY(int spaceToAdd READ getSpaceToAdd WRITE setSpaceToAdd)
     Q_PROPERTY(
+        int minimumResizableHeight READ getMinimumResizableHeight WRITE setMinimumResizableHeight)
+    Q_PROPERTY(int customFixedHeight READ getCustomFixedHeight WRITE setCustomFixedHeight)
+    Q_PROPERTY(bool adjustOnChildItems READ isAdjustableOnChildItems WRITE setAdjustOnChildItems)
+    Q_PROPERTY(bool onlyAdjustOnTopLevelItems READ isOnlyAdjustedOnTopLevelItems WRITE
+                   setOnlyAdjustOnTopLevelItems)
+    Q_PROPERTY(bool showGrid READ isGridShown WRITE setShowGrid)
+    Q_PROPERTY(
         bool verticalScrollingOnly READ isVerticalScrollingOnly WRITE setVerticalScrollingOnly)
 
 public:
@@ -65,8 +72,10 @@ public:
     int getSpaceToAdd() const { return m_spaceToAdd; }
     void setSpaceToAdd(int rows);
     /// The least height of the content, in pixels.
+    int getMinimumResizableHeight() const { return m_minimumResizableHeight; }
     void setMinimumResizableHeight(int height);
     /// The height to ask for instead of that of the content; negative for none.
+    int getCustomFixedHeight() const { return m_customFixedHeight; }
     void setCustomFixedHeight(int height);
     bool isAdjustableOnChildItems() const { return m_adjustOnChildItems; }
     void setAdjustOnChildItems(bool adjust);
@@ -79,6 +88,7 @@ public:
     int calculateRowHeight(const QModelIndex &parent) const;
 
     bool isGridShown() const { return m_showGrid; }
+    bool isColumnGridShown() const { return m_showGrid && m_gridSecondFlag; }
     void setShowGrid(bool show, bool columns = false);
     void setPaintHeaderSelection(bool paint);
     /// Whether scrolling to a cell leaves the columns where they are. Off at first.
@@ -113,6 +123,7 @@ public:
     void enableCopySelectedAction(bool enable);
     bool isCopySelectedActionEnabled() const;
 
+    using QTreeView::edit;
     bool isEditingState() const;
     QStyleOptionViewItem getViewOptions() const { return viewOptions(); }
 
@@ -122,13 +133,16 @@ public:
     QModelIndex indexFromDFSIndex(int position) const;
     static Qt::CheckState boolToCheckState(bool checked);
 
-    /// Gives the column's header a check box. The first time this makes a BVCustomHeaderView, whose
-    /// columns stretch and stay in place. Without a model only the header is made.
+    /// Gives the column's header a check box. The first time this makes a BVCustomHeaderView, which
+    /// keeps what the header before showed, except that its columns stretch and stay in place.
+    /// Without a model only the header is made; a proxy model that cannot tell its columns while it
+    /// has no rows is told with the first ones.
     void useCheckStateHeader(int column, Qt::Alignment alignment);
     void setCheckBoxVisible(bool visible, int column);
     /// As a click on the box. False if the column's header has none.
     bool setCheckBoxChecked(bool checked, int column);
-    /// Checks or unchecks the cells of the given rows in @p column, at the cost of one repaint.
+    /// Checks or unchecks the cells of the given rows in @p column, at the cost of one repaint. The
+    /// rows may also be those of a model behind the view's own.
     void setCheckStateBulk(const QList<QModelIndex> &indexes, int column, bool checked);
 
     /// Null and registered listeners are ignored.
@@ -140,14 +154,19 @@ public:
     void setModel(QAbstractItemModel *model) override;
     void setSelectionModel(QItemSelectionModel *selectionModel) override;
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+    QRect visualRect(const QModelIndex &index) const override;
+    QModelIndex indexAt(const QPoint &point) const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     void doItemsLayout() override;
 
 public Q_SLOTS:
+    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                     const QVector<int> &roles = QVector<int>()) override;
     /// Lets the header check boxes follow the cells, soon.
     void updateCheckStateHeader();
-    /// Makes the cell the current one. Unless it is selected, it becomes the selection.
+    /// Makes the cell the current one. Unless it is selected, it, or its row, becomes the
+    /// selection.
     void updateIndexSelection(const QModelIndex &index);
 
 Q_SIGNALS:
@@ -168,16 +187,15 @@ protected:
     /// can be copied. Nothing opens if it has no entries.
     virtual void showContextMenu(const QPoint &position);
 
-    using QTreeView::edit;
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
                                                          const QEvent *event) const override;
-    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
-                     const QVector<int> &roles = QVector<int>()) override;
     void rowsInserted(const QModelIndex &parent, int start, int end) override;
     void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
     void updateGeometries() override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void scrollContentsBy(int dx, int dy) override;
     QStyleOptionViewItem viewOptions() const override;
     bool viewportEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
