@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVDragTreeWidget.h"
 
+#include "itemviews/BVContextMenuPlace_p.h"
 #include "itemviews/BVDelegateManager.h"
 #include "itemviews/BVDragHost_p.h"
 #include "itemviews/BVItemDelegate.h"
@@ -350,9 +351,9 @@ void BVDragTreeWidget::setDraggingState(BVDragAndDropManager::DragState state)
 void BVDragTreeWidget::contextMenuEvent(QContextMenuEvent *event)
 {
     const QPointer<BVDragTreeWidget> guard(this);
-    const bool isKeyboard = event->reason() == QContextMenuEvent::Keyboard;
-    const QRect current = visualRect(currentIndex()) & viewport()->rect();
-    showContextMenu(isKeyboard && current.isValid() ? current.center() : event->pos());
+    const QPoint place = BVContextMenuPlace::of(*this, *event);
+    if (guard)
+        showContextMenu(place);
     event->accept();
     if (guard)
         m_hover->leave();

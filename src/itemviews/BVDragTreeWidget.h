@@ -105,7 +105,7 @@ Q_SIGNALS:
     void sigLeaveEvent();
 
 protected:
-    /// Opens the menu for a click at @p position in the viewport.
+    /// Opens the menu for a click at @p position in the viewport, negative for none.
     virtual void showContextMenu(const QPoint &position);
 
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option,

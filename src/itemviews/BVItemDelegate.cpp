@@ -162,12 +162,13 @@ BVFormatter *BVItemDelegate::formatterFor(const QModelIndex &index) const
     return formatter(index.column());
 }
 
-QString BVItemDelegate::getDisplayedText(const QModelIndex &index) const
+QString BVItemDelegate::getDisplayedText(const QModelIndex &index, const QLocale &locale) const
 {
     const QVariant value = index.data(Qt::DisplayRole);
     if (isNumber(value))
         return formatterFor(index)->textFromValue(value.toDouble());
-    return displayText(value, QLocale());
+    QString text = displayText(value, locale);
+    return text.replace(QChar::LineSeparator, QLatin1Char('\n'));
 }
 
 void BVItemDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const

@@ -5,6 +5,7 @@
 
 #include <QBrush>
 #include <QHash>
+#include <QLocale>
 #include <QMargins>
 #include <QPointer>
 #include <QStyledItemDelegate>
@@ -46,8 +47,8 @@ public:
     /// quantities; when another one's settings change, sizeHintChanged() lets views follow.
     virtual BVFormatter *formatterFor(const QModelIndex &index) const;
 
-    /// The text in the cell as it is shown.
-    QString getDisplayedText(const QModelIndex &index) const;
+    /// The text in the cell as a view with the locale shows it, with newlines between its lines.
+    QString getDisplayedText(const QModelIndex &index, const QLocale &locale = QLocale()) const;
     /// Whether an editor opens in the cell: its flags say so and the standard does not lock it.
     virtual bool isEditable(const QModelIndex &index) const;
     /// Whether the cell looks different under the mouse. Off at first.

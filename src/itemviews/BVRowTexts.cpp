@@ -14,8 +14,8 @@ void BVRowTexts::append(BVTableText &table, const QModelIndex &row, const QVecto
         return;
     }
     const QModelIndex parent = row.parent();
-    for (const int column : columns)
-        table.addCell(model.data(model.index(row.row(), column, parent), Qt::DisplayRole));
+    for (const int column : columns) // a row may have fewer
+        table.addCell(model.index(row.row(), column, parent).data(Qt::DisplayRole));
 }
 
 void BVRowTexts::append(BVTableText &table, const BVTreeViewItem &item, const QVector<int> &columns)

@@ -4,16 +4,18 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <utility>
+
 namespace {
 
 const QLatin1String s_htmlFormat("text/html");
 
 } // namespace
 
-BVTableMimeData::BVTableMimeData(const BVTableText &table)
-    : m_table(table)
+BVTableMimeData::BVTableMimeData(BVTableText table)
+    : m_table(std::move(table))
 {
-    setText(table.plainText());
+    setText(m_table.plainText());
 }
 
 QStringList BVTableMimeData::formats() const

@@ -9,7 +9,7 @@
 class BVTableMimeData : public QMimeData
 {
 public:
-    explicit BVTableMimeData(const BVTableText &table);
+    explicit BVTableMimeData(BVTableText table);
 
     QStringList formats() const override;
     bool hasFormat(const QString &format) const override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVTreeView.h"
 
+#include "itemviews/BVContextMenuPlace_p.h"
 #include "itemviews/BVCustomHeaderView.h"
 #include "itemviews/BVDelegateManager.h"
 #include "itemviews/BVDragHost_p.h"
@@ -488,9 +489,9 @@ void BVTreeView::setVerticalScrollingOnly(bool only)
 void BVTreeView::contextMenuEvent(QContextMenuEvent *event)
 {
     const QPointer<BVTreeView> guard(this);
-    const bool isKeyboard = event->reason() == QContextMenuEvent::Keyboard;
-    const QRect current = visualRect(currentIndex()) & viewport()->rect();
-    showContextMenu(isKeyboard && current.isValid() ? current.center() : event->pos());
+    const QPoint place = BVContextMenuPlace::of(*this, *event);
+    if (guard)
+        showContextMenu(place);
     event->accept();
     if (guard)
         m_hover->leave();

@@ -183,8 +183,8 @@ protected:
     /// Whether the cell is to be passed over although it is editable: by default, if its delegate
     /// is a BVItemDelegate that says so.
     virtual bool isEditingPrevented(const QModelIndex &index) const;
-    /// Opens the menu for a click at @p position in the viewport: a TreeViewContextMenu with what
-    /// can be copied. Nothing opens if it has no entries.
+    /// Opens the menu for a click at @p position in the viewport, negative for none: a
+    /// TreeViewContextMenu with what can be copied. Nothing opens if it has no entries.
     virtual void showContextMenu(const QPoint &position);
 
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/TreeViewContextMenu.h"
 
+#include "itemviews/BVContextMenuPlace_p.h"
 #include "itemviews/BVDelegateManager.h"
 #include "itemviews/BVItemDelegate.h"
 #include "itemviews/BVRowWalk_p.h"
 #include "platform/BVMenu.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QTreeView>
 #include <QVector>
 
@@ -14,7 +16,7 @@
 
 namespace {
 
-constexpr char s_unknown[] = QT_TRANSLATE_NOOP("TreeViewContextMenu", "UNKNOWN");
+const QLatin1String s_unknown("UNKNOWN");
 
 int idOf(const QAction &action)
 {
@@ -37,32 +39,10 @@ QAction *find(const QMenu &menu, const Matches &matches)
     return nullptr;
 }
 
-/// Disables actions for its own life.
-class ActionDisabler
+bool holds(const QMenu &menu, const QAction *action)
 {
-public:
-    explicit ActionDisabler(const QList<QAction *> &actions)
-    {
-        for (QAction *action : actions) {
-            if (action->isEnabled() && !action->isSeparator())
-                m_actions.append(action);
-        }
-        setEnabled(false);
-    }
-    ~ActionDisabler() { setEnabled(true); }
-    Q_DISABLE_COPY(ActionDisabler)
-
-private:
-    void setEnabled(bool enabled)
-    {
-        for (const QPointer<QAction> &action : qAsConst(m_actions)) {
-            if (action)
-                action->setEnabled(enabled);
-        }
-    }
-
-    QVector<QPointer<QAction>> m_actions;
-};
+    return find(menu, [action](const QAction *other) { return other == action; });
+}
 
 using Rows = QVector<QPersistentModelIndex>;
 
@@ -110,13 +90,32 @@ TreeViewContextMenu::TreeViewContextMenu(QTreeView *view, const QPoint &position
     : m_view(view)
     , m_menu(new BVMenu(view))
     , m_position(position)
-    , m_index(view ? view->indexAt(position) : QModelIndex())
 {
+    m_menu->installEventFilter(this);
+    if (!view)
+        return;
+    if (BVContextMenuPlace::isSomewhere(position))
+        m_index = view->indexAt(position);
+    connect(view, &QObject::destroyed, this, &TreeViewContextMenu::releaseMenu);
 }
 
 TreeViewContextMenu::~TreeViewContextMenu()
 {
-    delete m_menu;
+    releaseMenu();
+}
+
+/// The menu goes later: it may be busy with the entry that has led here.
+void TreeViewContextMenu::releaseMenu()
+{
+    const QPointer<BVMenu> menu = m_menu;
+    m_menu.clear();
+    m_ownActions.clear();
+    if (menu)
+        menu->hide();
+    if (!menu)
+        return;
+    menu->setParent(nullptr, menu->windowFlags());
+    menu->deleteLater();
 }
 
 QMenu *TreeViewContextMenu::getMenu() const
@@ -131,7 +130,7 @@ void TreeViewContextMenu::appendAction(QAction *action, bool enabled)
     if (!m_menu || !action)
         return;
     action->setEnabled(enabled);
-    if (!find(*m_menu, [&](const QAction *other) { return other == action; }))
+    if (!holds(*m_menu, action))
         m_menu->addAction(action);
 }
 
@@ -139,12 +138,10 @@ QAction *TreeViewContextMenu::appendAction(int id, bool enabled)
 {
     if (!m_menu)
         return nullptr;
-    QAction *action = actionAt(id);
-    if (!action) {
+    QAction *action = m_ownActions.value(id);
+    if (!action)
         action = createAction(id, m_menu);
-        m_menu->addAction(action);
-    }
-    action->setEnabled(enabled);
+    appendAction(action, enabled);
     return action;
 }
 
@@ -167,24 +164,34 @@ QAction *TreeViewContextMenu::actionAt(int id) const
 {
     if (!m_menu || id == NoAction)
         return nullptr;
+    QAction *own = m_ownActions.value(id);
+    if (own && holds(*m_menu, own))
+        return own;
     return find(*m_menu, [&](const QAction *action) { return idOf(*action) == id; });
+}
+
+/// The entry with the id, also while it is being made.
+const QAction *TreeViewContextMenu::describedAction(int id) const
+{
+    const QAction *own = m_ownActions.value(id);
+    return own ? own : actionAt(id);
 }
 
 QString TreeViewContextMenu::actionText(int id) const
 {
-    const QAction *action = actionAt(id);
-    return action ? action->text() : tr(s_unknown);
+    const QAction *action = describedAction(id);
+    return action ? action->text() : QString(s_unknown);
 }
 
 QString TreeViewContextMenu::actionToolTip(int id) const
 {
-    const QAction *action = actionAt(id);
+    const QAction *action = describedAction(id);
     return action ? action->toolTip() : QString();
 }
 
 QIcon TreeViewContextMenu::actionIcon(int id) const
 {
-    const QAction *action = actionAt(id);
+    const QAction *action = describedAction(id);
     return action ? action->icon() : QIcon();
 }
 
@@ -201,14 +208,19 @@ const TreeViewContextMenu::StandardAction *TreeViewContextMenu::standardAction(i
 QAction *TreeViewContextMenu::createAction(int id, QObject *parent)
 {
     const StandardAction *standard = standardAction(id);
-    QString text = actionText(id);
-    if (standard && text == tr(s_unknown))
-        text = tr(standard->text);
-    auto *action = new QAction(actionIcon(id), text, parent);
-    action->setToolTip(actionToolTip(id));
+    auto *action = new QAction(standard ? tr(standard->text) : QString(s_unknown), parent);
     action->setData(id);
     if (standard)
         connect(action, &QAction::triggered, this, standard->slot);
+    if (id != NoAction)
+        m_ownActions.insert(id, action);
+    const QString text = actionText(id);
+    if (!standard || (!text.isEmpty() && text != s_unknown))
+        action->setText(text);
+    action->setIcon(actionIcon(id));
+    const QString toolTip = actionToolTip(id);
+    if (toolTip != action->toolTip()) // by default the text
+        action->setToolTip(toolTip);
     return action;
 }
 
@@ -252,13 +264,26 @@ void TreeViewContextMenu::complete()
 /// The chosen entry. This object may be gone afterwards.
 QAction *TreeViewContextMenu::run()
 {
-    const QPointer<BVMenu> menu = m_menu;
-    const ActionDisabler disabler(m_disabled ? menu->actions() : QList<QAction *>());
-    const QAction *chosen = menu->exec(m_view->viewport()->mapToGlobal(m_position));
-    if (!menu || !chosen)
+    const QPointer<TreeViewContextMenu> guard(this);
+    m_menu->setEnabled(!m_disabled);
+    const QAction *chosen = m_menu->exec(BVContextMenuPlace::onScreen(*m_view, m_position));
+    if (!guard || !m_menu)
         return nullptr;
+    m_menu->setEnabled(true);
     // What it triggered may have deleted it.
-    return find(*menu, [&](const QAction *action) { return action == chosen; });
+    return find(*m_menu, [&](const QAction *action) { return action == chosen; });
+}
+
+/// The keys that close menus close disabled ones, too.
+bool TreeViewContextMenu::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isPress = event->type() == QEvent::KeyPress;
+    const bool isKey = isPress || event->type() == QEvent::KeyRelease;
+    if (watched != m_menu || m_menu->isEnabled() || !isKey)
+        return QObject::eventFilter(watched, event);
+    if (isPress && static_cast<QKeyEvent *>(event)->matches(QKeySequence::Cancel))
+        m_menu->close();
+    return true;
 }
 
 int TreeViewContextMenu::show(QAction **chosen)

@@ -17,6 +17,8 @@
 #include <QMenu>
 #include <QTreeView>
 
+#include <utility>
+
 TreeViewCopyHandler::TreeViewCopyHandler(QTreeView *view)
     : QObject(view)
     , m_view(view)
@@ -98,6 +100,8 @@ void TreeViewCopyHandler::selectionModelChanged()
             // Selection models do not tell when a reset clears them.
             connect(m_view->model(), &QAbstractItemModel::modelReset, this,
                     &TreeViewCopyHandler::updateActionState),
+            connect(m_view->model(), &QObject::destroyed, this,
+                    &TreeViewCopyHandler::updateActionState),
         };
     }
     updateActionState();
@@ -108,15 +112,19 @@ void TreeViewCopyHandler::updateActionState()
     m_copyAction->setEnabled(m_view && BVSelectedRows::isAny(*m_view));
 }
 
-/// The actions for a menu that is about to open.
-QList<QAction *> TreeViewCopyHandler::offeredActions()
+/// The actions for a menu.
+QList<QAction *> TreeViewCopyHandler::offeredActions(const QMenu *menu)
 {
-    selectionModelChanged(); // hidden rows and, in plain views, another selection model go untold
     QList<QAction *> actions;
-    if (!canCopy() || m_view->model()->rowCount(m_view->rootIndex()) == 0)
+    selectionModelChanged();
+    if (!menu || !canCopy() || m_view->model()->rowCount(m_view->rootIndex()) == 0)
         return actions;
-    if (m_copySelectedEnabled && m_view->selectionMode() != QAbstractItemView::NoSelection)
+    if (m_copySelectedEnabled && m_view->selectionMode() != QAbstractItemView::NoSelection) {
         actions << m_copyAction;
+        // Hidden rows and, in plain views, another selection model go untold.
+        connect(menu, &QMenu::aboutToShow, this, &TreeViewCopyHandler::selectionModelChanged,
+                Qt::UniqueConnection);
+    }
     if (m_copyAllEnabled)
         actions << m_copyAllAction;
     return actions;
@@ -124,12 +132,12 @@ QList<QAction *> TreeViewCopyHandler::offeredActions()
 
 void TreeViewCopyHandler::addCopyActionsToMenu(QMenu &menu)
 {
-    menu.addActions(offeredActions());
+    menu.addActions(offeredActions(&menu));
 }
 
 void TreeViewCopyHandler::addCopyActionsToMenu(TreeViewContextMenu &menu)
 {
-    const QList<QAction *> actions = offeredActions();
+    const QList<QAction *> actions = offeredActions(menu.getMenu());
     for (QAction *action : actions)
         menu.appendAction(action, action->isEnabled());
 }
@@ -178,7 +186,8 @@ QString TreeViewCopyHandler::getHeaderText(int column) const
 BVTableText TreeViewCopyHandler::headerTable(const QVector<int> &columns) const
 {
     const bool hasHeader = !m_view->isHeaderHidden();
-    BVTableText table(columns.size(), hasHeader ? 1 : 0);
+    BVTableText table(columns.size(), hasHeader ? 1 : 0,
+                      m_htmlEnabled ? BVTableText::PlainAndHtml : BVTableText::Plain);
     if (hasHeader) {
         for (const int column : columns)
             table.addCell(getHeaderText(column));
@@ -190,7 +199,7 @@ QString TreeViewCopyHandler::getCellText(const QModelIndex &index) const
 {
     if (m_useFormattedValues) {
         if (const BVItemDelegate *delegate = BVDelegateManager::itemDelegateOf(m_view, index))
-            return delegate->getDisplayedText(index);
+            return delegate->getDisplayedText(index, m_view->locale());
     }
     return index.data(Qt::DisplayRole).toString();
 }
@@ -211,12 +220,14 @@ void TreeViewCopyHandler::copySelected()
     if (!canCopy())
         return;
     const QModelIndexList rows = getSortedSelectedRows(m_view);
+    if (rows.isEmpty())
+        return;
     const QVector<int> columns = copiedColumns();
     BVTableText table = headerTable(columns);
     table.reserve(rows.size());
     for (const QModelIndex &row : rows)
         getRowText(row, columns, table);
-    setClipboard(table);
+    setClipboard(std::move(table));
 }
 
 void TreeViewCopyHandler::copyAll()
@@ -230,17 +241,19 @@ void TreeViewCopyHandler::copyAll()
         if (m_view->isRowHidden(row.row(), row.parent()))
             return BVRowWalk::Skip;
         getRowText(row, columns, table);
-        return BVRowWalk::Descend;
+        return table.isFull() ? BVRowWalk::Stop : BVRowWalk::Descend;
     });
-    setClipboard(table);
+    setClipboard(std::move(table));
 }
 
-void TreeViewCopyHandler::setClipboard(const BVTableText &table) const
+void TreeViewCopyHandler::setClipboard(BVTableText table) const
 {
-    if (table.rowCount() == table.headerRowCount() || table.plainText().isEmpty())
+    if (table.isFull())
+        qWarning("TreeViewCopyHandler: the rows are too many to be copied as one text");
+    if (table.isFull() || table.plainText().isEmpty())
         return;
-    if (m_htmlEnabled)
-        QApplication::clipboard()->setMimeData(new BVTableMimeData(table));
+    if (table.hasHtml())
+        QApplication::clipboard()->setMimeData(new BVTableMimeData(std::move(table)));
     else
         QApplication::clipboard()->setText(table.plainText());
 }

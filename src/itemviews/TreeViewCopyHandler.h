@@ -19,16 +19,20 @@ class TreeViewContextMenu;
 /// between cells, newlines between rows, the headers first unless the view hides them.
 ///
 /// The columns stand as the user sees them, also after some were moved. Hidden columns, hidden rows
-/// and all below hidden rows are left out, and so is what lies outside the view's root. Rows in
+/// and all below hidden rows are left out. Only what lies below the view's root is copied. Rows in
 /// collapsed branches are copied. What is not in the model yet, because it would be fetched later,
 /// is not. Texts are copied as they are, also their tabs and newlines; only the HTML, which the
-/// handler can add, keeps such cells whole. Without a row or a column to copy, the clipboard stays
-/// as it is.
+/// handler can add, keeps such cells whole.
+///
+/// The clipboard stays as it is if the text is empty, and if there are no selected rows to copy;
+/// copying all without a row leaves the headers. It also stays, with a warning, if the text has
+/// more than some 700 million characters.
 ///
 /// While copying selected rows is enabled, the standard keys for it do so when the view has the
-/// focus, even if the window has an action with the same shortcut. Editors keep the keys for
-/// themselves. The action "Copy" only shows its shortcut, so that it can stand in a window's menu
-/// beside others.
+/// focus, even if the window has an action with the same shortcut. Editors of text keep the keys
+/// for themselves; other widgets in cells leave them to the view. The action "Copy" only shows its
+/// shortcut, so that it can stand in a window's menu beside others; a menu that it has been added
+/// to by the handler brings it up to date when it opens.
 ///
 /// Serves any tree view and belongs to it. Both actions belong to the handler.
 class BVWIDGETS_EXPORT TreeViewCopyHandler : public QObject
@@ -49,11 +53,11 @@ public:
 
     /// Columns of the model that are never copied.
     void setIgnoredColumns(const QVector<int> &columns);
-    /// Whether cells are copied as their BVItemDelegate shows them, with units, instead of as the
-    /// model's values. Off at first.
+    /// Whether cells are copied as their BVItemDelegate shows them, with units and in the view's
+    /// locale, instead of as the model's values. Off at first.
     void setUseFormattedValues(bool use);
     /// Whether the clipboard also gets the rows as an HTML table, which is made when a program asks
-    /// for it. Off at first.
+    /// for it; tables of more than some ten million characters go without. Off at first.
     void setHtmlEnabled(bool enable);
     bool isHtmlEnabled() const { return m_htmlEnabled; }
 
@@ -76,8 +80,8 @@ private:
     QString getHeaderText(int column) const;
     void getRowText(const QModelIndex &row, const QVector<int> &columns, BVTableText &table) const;
     QString getCellText(const QModelIndex &index) const;
-    void setClipboard(const BVTableText &table) const;
-    QList<QAction *> offeredActions();
+    void setClipboard(BVTableText table) const;
+    QList<QAction *> offeredActions(const QMenu *menu);
     void updateActionState();
     void disconnectSelection();
 

@@ -40,6 +40,7 @@ void pressInMenu(const QString &keys)
     onMenu([keys](QMenu *) {
         for (const QChar key : keys)
             QTest::keyClick(QApplication::activePopupWidget(), s_keys[key]);
+        QVERIFY(!QApplication::activePopupWidget());
     });
 }
 
@@ -57,7 +58,7 @@ class Delegate : public BVItemDelegate
 public:
     void provideContextMenuActions(const QModelIndex &index, const QPoint &, QAbstractItemView *, QMenu *menu) override
     {
-        menu->addAction("Of " + index.data().toString());
+        menu->addAction("Of " + index.data().toString())->setData(98); // also the id of another entry
     }
 };
 
@@ -67,7 +68,7 @@ class Menu : public TreeViewContextMenu
 public:
     using TreeViewContextMenu::TreeViewContextMenu;
 
-    QString actionText(int id) const override { return id == 5 ? "Five" : TreeViewContextMenu::actionText(id); }
+    QString actionText(int id) const override { return id == 5 ? "Five" : id == 98 ? QString() : TreeViewContextMenu::actionText(id); }
     void adjustMenu() override
     {
         appendAction(5, true);
@@ -105,6 +106,8 @@ void tst_TreeViewContextMenu::entries_data()
     QTest::newRow("copy, current row") << "Copy,-";
     QTest::newRow("tree, delegate, all") << "Copy all,-,Of a,Expand All,Collapse All,Collapse Other";
     QTest::newRow("delegate, current row by key") << "Of a";
+    QTest::newRow("delegate, current row far by key") << "Of z";
+    QTest::newRow("tree, none by key") << "Expand All,Collapse All,Collapse Other!";
 }
 
 void tst_TreeViewContextMenu::entries()
@@ -123,13 +126,15 @@ void tst_TreeViewContextMenu::entries()
     view.enableCopySelectedAction(options.contains("copy"));
     if (options.contains("delegate"))
         view.setItemDelegate(&delegate);
+    for (int i = 0; options.contains("far") && i < 99; ++i)
+        new BVTreeViewItem({{{Qt::DisplayRole, "z"}}}, model.invisibleRootItem());
     if (options.contains("current"))
-        view.setCurrentIndex(model.index(0, 0));
+        view.setCurrentIndex(model.index(model.rowCount() - 1, 0));
+    view.scrollToTop();
     QString entries;
     onMenu([&](const QMenu *menu) { entries = textsOf(menu); });
-    QContextMenuEvent event(isKey ? QContextMenuEvent::Keyboard : QContextMenuEvent::Mouse,
-                            isKey || options.contains("beside") ? QPoint(5, 150) : s_onRow);
-    QApplication::sendEvent(view.viewport(), &event);
+    QContextMenuEvent event(isKey ? QContextMenuEvent::Keyboard : QContextMenuEvent::Mouse, options.contains("beside") ? QPoint(5, 150) : s_onRow);
+    QApplication::sendEvent(isKey ? &view : view.viewport(), &event);
     QCoreApplication::processEvents(); // also if there was no menu
     QTEST(entries, "entries");
 }
@@ -144,7 +149,7 @@ void tst_TreeViewContextMenu::chosen_data()
     QTest::newRow("without an id") << "uuuus" << -1 << "Plain";
     QTest::newRow("standard entry") << "uuus" << 97 << "Expand All";
     QTest::newRow("closed") << "de" << -1 << "";
-    QTest::newRow("disabled") << "ds" << -1 << "";
+    QTest::newRow("disabled") << "dse" << -1 << "";
 }
 
 void tst_TreeViewContextMenu::chosen()
@@ -160,7 +165,7 @@ void tst_TreeViewContextMenu::chosen()
     QTEST(menu.show(&action), "id");
     QTEST(action ? action->text() : QString(), "text");
     QCOMPARE(item->isExpanded(), action && action == menu.actionAt(97));
-    QCOMPARE(textsOf(menu.getMenu()), "Five,More,Plain,-,Expand All,Collapse All,Collapse Other"); // enabled again
+    QCOMPARE(textsOf(menu.getMenu()), "Five,More,Plain,-,Expand All,Collapse All,Collapse Other"); // all enabled
 }
 
 void tst_TreeViewContextMenu::collapseOther_data()
@@ -218,7 +223,7 @@ void tst_TreeViewContextMenu::deletedWhileOpen()
                 QMetaObject::invokeMethod(menu.get(), "onCollapseOther");
             delete entry;
         });
-        onMenu([&](QMenu *) { entry->trigger(); });
+        pressInMenu("ds");
         QAction *chosen = entry;
         QCOMPARE(menu->show(&chosen), -1);
         QVERIFY(!chosen);

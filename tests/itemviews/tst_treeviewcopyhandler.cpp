@@ -63,6 +63,7 @@ Tree::Tree()
     m_proxy.setSourceModel(&m_model);
     m_delegate.formatter()->setDecimals(3);
     m_manager.setDelegateForColumn(1, &m_delegate);
+    m_manager.setDelegateForColumn(2, &m_delegate);
     m_view.setItemDelegate(&m_manager);
     m_view.setModel(&m_proxy);
     m_view.setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -76,9 +77,12 @@ Tree::Tree()
         {"copy", [=](const QString &) { QTest::keyClick(&m_view, Qt::Key_C, Qt::ControlModifier); }},
         {"all", [=](const QString &) { m_handler.findChildren<QAction *>().constLast()->trigger(); }},
         {"menu",
-         [=](const QString &) {
+         [=](const QString &hidden) {
              QMenu menu;
              m_handler.addCopyActionsToMenu(menu);
+             if (!hidden.isEmpty())
+                 step("hide:" + hidden);
+             Q_EMIT menu.aboutToShow();
              QStringList texts; // "!" behind those disabled
              for (const QAction *action : menu.actions())
                  texts << action->text() + (action->isEnabled() ? "" : "!");
@@ -98,6 +102,11 @@ Tree::Tree()
         {"root", [=](const QString &name) { m_view.setRootIndex(row(name)); }},
         {"disable", [=](const QString &) { e->setDisabled(true); }},
         {"text", [=](const QString &) { e->setText(2, "x\ty\n<&"); }},
+        {"number",
+         [=](const QString &) {
+             e->setData(2, Qt::DisplayRole, 12345);
+             m_view.setLocale(QLocale::German);
+         }},
         {"clear", [=](const QString &) { m_model.clear(); }},
         {"unselect", [=](const QString &) { m_view.clearSelection(); }},
         {"never", [=](const QString &) { m_view.setSelectionMode(QAbstractItemView::NoSelection); }},
@@ -142,13 +151,16 @@ void tst_TreeViewCopyHandler::steps_data()
         {"no header", "noHeader ignore:1 select:e copy", "e e2"},
         {"moved column", "moveColumn select:e copy", "C A B|e2 e 1.5"},
         {"formatted", "format ignore:2 select:e copy", "A B|e 1.500"},
+        {"formatted, with tabs and newlines", "format ignore:1 text select:e copy", "A C|e x y|<&"},
+        {"formatted in the view's locale", "format ignore:1 number select:e copy", "A C|e 12.345"},
         {"no columns", "hideColumn:0 hideColumn:1 ignore:2 select:e copy all", "before"},
-        {"all rows hidden", "hide:a hide:e all", "before"},
-        {"no rows", "clear all copy", "before"},
+        {"no rows to select", "clear copy", "before"},
+        {"all rows hidden", "hide:a hide:e all", "A B C"},
+        {"all rows hidden, no header", "noHeader hide:a hide:e all", "before"},
         {"menu, selected", "select:a menu", "Copy,Copy all"},
         {"menu, none selected", "select:a unselect menu", "Copy!,Copy all"},
         {"menu, selected row gone", "select:a filter:e menu", "Copy!,Copy all"},
-        {"menu, selected row hidden", "select:a hide:a menu", "Copy!,Copy all"},
+        {"menu, selected row hidden", "select:a menu:a", "Copy!,Copy all"},
         {"menu, other model", "select:a source menu", "Copy!,Copy all"},
         {"menu, nothing can be selected", "never menu", "Copy all"},
         {"menu, copying selected rows off", "select:a off menu", "Copy all"},
