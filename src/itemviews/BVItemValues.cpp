@@ -24,10 +24,40 @@ std::array<BVBlockPool, 9> s_pools{
     BVBlockPool(sizeOf(6)), BVBlockPool(sizeOf(7)), BVBlockPool(sizeOf(8)),
 };
 
+bool isIntegral(const QVariant &value)
+{
+    switch (value.userType()) {
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+        return true;
+    default:
+        return QMetaType::typeFlags(value.userType()) & QMetaType::IsEnumeration;
+    }
+}
+
 } // namespace
 
 static_assert(sizeof(BVItemValues) == s_header && alignof(BVItemValues::Value) <= s_header,
               "the values follow their header at once");
+
+bool BVItemValues::isSame(int role, const QVariant &a, const QVariant &b)
+{
+    if (a.userType() != b.userType())
+        return role == Qt::CheckStateRole && isIntegral(a) && isIntegral(b) &&
+               a.toLongLong() == b.toLongLong();
+    switch (a.userType()) {
+    case QMetaType::Int:
+        return *static_cast<const int *>(a.constData()) == *static_cast<const int *>(b.constData());
+    case QMetaType::QString:
+        return *static_cast<const QString *>(a.constData()) ==
+               *static_cast<const QString *>(b.constData());
+    default:
+        return a == b;
+    }
+}
 
 BVItemValues *BVItemValues::make(int capacity)
 {

@@ -22,6 +22,10 @@ public:
     };
     using Pointer = std::unique_ptr<BVItemValues, Deleter>;
 
+    /// Whether two values of a role are the same. Texts and integers, which most are, need no
+    /// conversion; check states may be numbers of any kind.
+    static bool isSame(int role, const QVariant &a, const QVariant &b);
+
     static BVItemValues *make(int capacity);
     static BVItemValues *copy(const BVItemValues &other);
     /// With the same values and room for more; null is a block without values.

@@ -20,7 +20,7 @@ void BVRowTexts::append(BVTableText &table, const QModelIndex &row, const QVecto
 
 void BVRowTexts::append(BVTableText &table, const BVTreeViewItem &item, const QVector<int> &columns)
 {
-    const bool isPlain = typeid(item) == typeid(BVTreeViewItem);
+    const bool isPlain = item.isPlain();
     for (const int column : columns) {
         if (!isPlain)
             table.addCell(item.data(column, Qt::DisplayRole));

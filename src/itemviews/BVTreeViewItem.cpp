@@ -3,6 +3,7 @@
 
 #include "itemviews/BVBlockPool_p.h"
 #include "itemviews/BVCheckCounters_p.h"
+#include "itemviews/BVCheckPush_p.h"
 #include "itemviews/BVItemBranch_p.h"
 #include "itemviews/BVItemSpan_p.h"
 #include "itemviews/BVItemValues_p.h"
@@ -22,107 +23,7 @@ constexpr int s_nearRows = 16; // rows around the hint that are worth a look
 
 BVBlockPool s_items(sizeof(BVTreeViewItem));
 
-bool isIntegral(const QVariant &value)
-{
-    switch (value.userType()) {
-    case QMetaType::Bool:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-        return true;
-    default:
-        return QMetaType::typeFlags(value.userType()) & QMetaType::IsEnumeration;
-    }
-}
-
-/// Whether two values of a role are the same. Texts and integers, which most are, need no
-/// conversion; check states may be numbers of any kind.
-bool isSame(int role, const QVariant &a, const QVariant &b)
-{
-    if (a.userType() != b.userType())
-        return role == Qt::CheckStateRole && isIntegral(a) && isIntegral(b) &&
-               a.toLongLong() == b.toLongLong();
-    switch (a.userType()) {
-    case QMetaType::Int:
-        return *static_cast<const int *>(a.constData()) == *static_cast<const int *>(b.constData());
-    case QMetaType::QString:
-        return *static_cast<const QString *>(a.constData()) ==
-               *static_cast<const QString *>(b.constData());
-    default:
-        return a == b;
-    }
-}
-
 } // namespace
-
-/// A check state on its way to the children. The item does not follow them while one is written;
-/// whatever that calls may delete the item or give it other flags.
-struct BVTreeViewItem::PushDown
-{
-    PushDown(BVTreeViewItem *pushing, int toColumn, const QVariant &toWrite)
-        : item(pushing)
-        , outer(s_pushDowns)
-        , column(toColumn)
-        , value(toWrite)
-        , after(toWrite)
-    {
-        s_pushDowns = this;
-    }
-    ~PushDown() { s_pushDowns = outer; }
-    PushDown(const PushDown &) = delete;
-    PushDown &operator=(const PushDown &) = delete;
-
-    void write(BVTreeViewItem *child)
-    {
-        if (writeStored(child) || !child->hasCheckState(column))
-            return;
-        dropFlag();
-        child->setData(column, Qt::CheckStateRole, value);
-        restoreFlag();
-    }
-    /// The short way where a write can do no more than to store the state. False if it may.
-    bool writeStored(BVTreeViewItem *child)
-    {
-        if (!child->isPlain() || (child->m_flags & Qt::ItemIsAutoTristate) ||
-            child->isPushingDown())
-            return false;
-        const BVCheckCounters::Stored stored(*child, column);
-        auto *state = const_cast<QVariant *>(stored.state);
-        if (!state || !state->isValid())
-            return true;
-        const BVCheckCounters::State before(*state);
-        if (before.isInt && after.isInt ? before.number == after.number
-                                        : isSame(Qt::CheckStateRole, *state, value))
-            return true;
-        BVCheckCounters::recount(child->m_parent, column, stored.counts, before.kind, after.kind);
-        *state = value;
-        if (child->m_model) {
-            dropFlag();
-            child->announce(column, Qt::CheckStateRole);
-            restoreFlag();
-        }
-        return true;
-    }
-    void dropFlag()
-    {
-        holdsFlag = item->m_flags & Qt::ItemIsAutoTristate;
-        item->m_flags &= ~Qt::ItemIsAutoTristate;
-    }
-    void restoreFlag()
-    {
-        if (item && holdsFlag)
-            item->m_flags |= Qt::ItemIsAutoTristate;
-        holdsFlag = false;
-    }
-
-    BVTreeViewItem *item; // null when it is gone
-    PushDown *outer;
-    const int column;
-    const QVariant value;
-    const BVCheckCounters::State after;
-    bool holdsFlag = false; // the item's ItemIsAutoTristate is to be set again
-};
 
 qint64 BVTreeViewItem::s_nextId = 1;
 BVTreeViewItem::PushDown *BVTreeViewItem::s_pushDowns = nullptr;
@@ -319,7 +220,7 @@ bool BVTreeViewItem::change(int column, int role, QVariant &&value)
         BVCheckCounters::forget(m_parent); // they know the state from before
     BVCheckCounters::Change change(this, column);
     if (role != Qt::CheckStateRole || !(m_flags & Qt::ItemIsAutoTristate) ||
-        isSame(role, value, int(Qt::PartiallyChecked)))
+        BVItemValues::isSame(role, value, int(Qt::PartiallyChecked)))
         return store(column, storedRole(role), std::move(value));
     const QVariant before = data(column, role);
     if (!pushDownCheckState(column, value)) {
@@ -347,7 +248,7 @@ bool BVTreeViewItem::store(int column, int role, QVariant &&value)
 {
     m_columnCount = qMax(m_columnCount, column + 1);
     if (auto *stored = const_cast<QVariant *>(find(column, role))) {
-        if (isSame(role, *stored, value))
+        if (BVItemValues::isSame(role, *stored, value))
             return false;
         *stored = std::move(value);
         return true;
