@@ -375,7 +375,7 @@ bool BVContainerListControl::refuseMove(QDragMoveEvent *event)
         return false;
     const QModelIndex target = m_tree->indexAt(event->pos());
     const auto position = m_manager->advancedDropIndicatorPosition(event->pos(), target);
-    QTreeWidgetItem *parent = m_tree->itemFromIndex(BVDropRules::dropParent(target, position));
+    QTreeWidgetItem *parent = m_tree->itemFromIndex(BVDropRules::dropParent(target, position, m_tree->rootIndex()));
     if (mayDrop(draggedItems(m_manager->getDragAndDropInfo()), parent))
         return false;
     event->ignore();
