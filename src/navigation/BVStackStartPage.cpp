@@ -21,6 +21,7 @@ constexpr int s_controlSpacing = 6;
 constexpr int s_controlSpacingWithTitle = 15;
 constexpr int s_mainSpacing = 4;
 constexpr int s_mainSpacingWithTitle = 0;
+constexpr QMargins s_headerMargins(0, 8, 0, 0);
 constexpr QMargins s_groupMargins(9, 6, 9, 9);
 
 constexpr char s_composition[] = "composition";
@@ -94,6 +95,7 @@ BVStackStartPage::~BVStackStartPage()
 void BVStackStartPage::makeHeader()
 {
     m_header = makeTitle(tr("Add Module"), this);
+    m_header->setContentsMargins(s_headerMargins);
     m_header->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
     layout()->addWidget(m_header);
 }
@@ -164,10 +166,13 @@ void BVStackStartPage::addControl(QAction *left, QAction *right)
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     m_controlLayout->addLayout(row);
-    setComposition(makeButton(left, QIcon(), row), QStringLiteral("left"));
+    BVStartPageButton *leftButton = makeButton(left, QIcon(), row);
     m_controls.last().m_row = row;
-    setComposition(makeButton(right, QIcon(), row), QStringLiteral("right"));
+    BVStartPageButton *rightButton = makeButton(right, QIcon(), row);
     m_controls.last().m_row = row;
+    BVStartPageButton::pair(leftButton, rightButton);
+    setComposition(leftButton, QStringLiteral("left"));
+    setComposition(rightButton, QStringLiteral("right"));
 }
 
 void BVStackStartPage::removeControl(QAction *action)

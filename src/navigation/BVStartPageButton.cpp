@@ -44,6 +44,31 @@ QImage BVStartPageButton::picture()
     return image;
 }
 
+void BVStartPageButton::pair(BVStartPageButton *left, BVStartPageButton *right)
+{
+    left->m_partner = right;
+    right->m_partner = left;
+}
+
+QSize BVStartPageButton::sizeHint() const
+{
+    const QSize size = QCommandLinkButton::sizeHint();
+    const int other = m_partner ? m_partner->QCommandLinkButton::sizeHint().height() : 0;
+    return QSize(size.width(), qMax(size.height(), other));
+}
+
+/// The toolkit's is too low for the second line.
+QSize BVStartPageButton::minimumSizeHint() const
+{
+    return QSize(QCommandLinkButton::minimumSizeHint().width(), sizeHint().height());
+}
+
+int BVStartPageButton::heightForWidth(int width) const
+{
+    const int other = m_partner ? m_partner->QCommandLinkButton::heightForWidth(width) : 0;
+    return qMax(QCommandLinkButton::heightForWidth(width), other);
+}
+
 void BVStartPageButton::keyPressEvent(QKeyEvent *event)
 {
     const auto key = Qt::Key(event->key());

@@ -26,6 +26,13 @@ public:
     /// A picture of the button, for the screen that it is on; null for a button without a size.
     QImage picture();
 
+    /// Makes two buttons in a row the same height.
+    static void pair(BVStartPageButton *left, BVStartPageButton *right);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
+
 protected:
     void keyPressEvent(QKeyEvent *event) override;
 
@@ -34,5 +41,6 @@ private:
 
     QPointer<QAction> m_action; // not owned
     QPointer<QWidget> m_page;
-    QIcon m_ownIcon; // instead of the action's
+    QPointer<BVStartPageButton> m_partner; // in the same row
+    QIcon m_ownIcon;                       // instead of the action's
 };
