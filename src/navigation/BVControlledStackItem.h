@@ -202,6 +202,7 @@ private:
     QVariant m_layoutData; // the key of a layout entry
     BVWidgetStatus::Stati m_status;
     bool m_isStatusOfPage = false;
+    bool m_isDisabled = false; // itself, not only below a disabled one
     int m_checkColumn = 0;
 };
 

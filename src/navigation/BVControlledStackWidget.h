@@ -258,8 +258,6 @@ private:
     bool isOwn(const BVControlledStackItem *item) const;
     QTreeWidgetItem *rowOf(const BVControlledStackItem *parent) const;
     QList<QTreeWidgetItem *> rowsAt(const QList<int> &dfsIndexes) const;
-    QTreeWidgetItem *groupPlace(int *index, const QList<QTreeWidgetItem *> &rows) const;
-    void move(const QList<QTreeWidgetItem *> &rows, QTreeWidgetItem *parentRow, int index);
     void updateHeaderAlignment();
     void updateStackVisibility();
 
@@ -274,5 +272,4 @@ private:
     QString m_headerLabel;
     bool m_deselectionEnabled = false;
     bool m_topLevelAsHeader = false;
-    bool m_isSorting = false;
 };

@@ -1,0 +1,581 @@
+// SPDX-License-Identifier: MIT
+#include "navigation/BVControlledStackWidget.h"
+
+#include "navigation/BVControlledStackItem.h"
+#include "navigation/BVStackChecks_p.h"
+#include "navigation/BVStackControllerWidget.h"
+#include "navigation/BVStackEntries_p.h"
+#include "navigation/BVStackGroups_p.h"
+#include "navigation/BVStackNavigation_p.h"
+#include "navigation/BVStackOrder_p.h"
+#include "navigation/BVStackPageSwitch_p.h"
+#include "navigation/BVStackTreeItem_p.h"
+#include "navigation/BVStackedWidget.h"
+
+#include "foundation/BVWidgetStatusPropertyDispatcher.h"
+#include "foundation/BlockSignals.h"
+#include "itemviews/BVContainerListControl.h"
+#include "itemviews/BVDragTreeWidget.h"
+#include "platform/PropertyChangeFilter.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QItemSelection>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int s_leftMargin = 3; // px
+constexpr int s_topMargin = 6;  // px
+
+} // namespace
+
+BVControlledStackWidget::BVControlledStackWidget(BVStackControllerWidget *controller,
+                                                 QWidget *parent)
+    : QFrame(parent)
+    , BVWidgetInterface(this)
+    , m_controller(controller)
+    , m_pages(new BVStackedWidget(this))
+    , m_order(std::make_unique<BVStackOrder>())
+    , m_switch(std::make_unique<BVStackPageSwitch>(m_pages))
+    , m_entries(new BVStackEntries(this))
+    , m_navigation(new BVStackNavigation(this))
+{
+    setObjectName(QStringLiteral("bv_controlledstackwidget"));
+    auto *layout = new QHBoxLayout(this);
+    layout->setSpacing(0);
+    layout->addWidget(m_pages);
+    updateMargins(false, false);
+    BVWidgetStatusPropertyDispatcher::dispatch(this, this);
+    if (controller)
+        controller->setControlledStack(this);
+    updateAutoRootDecoration();
+}
+
+BVControlledStackWidget::~BVControlledStackWidget()
+{
+    blockSignals(true);
+    m_entries->clear();
+    delete m_navigation;
+    delete m_entries;
+    if (m_controller && m_controller->getControlledStack() == this)
+        m_controller->setControlledStack(nullptr);
+}
+
+BVStackControllerWidget *BVControlledStackWidget::controller() const
+{
+    return m_controller;
+}
+
+BVDragTreeWidget *BVControlledStackWidget::tree() const
+{
+    return m_controller ? m_controller->tree() : nullptr;
+}
+
+bool BVControlledStackWidget::isOwn(const BVControlledStackItem *item) const
+{
+    return m_entries->contains(item);
+}
+
+/// The row of the entry, or the one above the top level for null.
+QTreeWidgetItem *BVControlledStackWidget::rowOf(const BVControlledStackItem *parent) const
+{
+    return parent ? parent->treeItem() : tree()->invisibleRootItem();
+}
+
+QWidget *BVControlledStackWidget::getStatusWidget(int index) const
+{
+    const BVControlledStackItem *item = itemAtDFSIndex(index);
+    return item ? item->getContainerWidget() : nullptr;
+}
+
+// Adding
+
+BVControlledStackItem *BVControlledStackWidget::addItem(QWidget *page, int index)
+{
+    return m_entries->insert(page, nullptr, index);
+}
+
+BVControlledStackItem *BVControlledStackWidget::addItem(QWidget *page, int parentIndex, int index)
+{
+    BVControlledStackItem *parent = itemAtDFSIndex(parentIndex);
+    return parent || parentIndex == -1 ? m_entries->insert(page, parent, index) : nullptr;
+}
+
+BVControlledStackItem *BVControlledStackWidget::addItem(QWidget *page, QWidget *parentPage,
+                                                        int index)
+{
+    BVControlledStackItem *parent = BVControlledStackItem::itemFromWidget(parentPage);
+    return parent || !parentPage ? m_entries->insert(page, parent, index) : nullptr;
+}
+
+BVControlledStackItem *BVControlledStackWidget::addItem(QWidget *page,
+                                                        BVControlledStackItem *parent, int index)
+{
+    return m_entries->insert(page, parent, index);
+}
+
+BVControlledStackItem *BVControlledStackWidget::addItemAtDfsIndex(QWidget *page, int dfsIndex)
+{
+    const BVControlledStackItem *follower = itemAtDFSIndex(dfsIndex);
+    return follower ? m_entries->insert(page, follower->parent(), follower->getIndex())
+                    : m_entries->insert(page, nullptr, -1);
+}
+
+void BVControlledStackWidget::addChildItem(BVControlledStackItem *parent,
+                                           BVControlledStackItem *child, int index)
+{
+    if (isOwn(child))
+        child->setParent(parent, index);
+}
+
+BVControlledStackItem *BVControlledStackWidget::addLayoutItem(const QVariant &data, int index)
+{
+    if (!data.isValid() || getLayoutItem(data) || !tree())
+        return nullptr;
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    BVControlledStackItem *item = addItem(page, index);
+    if (item)
+        item->m_layoutData = data;
+    return item;
+}
+
+BVControlledStackItem *BVControlledStackWidget::getLayoutItem(const QVariant &data) const
+{
+    const QList<BVControlledStackItem *> items = getLayoutItems();
+    for (BVControlledStackItem *item : items)
+        if (item->m_layoutData == data)
+            return item;
+    return nullptr;
+}
+
+QList<BVControlledStackItem *> BVControlledStackWidget::getLayoutItems() const
+{
+    QList<BVControlledStackItem *> layoutItems;
+    const QList<BVControlledStackItem *> items = getDFSItems();
+    for (BVControlledStackItem *item : items)
+        if (item->m_layoutData.isValid())
+            layoutItems.append(item);
+    return layoutItems;
+}
+
+QVariant BVControlledStackWidget::getLayoutItemData(const BVControlledStackItem *item)
+{
+    return item ? item->m_layoutData : QVariant();
+}
+
+// Removing
+
+void BVControlledStackWidget::removeItem(int dfsIndex)
+{
+    removeItem(itemAtDFSIndex(dfsIndex));
+}
+
+void BVControlledStackWidget::removeItem(BVControlledStackItem *item)
+{
+    if (isOwn(item))
+        m_entries->removeRow(item->treeItem());
+}
+
+void BVControlledStackWidget::removeItem(QWidget *page)
+{
+    removeItem(BVControlledStackItem::itemFromWidget(page));
+}
+
+void BVControlledStackWidget::clear()
+{
+    m_entries->clear();
+}
+
+// Entries
+
+int BVControlledStackWidget::currentIndex() const
+{
+    return getDFSIndex(getCurrentItem());
+}
+
+BVControlledStackItem *BVControlledStackWidget::getCurrentItem() const
+{
+    return tree() ? BVStackTreeItem::entryAtOrAbove(tree()->currentItem()) : nullptr;
+}
+
+BVControlledStackItem *BVControlledStackWidget::itemAt(int index) const
+{
+    return tree() ? BVStackTreeItem::entryOf(tree()->topLevelItem(index)) : nullptr;
+}
+
+BVControlledStackItem *BVControlledStackWidget::itemAtDFSIndex(int dfsIndex) const
+{
+    return m_order->items(tree()).value(dfsIndex);
+}
+
+int BVControlledStackWidget::getDFSIndex(const BVControlledStackItem *item) const
+{
+    return m_order->indexOf(tree(), item);
+}
+
+QList<BVControlledStackItem *> BVControlledStackWidget::getDFSItems() const
+{
+    return m_order->items(tree());
+}
+
+int BVControlledStackWidget::itemCount(bool recursive) const
+{
+    if (recursive || !tree())
+        return m_order->items(tree()).size();
+    return BVStackTreeItem::entryCount(tree()->invisibleRootItem());
+}
+
+BVControlledStackItem *BVControlledStackWidget::getItemByText(const QString &text) const
+{
+    const QList<BVControlledStackItem *> items = getDFSItems();
+    for (BVControlledStackItem *item : items)
+        if (item->getText() == text)
+            return item;
+    return nullptr;
+}
+
+void BVControlledStackWidget::setItemText(int dfsIndex, const QString &text)
+{
+    if (BVControlledStackItem *item = itemAtDFSIndex(dfsIndex))
+        item->setText(text);
+}
+
+void BVControlledStackWidget::setItemToolTip(int dfsIndex, const QString &toolTip)
+{
+    if (BVControlledStackItem *item = itemAtDFSIndex(dfsIndex))
+        item->setToolTip(toolTip);
+}
+
+void BVControlledStackWidget::sortItems()
+{
+    const BVStackTreeItem::UserOrder order;
+    if (tree())
+        tree()->invisibleRootItem()->sortChildren(0, Qt::AscendingOrder);
+}
+
+// Current entry
+
+void BVControlledStackWidget::setCurrentIndex(int index)
+{
+    const QPointer<BVControlledStackWidget> guard(this);
+    BVControlledStackItem *item = itemAtDFSIndex(index);
+    if (index < 0 && m_controller && m_controller->listControl())
+        m_controller->listControl()->setCurrentItem(nullptr);
+    if (item)
+        item->setCurrent();
+    if (guard && item)
+        m_switch->updateStartPage();
+    if (guard)
+        updateStackVisibility();
+}
+
+void BVControlledStackWidget::updateCurrentSelection()
+{
+    BVControlledStackItem *current = getCurrentItem();
+    if (!current)
+        return;
+    const QPointer<BVControlledStackWidget> guard(this);
+    if (!tree()->currentItem()->isSelected())
+        tree()->setCurrentItem(tree()->currentItem());
+    if (guard)
+        m_entries->showPage(getCurrentItem());
+    if (guard)
+        updateStackVisibility();
+}
+
+void BVControlledStackWidget::updateStackVisibility()
+{
+    if (m_deselectionEnabled)
+        m_switch->updateForCurrent(getCurrentItem());
+}
+
+// Selection
+
+bool BVControlledStackWidget::hasSelection() const
+{
+    return !getDfsIndexOfSelectedElements().isEmpty();
+}
+
+QList<int> BVControlledStackWidget::getDfsIndexOfSelectedElements() const
+{
+    QList<int> indexes;
+    if (!tree())
+        return indexes;
+    const QList<QTreeWidgetItem *> rows = tree()->selectedItems();
+    for (const QTreeWidgetItem *row : rows)
+        if (const BVControlledStackItem *item = BVStackTreeItem::entryOf(row))
+            indexes.append(getDFSIndex(item));
+    std::sort(indexes.begin(), indexes.end());
+    return indexes;
+}
+
+QList<int> BVControlledStackWidget::getIndexOfSelectedElements() const
+{
+    QList<int> indexes = getDfsIndexOfSelectedElements();
+    for (int &index : indexes)
+        index = itemAtDFSIndex(index)->getIndex();
+    return indexes;
+}
+
+void BVControlledStackWidget::setSelectedElementsByDfsIndex(const QList<int> &dfsIndexes)
+{
+    const QList<QTreeWidgetItem *> rows = rowsAt(dfsIndexes);
+    if (!tree())
+        return;
+    QItemSelection selection;
+    for (QTreeWidgetItem *row : rows) {
+        const QModelIndex index = tree()->indexFromItem(row);
+        selection.select(index, index);
+        if (tree()->selectionMode() == QAbstractItemView::SingleSelection)
+            break;
+    }
+    tree()->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect |
+                                                    QItemSelectionModel::Rows);
+}
+
+QList<QTreeWidgetItem *> BVControlledStackWidget::rowsAt(const QList<int> &dfsIndexes) const
+{
+    QList<QTreeWidgetItem *> rows;
+    for (const int index : dfsIndexes)
+        if (const BVControlledStackItem *item = itemAtDFSIndex(index))
+            rows.append(item->treeItem());
+    return rows;
+}
+
+// Marking
+
+void BVControlledStackWidget::setItemMarked(int dfsIndex, bool marked, bool exclusive)
+{
+    BVControlledStackItem *marking = itemAtDFSIndex(dfsIndex);
+    if (!marking)
+        return;
+    const QList<BVControlledStackItem *> items = getDFSItems();
+    for (BVControlledStackItem *item : items)
+        if (exclusive && item != marking && item->isMarked())
+            item->setMarked(false);
+    marking->setMarked(marked);
+}
+
+bool BVControlledStackWidget::isItemMarked(int dfsIndex) const
+{
+    const BVControlledStackItem *item = itemAtDFSIndex(dfsIndex);
+    return item && item->isMarked();
+}
+
+void BVControlledStackWidget::clearMarkedItems()
+{
+    const QList<BVControlledStackItem *> items = getDFSItems();
+    for (BVControlledStackItem *item : items)
+        if (item->isMarked())
+            item->setMarked(false);
+}
+
+// Groups
+
+BVControlledStackItem *BVControlledStackWidget::createGroup(int index, const QList<int> &dfsIndexes)
+{
+    if (!tree())
+        return nullptr;
+    const QList<QTreeWidgetItem *> rows = rowsAt(dfsIndexes);
+    const int place = index < 0 ? BVStackGroups::topLevelPlaceOf(tree(), rows) : index;
+    BVControlledStackItem *group = addItem(nullptr, place);
+    if (group)
+        BVStackGroups::move(rows, group->treeItem(), -1);
+    return group;
+}
+
+void BVControlledStackWidget::addToGroup(int group, const QList<int> &dfsIndexes, bool atFront)
+{
+    insertItemsToGroup(group, dfsIndexes, atFront ? 0 : -1);
+}
+
+void BVControlledStackWidget::insertItemsToGroup(int group, const QList<int> &dfsIndexes, int index)
+{
+    if (BVControlledStackItem *item = itemAtDFSIndex(group))
+        BVStackGroups::move(rowsAt(dfsIndexes), item->treeItem(), index);
+}
+
+bool BVControlledStackWidget::isInGroup(int dfsIndex) const
+{
+    return isInGroup(itemAtDFSIndex(dfsIndex));
+}
+
+bool BVControlledStackWidget::isInGroup(const BVControlledStackItem *item) const
+{
+    const BVControlledStackItem *parent = isOwn(item) ? item->parent() : nullptr;
+    return parent && !parent->getContainerWidget();
+}
+
+void BVControlledStackWidget::removeAllItemsFromGroup(int group)
+{
+    if (BVControlledStackItem *item = itemAtDFSIndex(group))
+        item->reparentChildren(item->parent(), item->getIndex() + 1);
+}
+
+// Presentation
+
+void BVControlledStackWidget::setCheckableItems(CheckableItems mode)
+{
+    m_checkableItems = mode;
+    const QList<BVControlledStackItem *> items = getDFSItems();
+    for (BVControlledStackItem *item : items)
+        BVStackChecks::update(item, mode, item->isTopLevelItem());
+    updateHeaderAlignment();
+}
+
+void BVControlledStackWidget::updateHeaderAlignment()
+{
+    QWidget *header = m_controller ? m_controller->headerWidget() : nullptr;
+    if (!header)
+        return;
+    const bool alignRight = isCheckableItems() && !m_controller->isHeaderAlignmentFixed();
+    header->setProperty("alignRight", alignRight ? QVariant(true) : QVariant());
+    PropertyChangeFilter::repolish(header);
+}
+
+void BVControlledStackWidget::setHeaderLabel(const QString &text, bool alignRight)
+{
+    m_headerLabel = text;
+    if (!m_controller)
+        return;
+    m_controller->setHeaderLabel(text, alignRight);
+    updateHeaderAlignment();
+}
+
+void BVControlledStackWidget::setDeselectionOfCurrentEnabled(bool enable)
+{
+    const bool wasEnabled = m_deselectionEnabled;
+    m_deselectionEnabled = enable;
+    if (tree())
+        tree()->enableDeselection(enable);
+    if (wasEnabled && !enable)
+        m_switch->forgetCurrent();
+    updateStackVisibility();
+}
+
+void BVControlledStackWidget::setShowTopLevelItemsAsGroupHeader(bool show)
+{
+    if (show == m_topLevelAsHeader)
+        return;
+    m_topLevelAsHeader = show;
+    if (!tree())
+        return;
+    tree()->setShowTopLevelSeparator(show);
+    updateAutoRootDecoration();
+    for (int i = tree()->topLevelItemCount() - 1; i >= 0; --i)
+        if (BVControlledStackItem *item = itemAt(i))
+            item->setShowAsHeader(show);
+}
+
+void BVControlledStackWidget::updateAutoRootDecoration()
+{
+    BVDragTreeWidget *tree = this->tree();
+    if (!tree)
+        return;
+    bool decorated = false;
+    for (int i = 0; !m_topLevelAsHeader && !decorated && i < tree->topLevelItemCount(); ++i)
+        decorated = tree->topLevelItem(i)->childCount() > 0;
+    if (tree->rootIsDecorated() != decorated)
+        tree->setRootIsDecorated(decorated);
+}
+
+void BVControlledStackWidget::setHoverItem(BVControlledStackItem *item)
+{
+    if (isOwn(item))
+        item->setHover(true);
+    else if (!item && tree())
+        tree()->setHoverItem(nullptr);
+}
+
+BVControlledStackItem *BVControlledStackWidget::getHoverItem() const
+{
+    return tree() ? BVStackTreeItem::entryOf(tree()->getHoverItem()) : nullptr;
+}
+
+void BVControlledStackWidget::updateMargins(bool noLeft, bool noTop)
+{
+    layout()->setContentsMargins(noLeft ? 0 : s_leftMargin, noTop ? 0 : s_topMargin, 0, 0);
+}
+
+// Start page
+
+void BVControlledStackWidget::setStartPage(QWidget *page, int threshold)
+{
+    m_switch->setThreshold(threshold);
+    if (!page || page == this || page->isAncestorOf(this))
+        return;
+    QWidget *former = m_switch->startPage();
+    if (former && former != page) {
+        layout()->removeWidget(former);
+        former->hide();
+    }
+    m_switch->setStartPage(page);
+    layout()->addWidget(page);
+    m_switch->updateStartPage();
+    updateStackVisibility();
+}
+
+QWidget *BVControlledStackWidget::startPage() const
+{
+    return m_switch->startPage();
+}
+
+int BVControlledStackWidget::startPageThreshold() const
+{
+    return m_switch->threshold();
+}
+
+void BVControlledStackWidget::showStartPage(bool show)
+{
+    m_switch->showStartPage(show);
+}
+
+// Entries that need input
+
+QList<BVControlledStackItem *> BVControlledStackWidget::needInputItems() const
+{
+    QList<BVControlledStackItem *> needing;
+    const QList<BVControlledStackItem *> items = getDFSItems();
+    for (BVControlledStackItem *item : items)
+        if (item->getBVWidgetStatus() & BVWidgetStatus::NeedInput)
+            needing.append(item);
+    return needing;
+}
+
+bool BVControlledStackWidget::goToNextNeedingInput()
+{
+    const QList<BVControlledStackItem *> items = getDFSItems();
+    const int current = currentIndex();
+    for (int step = 1; step <= items.size(); ++step) {
+        BVControlledStackItem *item = items[(current + step) % items.size()];
+        const bool needsInput = item->getBVWidgetStatus() & BVWidgetStatus::NeedInput;
+        if (!needsInput || !item->isEnabled() || item->isCurrent())
+            continue;
+        item->setCurrent();
+        return true;
+    }
+    return false;
+}
+
+void BVControlledStackWidget::setNeedInputShortcutEnabled(bool enable)
+{
+    if (enable == isNeedInputShortcutEnabled())
+        return;
+    delete m_needInputAction;
+    m_needInputAction = nullptr;
+    if (!enable)
+        return;
+    m_needInputAction = new QAction(tr("Go to Next Entry that Needs Input"), this);
+    m_needInputAction->setShortcut(Qt::Key_F8);
+    m_needInputAction->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(m_needInputAction, &QAction::triggered, this,
+            &BVControlledStackWidget::goToNextNeedingInput);
+    addAction(m_needInputAction);
+    if (m_controller)
+        m_controller->addAction(m_needInputAction);
+}

@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: MIT
+#include "navigation/BVStackEntries_p.h"
+
+#include "navigation/BVControlledStackItem.h"
+#include "navigation/BVControlledStackWidget.h"
+#include "navigation/BVStackChecks_p.h"
+#include "navigation/BVStackNavigation_p.h"
+#include "navigation/BVStackOrder_p.h"
+#include "navigation/BVStackPageSwitch_p.h"
+#include "navigation/BVStackTreeItem_p.h"
+#include "navigation/BVStackedWidget.h"
+
+#include "foundation/BVWidgetStatusChangedEvent.h"
+#include "itemviews/BVDragTreeWidget.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QVector>
+
+#include <memory>
+
+/// What is left of removed entries: whoever is in the middle of a call with them still finds them.
+class BVStackRemains : public QObject
+{
+public:
+    explicit BVStackRemains(QObject *parent)
+        : QObject(parent)
+    {
+        deleteLater();
+    }
+    ~BVStackRemains() override
+    {
+        for (BVControlledStackItem *item : qAsConst(m_items))
+            delete item;
+    }
+
+    void add(BVControlledStackItem *item) { m_items.append(item); }
+    void setRow(std::unique_ptr<QTreeWidgetItem> row) { m_row = std::move(row); }
+
+private:
+    QVector<BVControlledStackItem *> m_items;
+    std::unique_ptr<QTreeWidgetItem> m_row;
+};
+
+namespace {
+
+/// The rows of a branch, each before those below it.
+QVector<QTreeWidgetItem *> branchOf(QTreeWidgetItem *row)
+{
+    QVector<QTreeWidgetItem *> rows{row};
+    for (int i = 0; i < rows.size(); ++i)
+        for (int child = 0; child < rows[i]->childCount(); ++child)
+            rows.append(rows[i]->child(child));
+    return rows;
+}
+
+} // namespace
+
+BVStackEntries::BVStackEntries(BVControlledStackWidget *stack)
+    : QObject(stack)
+    , m_stack(stack)
+{
+    QStackedWidget *const pages = stack->stackedWidget();
+    connect(pages, &QStackedWidget::currentChanged, this, [this] {
+        m_stack->m_switch->updateStartPage();
+        m_stack->updateStackVisibility();
+    });
+    connect(pages, &QStackedWidget::widgetRemoved, this, &BVStackEntries::onPagesChanged);
+}
+
+// Entries
+
+BVControlledStackItem *BVStackEntries::insert(QWidget *page, BVControlledStackItem *parent,
+                                              int index)
+{
+    if (!m_stack->tree() || (parent && !contains(parent)))
+        return nullptr;
+    const QPointer<BVStackEntries> guard(this);
+    const QPointer<QWidget> pageGuard(page);
+    auto *item = new BVControlledStackItem(m_stack);
+    m_items.insert(item);
+    putIntoTree(item, parent, index);
+    if (guard && contains(item))
+        setPage(item, pageGuard);
+    if (guard && contains(item))
+        Q_EMIT m_stack->itemAdded(item);
+    return guard && contains(item) ? item : nullptr;
+}
+
+void BVStackEntries::putIntoTree(BVControlledStackItem *item, BVControlledStackItem *parent,
+                                 int index)
+{
+    QTreeWidgetItem *const above = m_stack->rowOf(parent);
+    const int count = BVStackTreeItem::entryCount(above);
+    item->m_treeItem = new BVStackTreeItem(item);
+    BVStackChecks::update(item, m_stack->checkableItems(), !parent);
+    above->insertChild(index < 0 || index > count ? count : index, item->m_treeItem);
+}
+
+void BVStackEntries::removeRow(QTreeWidgetItem *row)
+{
+    const QPointer<BVStackEntries> guard(this);
+    const BVStackNavigation::Hold hold(m_stack->m_navigation);
+    const QPointer<BVDragTreeWidget> tree(m_stack->tree());
+    QPointer<BVStackRemains> remains(detachBranch(row));
+    if (!guard || !tree || !remains)
+        return;
+    std::unique_ptr<QTreeWidgetItem> taken(tree->takeItem(row));
+    if (remains)
+        remains->setRow(std::move(taken));
+}
+
+void BVStackEntries::clear()
+{
+    const QPointer<BVDragTreeWidget> tree(m_stack->tree());
+    if (!tree)
+        return;
+    const QPointer<BVStackEntries> guard(this);
+    const BVStackNavigation::Hold hold(m_stack->m_navigation);
+    for (int i = tree->topLevelItemCount() - 1; guard && tree && i >= 0; --i)
+        if (BVStackTreeItem::entryOf(tree->topLevelItem(i))) // slots may have removed others
+            removeRow(tree->topLevelItem(i));
+}
+
+void BVStackEntries::rowDeleted(BVControlledStackItem *item)
+{
+    BVStackEntries *const entries = item->m_stackWidget->m_entries;
+    QTreeWidgetItem *const row = item->m_treeItem;
+    if (row->treeWidget())
+        entries->m_stack->m_navigation->holdUntilRowsAreRemoved();
+    entries->detachBranch(row);
+}
+
+/// Null if a slot has deleted the stack. Pages go from the end, so that those before the last do
+/// not come into sight one after the other.
+BVStackRemains *BVStackEntries::detachBranch(QTreeWidgetItem *row)
+{
+    const QPointer<BVStackRemains> remains(new BVStackRemains(m_stack));
+    QVector<BVControlledStackItem *> items;
+    const QVector<QTreeWidgetItem *> rows = branchOf(row);
+    for (QTreeWidgetItem *branchRow : rows) {
+        BVControlledStackItem *item = BVStackTreeItem::entryOf(branchRow);
+        if (!item)
+            continue;
+        items.append(item);
+        remains->add(item);
+        m_items.remove(item);
+        item->m_treeItem->detach();
+        item->m_treeItem = nullptr;
+    }
+    m_stack->m_order->invalidate();
+    for (int i = items.size() - 1; i >= 0 && remains; --i)
+        deletePage(items[i]);
+    if (remains)
+        for (BVControlledStackItem *item : qAsConst(items))
+            item->m_stackWidget = nullptr;
+    return remains;
+}
+
+// Pages
+
+void BVStackEntries::setPage(BVControlledStackItem *item, QWidget *page)
+{
+    const bool isAround = page && (page == m_stack || page->isAncestorOf(m_stack));
+    if (page == item->m_containerWidget || isAround)
+        return;
+    const QPointer<BVStackEntries> guard(this);
+    const QPointer<QWidget> pageGuard(page);
+    deletePage(item);
+    if (BVControlledStackItem *other = BVControlledStackItem::itemFromWidget(pageGuard))
+        other->removeContainerWidget();
+    if (guard && pageGuard && contains(item))
+        attachPage(item, page);
+}
+
+void BVStackEntries::attachPage(BVControlledStackItem *item, QWidget *page)
+{
+    // The page may have been on its way out with another entry.
+    QCoreApplication::removePostedEvents(page, QEvent::DeferredDelete);
+    page->setProperty(s_pageProperty, QVariant::fromValue(item));
+    page->installEventFilter(this);
+    item->m_containerWidget = page;
+    item->m_pageDestroyed =
+        connect(page, &QObject::destroyed, this, [this, item] { forgetPage(item); });
+    const QPointer<BVStackEntries> guard(this);
+    const QPointer<QWidget> pageGuard(page);
+    m_stack->stackedWidget()->addWidget(page);
+    if (!guard || !pageGuard || item->m_containerWidget != page)
+        return;
+    if (BVWidgetStatus::status(page) != BVWidgetStatus::Normal)
+        followPage(item, int(BVWidgetStatus::status(page)));
+    if (guard && item->isCurrent())
+        showPage(item);
+    if (guard)
+        onPagesChanged();
+}
+
+/// The page stays what it is, but for that it leaves the stack.
+QWidget *BVStackEntries::takePage(BVControlledStackItem *item)
+{
+    const QPointer<QWidget> page(item->m_containerWidget);
+    if (!page)
+        return nullptr;
+    forgetPage(item);
+    page->removeEventFilter(this);
+    page->setProperty(s_pageProperty, QVariant());
+    if (page)
+        m_stack->stackedWidget()->removeWidget(page);
+    return page;
+}
+
+void BVStackEntries::forgetPage(BVControlledStackItem *item)
+{
+    disconnect(item->m_pageDestroyed);
+    item->m_containerWidget = nullptr;
+    if (item->m_isStatusOfPage)
+        item->setBVWidgetStatus(BVWidgetStatus::Normal);
+}
+
+void BVStackEntries::deletePage(BVControlledStackItem *item)
+{
+    if (QWidget *page = takePage(item)) {
+        page->hide();
+        page->deleteLater();
+    }
+}
+
+QWidget *BVStackEntries::releasePage(BVControlledStackItem *item)
+{
+    const QPointer<QWidget> page(takePage(item));
+    if (page)
+        page->hide();
+    if (page)
+        page->setParent(nullptr);
+    return page;
+}
+
+void BVStackEntries::showPage(const BVControlledStackItem *item)
+{
+    QStackedWidget *const pages = m_stack->stackedWidget();
+    QWidget *const page = item ? item->m_containerWidget : nullptr;
+    if (page && pages->indexOf(page) >= 0)
+        pages->setCurrentWidget(page);
+}
+
+void BVStackEntries::onPagesChanged()
+{
+    const QPointer<BVStackEntries> guard(this);
+    m_stack->m_switch->updateStartPage();
+    if (guard)
+        m_stack->updateStackVisibility();
+    if (guard)
+        Q_EMIT m_stack->widgetCountChanged(m_stack->stackedWidget()->count());
+}
+
+void BVStackEntries::followPage(BVControlledStackItem *item, int stati)
+{
+    item->setBVWidgetStatus(BVWidgetStatus::Stati(stati));
+    item->m_isStatusOfPage = true;
+}
+
+bool BVStackEntries::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != BVWidgetStatusChangedEvent::s_eventType)
+        return false;
+    auto *page = qobject_cast<QWidget *>(watched);
+    BVControlledStackItem *item = BVControlledStackItem::itemFromWidget(page);
+    if (item && contains(item) && item->m_containerWidget == page)
+        followPage(item, int(static_cast<BVWidgetStatusChangedEvent *>(event)->status()));
+    return false;
+}

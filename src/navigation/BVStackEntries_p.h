@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QSet>
+
+class BVControlledStackItem;
+class BVControlledStackWidget;
+class QTreeWidgetItem;
+class QWidget;
+
+/// Makes and removes the entries of a controlled stack, and ties pages to them.
+class BVStackEntries : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The property of a page that leads to its entry.
+    static constexpr char s_pageProperty[] = "BVControlledStackItemWidgetProperty";
+
+    explicit BVStackEntries(BVControlledStackWidget *stack);
+
+    bool contains(const BVControlledStackItem *item) const { return m_items.contains(item); }
+    /// Null if there is no tree, or if a slot has removed the new entry again.
+    BVControlledStackItem *insert(QWidget *page, BVControlledStackItem *parent, int index);
+    /// Removes a row with all below, whether they are entries or not.
+    void removeRow(QTreeWidgetItem *row);
+    void clear();
+    /// The row of the entry is being deleted.
+    static void rowDeleted(BVControlledStackItem *item);
+
+    void setPage(BVControlledStackItem *item, QWidget *page);
+    /// Takes the page out of the stack; it belongs to the caller.
+    QWidget *releasePage(BVControlledStackItem *item);
+    /// Makes the page of the entry, if it has one, that of the stack.
+    void showPage(const BVControlledStackItem *item);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void putIntoTree(BVControlledStackItem *item, BVControlledStackItem *parent, int index);
+    void attachPage(BVControlledStackItem *item, QWidget *page);
+    QWidget *takePage(BVControlledStackItem *item);
+    void forgetPage(BVControlledStackItem *item);
+    void deletePage(BVControlledStackItem *item);
+    void followPage(BVControlledStackItem *item, int stati);
+    class BVStackRemains *detachBranch(QTreeWidgetItem *row);
+    void onPagesChanged();
+
+    BVControlledStackWidget *m_stack; // the parent
+    QSet<const BVControlledStackItem *> m_items;
+};

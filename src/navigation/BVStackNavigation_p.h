@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QSet>
+
+class BVContainerListControl;
+class BVControlledStackItem;
+class BVControlledStackWidget;
+class BVDragTreeWidget;
+class QModelIndex;
+class QTreeWidgetItem;
+
+/// Tells a controlled stack's listeners, as its signals, what happens in its tree, and keeps the
+/// stack in line with the rows.
+class BVStackNavigation : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// While an object of this class lives, changes of current entry and selection wait, so that no
+    /// slot meddles with rows that are on their way.
+    class Hold
+    {
+    public:
+        explicit Hold(BVStackNavigation *navigation);
+        ~Hold();
+        Hold(const Hold &) = delete;
+        Hold &operator=(const Hold &) = delete;
+
+    private:
+        QPointer<BVStackNavigation> m_navigation;
+    };
+
+    /// While an object of this class lives, the entries' first states are noted, not reported.
+    class Unreported
+    {
+    public:
+        Unreported(BVStackNavigation *navigation, const QList<BVControlledStackItem *> &items);
+        ~Unreported();
+        Unreported(const Unreported &) = delete;
+        Unreported &operator=(const Unreported &) = delete;
+
+    private:
+        QPointer<BVStackNavigation> m_navigation;
+        QList<BVControlledStackItem *> m_items;
+    };
+
+    explicit BVStackNavigation(BVControlledStackWidget *stack);
+
+    void holdUntilRowsAreRemoved();
+
+private:
+    void watchTree(BVDragTreeWidget *tree);
+    void watchRows(BVDragTreeWidget *tree);
+    void watchDrops(BVContainerListControl *listControl);
+
+    void onCurrentItemChanged(QTreeWidgetItem *current, QTreeWidgetItem *previous);
+    void reportCurrent(BVControlledStackItem *item, BVControlledStackItem *previous);
+    void onSelectionChanged();
+    void onItemChanged(QTreeWidgetItem *row, int column);
+    void reportToggle(BVControlledStackItem *item);
+    bool hasNews(BVControlledStackItem *item) const;
+
+    void onRowsInserted(const QModelIndex &parent, int first, int last);
+    void onRowsRemoved(const QModelIndex &parent);
+    void placeEntry(BVControlledStackItem *item, bool isTopLevel);
+    void updateParent(BVControlledStackItem *item);
+    void onDragEnter(QTreeWidgetItem *target, bool *mayDrop);
+    void hold();
+    void release();
+    void selectCurrent();
+
+    BVControlledStackWidget *m_stack; // the parent
+    QSet<const BVControlledStackItem *> m_unreported;
+    QSet<const BVControlledStackItem *> m_reporting; // their toggle is being delivered
+    int m_holdCount = 0;
+    int m_deletedRows = 0; // each of them holds
+    BVControlledStackItem *m_heldPrevious = nullptr;
+    bool m_isSelectionHeld = false;
+};

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "navigation/BVStackPageSwitch_p.h"
+
+#include <QStackedWidget>
+
+BVStackPageSwitch::BVStackPageSwitch(QStackedWidget *pages)
+    : m_pages(pages)
+{
+}
+
+/// What goes is hidden first, so that the window never has to hold both.
+void BVStackPageSwitch::showStartPage(bool show)
+{
+    if (!m_startPage || !m_pages)
+        return;
+    m_isHiddenForCurrent = false;
+    QWidget *const going = show ? m_pages.data() : m_startPage.data();
+    const QPointer<QWidget> coming = show ? m_startPage.data() : m_pages.data();
+    going->hide();
+    if (coming)
+        coming->show();
+}
+
+void BVStackPageSwitch::updateStartPage()
+{
+    if (isDecidedByCount() && m_pages)
+        showStartPage(m_pages->count() <= m_threshold);
+}
+
+void BVStackPageSwitch::updateForCurrent(bool hasCurrent)
+{
+    if (m_startPage)
+        showStartPage(!hasCurrent);
+    else if (m_pages)
+        m_pages->setVisible(hasCurrent);
+    m_isHiddenForCurrent = !hasCurrent;
+}
+
+void BVStackPageSwitch::forgetCurrent()
+{
+    if (isDecidedByCount())
+        updateStartPage();
+    else if (m_isHiddenForCurrent)
+        updateForCurrent(true);
+}
