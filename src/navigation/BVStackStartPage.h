@@ -29,7 +29,8 @@ class QVBoxLayout;
 ///
 /// **Clicks.** A picture of the clicked button flies to its target, see animationWidget(); then the
 /// action is triggered. animationStarted() and animationHasFinished() enclose each click, also
-/// without an animation and if the action or the animation's parent is deleted meanwhile. An action
+/// without an animation and if the action or the animation's parent is deleted meanwhile. Slots may
+/// disable actions until the flight has ended: the clicked one is triggered all the same. An action
 /// that is triggered by the page does not start another flight.
 ///
 /// **Keyboard.** Arrow keys, Home and End move the focus between the buttons; Return, Enter and the
