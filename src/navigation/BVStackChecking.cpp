@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "navigation/BVStackChecking_p.h"
+
+#include "itemviews/BVDragTreeWidget.h"
+#include "navigation/BVControlledStackItem.h"
+
+#include <QPersistentModelIndex>
+#include <QPointer>
+#include <QTreeWidgetItemIterator>
+#include <QVector>
+
+namespace {
+
+/// A row that may go.
+class Row
+{
+public:
+    Row(QTreeWidgetItem *row, int column)
+        : m_tree(qobject_cast<BVDragTreeWidget *>(row->treeWidget()))
+        , m_index(m_tree ? m_tree->indexFromItem(row, column) : QModelIndex())
+    {
+    }
+    QTreeWidgetItem *item() const
+    {
+        return m_tree && m_index.isValid() ? m_tree->itemFromIndex(m_index) : nullptr;
+    }
+
+private:
+    QPointer<BVDragTreeWidget> m_tree;
+    QPersistentModelIndex m_index;
+};
+
+int columnOf(const QTreeWidgetItem *row)
+{
+    const BVControlledStackItem *item = BVControlledStackItem::itemFromTreeItem(row);
+    return item ? item->checkColumn() : 0;
+}
+
+template <typename Wanted>
+QVector<Row> rows(BVDragTreeWidget *tree, const Wanted &isWanted)
+{
+    QVector<Row> rows;
+    for (QTreeWidgetItemIterator i(tree); *i; ++i)
+        if (BVStackChecking::isCheckable(*i) && isWanted(*i))
+            rows.append(Row(*i, columnOf(*i)));
+    return rows;
+}
+
+bool isBelow(const QTreeWidgetItem *row, const QTreeWidgetItem *above)
+{
+    while (row && row != above)
+        row = row->parent();
+    return row;
+}
+
+/// Whether the states of both follow each other.
+bool isLinked(const QTreeWidgetItem *row, const QTreeWidgetItem *other)
+{
+    return (isBelow(row, other) && other->flags() & Qt::ItemIsAutoTristate) ||
+           (isBelow(other, row) && row->flags() & Qt::ItemIsAutoTristate);
+}
+
+void checkEach(const QVector<Row> &rows, Qt::CheckState state)
+{
+    for (const Row &row : rows)
+        BVStackChecking::check(row.item(), state);
+}
+
+} // namespace
+
+bool BVStackChecking::isCheckable(const QTreeWidgetItem *row)
+{
+    const BVControlledStackItem *item = BVControlledStackItem::itemFromTreeItem(row);
+    return item && item->isCheckable();
+}
+
+QTreeWidgetItem *BVStackChecking::checkableAround(QTreeWidgetItem *row)
+{
+    while (row && !isCheckable(row))
+        row = row->parent();
+    return row;
+}
+
+bool BVStackChecking::differs(const QTreeWidgetItem *row, Qt::CheckState state)
+{
+    return row && isCheckable(row) && row->checkState(columnOf(row)) != state;
+}
+
+bool BVStackChecking::anyDiffers(BVDragTreeWidget *tree, Qt::CheckState state,
+                                 const QTreeWidgetItem *except)
+{
+    for (QTreeWidgetItemIterator i(tree); *i; ++i)
+        if (*i != except && differs(*i, state) && !(except && isLinked(*i, except)))
+            return true;
+    return false;
+}
+
+/// The row is written directly, which the stack takes for a click of the user.
+void BVStackChecking::check(QTreeWidgetItem *row, Qt::CheckState state)
+{
+    if (differs(row, state))
+        row->setCheckState(columnOf(row), state);
+}
+
+void BVStackChecking::checkAll(BVDragTreeWidget *tree, Qt::CheckState state)
+{
+    checkEach(rows(tree, [](const QTreeWidgetItem *) { return true; }), state);
+}
+
+void BVStackChecking::checkOnly(QTreeWidgetItem *row)
+{
+    auto *tree = qobject_cast<BVDragTreeWidget *>(row->treeWidget());
+    if (!tree)
+        return;
+    const Row kept(row, columnOf(row));
+    const auto isOther = [row](const QTreeWidgetItem *other) {
+        return other != row && !isLinked(other, row);
+    };
+    checkEach(rows(tree, isOther), Qt::Unchecked);
+    check(kept.item(), Qt::Checked);
+}
