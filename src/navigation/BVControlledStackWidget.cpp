@@ -6,24 +6,22 @@
 #include "navigation/BVStackControllerWidget.h"
 #include "navigation/BVStackEntries_p.h"
 #include "navigation/BVStackGroups_p.h"
+#include "navigation/BVStackLooks_p.h"
 #include "navigation/BVStackNavigation_p.h"
+#include "navigation/BVStackNeedInput_p.h"
 #include "navigation/BVStackOrder_p.h"
 #include "navigation/BVStackPageSwitch_p.h"
+#include "navigation/BVStackSelection_p.h"
 #include "navigation/BVStackTreeItem_p.h"
 #include "navigation/BVStackedWidget.h"
 
 #include "foundation/BVWidgetStatusPropertyDispatcher.h"
-#include "foundation/BlockSignals.h"
 #include "itemviews/BVContainerListControl.h"
 #include "itemviews/BVDragTreeWidget.h"
-#include "platform/PropertyChangeFilter.h"
 
 #include <QAction>
 #include <QHBoxLayout>
-#include <QItemSelection>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace {
 
@@ -302,15 +300,7 @@ bool BVControlledStackWidget::hasSelection() const
 
 QList<int> BVControlledStackWidget::getDfsIndexOfSelectedElements() const
 {
-    QList<int> indexes;
-    if (!tree())
-        return indexes;
-    const QList<QTreeWidgetItem *> rows = tree()->selectedItems();
-    for (const QTreeWidgetItem *row : rows)
-        if (const BVControlledStackItem *item = BVStackTreeItem::entryOf(row))
-            indexes.append(getDFSIndex(item));
-    std::sort(indexes.begin(), indexes.end());
-    return indexes;
+    return BVStackSelection::selected(*this);
 }
 
 QList<int> BVControlledStackWidget::getIndexOfSelectedElements() const
@@ -323,18 +313,7 @@ QList<int> BVControlledStackWidget::getIndexOfSelectedElements() const
 
 void BVControlledStackWidget::setSelectedElementsByDfsIndex(const QList<int> &dfsIndexes)
 {
-    const QList<QTreeWidgetItem *> rows = rowsAt(dfsIndexes);
-    if (!tree())
-        return;
-    QItemSelection selection;
-    for (QTreeWidgetItem *row : rows) {
-        const QModelIndex index = tree()->indexFromItem(row);
-        selection.select(index, index);
-        if (tree()->selectionMode() == QAbstractItemView::SingleSelection)
-            break;
-    }
-    tree()->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect |
-                                                    QItemSelectionModel::Rows);
+    BVStackSelection::select(*this, rowsAt(dfsIndexes));
 }
 
 QList<QTreeWidgetItem *> BVControlledStackWidget::rowsAt(const QList<int> &dfsIndexes) const
@@ -350,14 +329,12 @@ QList<QTreeWidgetItem *> BVControlledStackWidget::rowsAt(const QList<int> &dfsIn
 
 void BVControlledStackWidget::setItemMarked(int dfsIndex, bool marked, bool exclusive)
 {
-    BVControlledStackItem *marking = itemAtDFSIndex(dfsIndex);
-    if (!marking)
+    BVControlledStackItem *item = itemAtDFSIndex(dfsIndex);
+    if (!item)
         return;
-    const QList<BVControlledStackItem *> items = getDFSItems();
-    for (BVControlledStackItem *item : items)
-        if (exclusive && item != marking && item->isMarked())
-            item->setMarked(false);
-    marking->setMarked(marked);
+    if (exclusive)
+        clearMarkedItems();
+    item->setMarked(marked);
 }
 
 bool BVControlledStackWidget::isItemMarked(int dfsIndex) const
@@ -368,10 +345,7 @@ bool BVControlledStackWidget::isItemMarked(int dfsIndex) const
 
 void BVControlledStackWidget::clearMarkedItems()
 {
-    const QList<BVControlledStackItem *> items = getDFSItems();
-    for (BVControlledStackItem *item : items)
-        if (item->isMarked())
-            item->setMarked(false);
+    BVStackSelection::clearMarks(*this);
 }
 
 // Groups
@@ -429,12 +403,8 @@ void BVControlledStackWidget::setCheckableItems(CheckableItems mode)
 
 void BVControlledStackWidget::updateHeaderAlignment()
 {
-    QWidget *header = m_controller ? m_controller->headerWidget() : nullptr;
-    if (!header)
-        return;
-    const bool alignRight = isCheckableItems() && !m_controller->isHeaderAlignmentFixed();
-    header->setProperty("alignRight", alignRight ? QVariant(true) : QVariant());
-    PropertyChangeFilter::repolish(header);
+    if (m_controller)
+        BVStackLooks::alignHeader(*m_controller, isCheckableItems());
 }
 
 void BVControlledStackWidget::setHeaderLabel(const QString &text, bool alignRight)
@@ -473,14 +443,8 @@ void BVControlledStackWidget::setShowTopLevelItemsAsGroupHeader(bool show)
 
 void BVControlledStackWidget::updateAutoRootDecoration()
 {
-    BVDragTreeWidget *tree = this->tree();
-    if (!tree)
-        return;
-    bool decorated = false;
-    for (int i = 0; !m_topLevelAsHeader && !decorated && i < tree->topLevelItemCount(); ++i)
-        decorated = tree->topLevelItem(i)->childCount() > 0;
-    if (tree->rootIsDecorated() != decorated)
-        tree->setRootIsDecorated(decorated);
+    if (tree())
+        BVStackLooks::decorateRoot(tree(), m_topLevelAsHeader);
 }
 
 void BVControlledStackWidget::setHoverItem(BVControlledStackItem *item)
@@ -508,13 +472,7 @@ void BVControlledStackWidget::setStartPage(QWidget *page, int threshold)
     m_switch->setThreshold(threshold);
     if (!page || page == this || page->isAncestorOf(this))
         return;
-    QWidget *former = m_switch->startPage();
-    if (former && former != page) {
-        layout()->removeWidget(former);
-        former->hide();
-    }
-    m_switch->setStartPage(page);
-    layout()->addWidget(page);
+    m_switch->setStartPage(page, layout());
     m_switch->updateStartPage();
     updateStackVisibility();
 }
@@ -538,27 +496,12 @@ void BVControlledStackWidget::showStartPage(bool show)
 
 QList<BVControlledStackItem *> BVControlledStackWidget::needInputItems() const
 {
-    QList<BVControlledStackItem *> needing;
-    const QList<BVControlledStackItem *> items = getDFSItems();
-    for (BVControlledStackItem *item : items)
-        if (item->getBVWidgetStatus() & BVWidgetStatus::NeedInput)
-            needing.append(item);
-    return needing;
+    return BVStackNeedInput::items(*this);
 }
 
 bool BVControlledStackWidget::goToNextNeedingInput()
 {
-    const QList<BVControlledStackItem *> items = getDFSItems();
-    const int current = currentIndex();
-    for (int step = 1; step <= items.size(); ++step) {
-        BVControlledStackItem *item = items[(current + step) % items.size()];
-        const bool needsInput = item->getBVWidgetStatus() & BVWidgetStatus::NeedInput;
-        if (!needsInput || !item->isEnabled() || item->isCurrent())
-            continue;
-        item->setCurrent();
-        return true;
-    }
-    return false;
+    return BVStackNeedInput::goToNext(*this);
 }
 
 void BVControlledStackWidget::setNeedInputShortcutEnabled(bool enable)
@@ -566,15 +509,5 @@ void BVControlledStackWidget::setNeedInputShortcutEnabled(bool enable)
     if (enable == isNeedInputShortcutEnabled())
         return;
     delete m_needInputAction;
-    m_needInputAction = nullptr;
-    if (!enable)
-        return;
-    m_needInputAction = new QAction(tr("Go to Next Entry that Needs Input"), this);
-    m_needInputAction->setShortcut(Qt::Key_F8);
-    m_needInputAction->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(m_needInputAction, &QAction::triggered, this,
-            &BVControlledStackWidget::goToNextNeedingInput);
-    addAction(m_needInputAction);
-    if (m_controller)
-        m_controller->addAction(m_needInputAction);
+    m_needInputAction = enable ? BVStackNeedInput::makeAction(this) : nullptr;
 }

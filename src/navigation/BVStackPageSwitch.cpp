@@ -1,11 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "navigation/BVStackPageSwitch_p.h"
 
+#include <QLayout>
 #include <QStackedWidget>
 
 BVStackPageSwitch::BVStackPageSwitch(QStackedWidget *pages)
     : m_pages(pages)
 {
+}
+
+void BVStackPageSwitch::setStartPage(QWidget *page, QLayout *layout)
+{
+    if (m_startPage && m_startPage != page) {
+        layout->removeWidget(m_startPage);
+        m_startPage->hide();
+    }
+    m_startPage = page;
+    layout->addWidget(page);
 }
 
 /// What goes is hidden first, so that the window never has to hold both.

@@ -3,6 +3,7 @@
 
 #include <QPointer>
 
+class QLayout;
 class QStackedWidget;
 class QWidget;
 
@@ -13,8 +14,8 @@ public:
     explicit BVStackPageSwitch(QStackedWidget *pages);
 
     QWidget *startPage() const { return m_startPage; }
-    /// Not owned.
-    void setStartPage(QWidget *page) { m_startPage = page; }
+    /// Puts the page into the layout in place of the one before, which is hidden.
+    void setStartPage(QWidget *page, QLayout *layout);
     int threshold() const { return m_threshold; }
     void setThreshold(int threshold) { m_threshold = threshold; }
 

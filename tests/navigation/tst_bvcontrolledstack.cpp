@@ -120,6 +120,7 @@ private Q_SLOTS:
     void selectionAndMarks();
     void layoutEntries();
     void rowsChangedByTheUser();
+    void rowsGoneUnderTheUser();
     void goingOutOfTurn();
 
 private:
@@ -646,6 +647,43 @@ void tst_BVControlledStack::rowsChangedByTheUser()
     f.tree()->clear();
     QCOMPARE(f.stack.itemCount(true), 0);
     QCOMPARE(f.stack.stackedWidget()->count(), 0);
+}
+
+/// Slots remove the rows that the user is just selecting and checking.
+void tst_BVControlledStack::rowsGoneUnderTheUser()
+{
+    Fixture &f = *m_fixture;
+    const auto remains = [] { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); };
+    f.stack.setCheckableItems(Stack::AllItemsCheckable);
+    f.a->setExpandedAll(true);
+    QWidget window;
+    f.controller.setParent(&window);
+    f.controller.resize(300, 400);
+    window.show();
+    f.a->setCurrent();
+    bool isDone = false;
+    connect(&f.stack, &Stack::itemSelectionChanged, &f.stack, [&](Item *item) {
+        if (!std::exchange(isDone, true))
+            f.stack.removeItem(item);
+    });
+    QTest::keyClick(f.tree(), Qt::Key_Down);
+    QCOMPARE(f.order(), QString("a .d e"));
+    remains();
+    QTest::keyClick(f.tree(), Qt::Key_Down);
+    QVERIFY(f.stack.getCurrentItem());
+    f.stack.clear();
+    remains();
+
+    f.named(f.stack.addItem(nullptr), "x")->setCurrent();
+    f.stack.addItem(nullptr);
+    connect(&f.stack, &Stack::itemToggled, &f.stack, [&](Item *item) { f.stack.removeItem(item); });
+    QTest::keyClick(f.tree(), Qt::Key_Space);
+    remains();
+    QCOMPARE(f.stack.itemCount(), 1);
+    QTest::keyClick(f.tree(), Qt::Key_Space);
+    remains();
+    QCOMPARE(f.stack.itemCount(), 0);
+    f.controller.setParent(nullptr);
 }
 
 void tst_BVControlledStack::goingOutOfTurn()
