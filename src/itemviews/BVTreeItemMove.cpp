@@ -32,26 +32,40 @@ QVector<int> pathOf(const QTreeWidgetItem *item)
 /// The current item as it is before rows of its tree are taken.
 struct CurrentItem
 {
-    explicit CurrentItem(const QTreeWidget *tree)
-        : item(tree->currentItem())
+    explicit CurrentItem(QTreeWidget *treeWidget)
+        : tree(treeWidget)
+        , item(tree->currentItem())
         , column(tree->currentColumn())
+        , selected(tree->selectedItems())
     {
     }
 
     /// Scrolls nowhere, which would open branches in passing.
     void restore() const
     {
-        if (!item || item->treeWidget()->currentItem() == item)
+        restoreSelection();
+        if (!item || tree->currentItem() == item)
             return;
-        QTreeWidget *tree = item->treeWidget();
         const bool scrolls = tree->hasAutoScroll();
         tree->setAutoScroll(false);
         tree->setCurrentItem(item, column, QItemSelectionModel::NoUpdate);
         tree->setAutoScroll(scrolls);
     }
 
+    /// A view with a single selection selects a neighbour of the selected row that is taken.
+    void restoreSelection() const
+    {
+        if (tree->selectionMode() != QAbstractItemView::SingleSelection)
+            return;
+        const QList<QTreeWidgetItem *> now = tree->selectedItems();
+        for (QTreeWidgetItem *row : now)
+            row->setSelected(selected.contains(row));
+    }
+
+    QTreeWidget *tree;
     QTreeWidgetItem *item;
     int column;
+    QList<QTreeWidgetItem *> selected;
 };
 
 } // namespace

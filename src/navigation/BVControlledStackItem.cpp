@@ -73,8 +73,9 @@ BVControlledStackItem *BVControlledStackItem::itemFromTreeItem(const QTreeWidget
 
 BVControlledStackItem *BVControlledStackItem::itemFromWidget(QWidget *widget)
 {
-    return widget ? widget->property(BVStackEntries::s_pageProperty).value<BVControlledStackItem *>()
-                  : nullptr;
+    return widget
+               ? widget->property(BVStackEntries::s_pageProperty).value<BVControlledStackItem *>()
+               : nullptr;
 }
 
 QVariant BVControlledStackItem::data(int role) const
@@ -363,7 +364,7 @@ void BVControlledStackItem::setCurrent()
     if (!m_treeItem)
         return;
     const QPointer<BVControlledStackWidget> stack(m_stackWidget);
-    stack->controller()->listControl()->setCurrentItem(m_treeItem);
+    stack->m_navigation->makeCurrent(m_treeItem);
     if (stack && stack->getCurrentItem() == this) // or a slot has gone on
         stack->m_entries->showPage(this);
 }

@@ -48,10 +48,10 @@ public:
         BoldRole = 283,
         ItalicRole = 284,
         MarkedRole = 285,
-        ShowAsHeaderRole = 300,         ///< true, or invalid
-        UserOrderRole = 452,            ///< an int, or invalid
-        ReportedCheckStateRole = 453,   ///< the last one that was reported, an int, or invalid
-        ControlledStackItemRole = 454,  ///< the BVControlledStackItem *
+        ShowAsHeaderRole = 300,        ///< true, or invalid
+        UserOrderRole = 452,           ///< an int, or invalid
+        ReportedCheckStateRole = 453,  ///< the last one that was reported, an int, or invalid
+        ControlledStackItemRole = 454, ///< the BVControlledStackItem *
     };
 
     BVControlledStackItem(const BVControlledStackItem &) = delete;
@@ -199,7 +199,7 @@ private:
     QWidget *m_containerWidget = nullptr;    // child of the stack's pages
     QMetaObject::Connection m_pageDestroyed; // of the page
     QString m_text;
-    QVariant m_layoutData; // the key of a layout entry
+    QVariant m_layoutKey; // the key of a layout entry
     BVWidgetStatus::Stati m_status;
     bool m_isStatusOfPage = false;
     bool m_isDisabled = false; // itself, not only below a disabled one

@@ -131,24 +131,24 @@ void BVControlledStackWidget::addChildItem(BVControlledStackItem *parent,
         child->setParent(parent, index);
 }
 
-BVControlledStackItem *BVControlledStackWidget::addLayoutItem(const QVariant &data, int index)
+BVControlledStackItem *BVControlledStackWidget::addLayoutItem(const QVariant &key, int index)
 {
-    if (!data.isValid() || getLayoutItem(data) || !tree())
+    if (!key.isValid() || getLayoutItem(key) || !tree())
         return nullptr;
     auto *page = new QWidget;
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     BVControlledStackItem *item = addItem(page, index);
     if (item)
-        item->m_layoutData = data;
+        item->m_layoutKey = key;
     return item;
 }
 
-BVControlledStackItem *BVControlledStackWidget::getLayoutItem(const QVariant &data) const
+BVControlledStackItem *BVControlledStackWidget::getLayoutItem(const QVariant &key) const
 {
     const QList<BVControlledStackItem *> items = getLayoutItems();
     for (BVControlledStackItem *item : items)
-        if (item->m_layoutData == data)
+        if (item->m_layoutKey == key)
             return item;
     return nullptr;
 }
@@ -158,14 +158,14 @@ QList<BVControlledStackItem *> BVControlledStackWidget::getLayoutItems() const
     QList<BVControlledStackItem *> layoutItems;
     const QList<BVControlledStackItem *> items = getDFSItems();
     for (BVControlledStackItem *item : items)
-        if (item->m_layoutData.isValid())
+        if (item->m_layoutKey.isValid())
             layoutItems.append(item);
     return layoutItems;
 }
 
 QVariant BVControlledStackWidget::getLayoutItemData(const BVControlledStackItem *item)
 {
-    return item ? item->m_layoutData : QVariant();
+    return item ? item->m_layoutKey : QVariant();
 }
 
 // Removing
@@ -255,7 +255,7 @@ void BVControlledStackWidget::sortItems()
 {
     const BVStackTreeItem::UserOrder order;
     if (tree())
-        tree()->invisibleRootItem()->sortChildren(0, Qt::AscendingOrder);
+        tree()->model()->sort(0, Qt::AscendingOrder);
 }
 
 // Current entry
@@ -276,12 +276,11 @@ void BVControlledStackWidget::setCurrentIndex(int index)
 
 void BVControlledStackWidget::updateCurrentSelection()
 {
-    BVControlledStackItem *current = getCurrentItem();
-    if (!current)
+    if (!getCurrentItem())
         return;
     const QPointer<BVControlledStackWidget> guard(this);
     if (!tree()->currentItem()->isSelected())
-        tree()->setCurrentItem(tree()->currentItem());
+        m_navigation->selectCurrent();
     if (guard)
         m_entries->showPage(getCurrentItem());
     if (guard)

@@ -74,9 +74,9 @@ public:
         NoCheckableItems = 0,
         TopLevelItemsCheckable = 1,
         ChildItemsCheckable = 2,
-        GroupItemsCheckable = 3,   ///< all but those on the top level with none below; by groups
-        KeepCheckableFlags = 4,    ///< as set on each entry
-        AllItemsCheckable = 5,     ///< by groups
+        GroupItemsCheckable = 3, ///< all but those on the top level with none below; by groups
+        KeepCheckableFlags = 4,  ///< as set on each entry
+        AllItemsCheckable = 5,   ///< by groups
     };
     Q_ENUM(CheckableItems)
 
@@ -109,8 +109,8 @@ public:
     /// Makes an entry with an empty page and a vertical layout, to be filled by
     /// BVControlledStackItem::setupLayoutItem(). The key that it is found by is valid and not in
     /// use yet; else nothing is added.
-    BVControlledStackItem *addLayoutItem(const QVariant &data, int index = -1);
-    BVControlledStackItem *getLayoutItem(const QVariant &data) const;
+    BVControlledStackItem *addLayoutItem(const QVariant &key, int index = -1);
+    BVControlledStackItem *getLayoutItem(const QVariant &key) const;
     /// In depth-first order.
     QList<BVControlledStackItem *> getLayoutItems() const;
     /// The key; invalid for other entries and null.
@@ -265,8 +265,8 @@ private:
     BVStackedWidget *m_pages; // child of this
     std::unique_ptr<BVStackOrder> m_order;
     std::unique_ptr<BVStackPageSwitch> m_switch;
-    BVStackEntries *m_entries;       // child of this
-    BVStackNavigation *m_navigation; // child of this
+    BVStackEntries *m_entries;            // child of this
+    BVStackNavigation *m_navigation;      // child of this
     QAction *m_needInputAction = nullptr; // child of this; null while F8 does nothing
     CheckableItems m_checkableItems = NoCheckableItems;
     QString m_headerLabel;

@@ -66,7 +66,8 @@ void BVStackChecks::update(BVControlledStackItem *item, Mode mode, bool isTopLev
 {
     const BVStackTreeItem *row = item->m_treeItem;
     if (row)
-        writeFlags(item, flags(row->flags(), mode, isTopLevel, BVStackTreeItem::hasEntryBelow(row)));
+        writeFlags(item,
+                   flags(row->flags(), mode, isTopLevel, BVStackTreeItem::hasEntryBelow(row)));
 }
 
 void BVStackChecks::writeFlags(BVControlledStackItem *item, Qt::ItemFlags flags)
@@ -113,10 +114,11 @@ QList<BVControlledStackItem *> BVStackChecks::unreportedAbove(const BVControlled
     return above;
 }
 
-void BVStackChecks::followRows(BVControlledStackItem *item)
+void BVStackChecks::followRows(BVControlledStackItem *item, bool isChecked)
 {
     for (; item && item->flags() & Qt::ItemIsAutoTristate; item = item->parent()) {
-        if (!item->checkStateHasChanged())
+        const bool isReported = BVStackChecks::isReported(item);
+        if (isReported ? !item->checkStateHasChanged() : !isChecked)
             continue;
         const BlockSignals blocker{item->m_treeItem->treeWidget()};
         item->setCurrentCheckStateInData();

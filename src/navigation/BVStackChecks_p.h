@@ -22,6 +22,7 @@ public:
     /// yet.
     static QList<BVControlledStackItem *> unreportedAbove(const BVControlledStackItem *item);
     static bool isReported(const BVControlledStackItem *item);
-    /// The state of groups that follow their rows without a change of their own is not news.
-    static void followRows(BVControlledStackItem *item);
+    /// Rows have come to the entry or gone: that the states of groups follow is not news. Of what
+    /// has come, @p isChecked tells whether any of it is.
+    static void followRows(BVControlledStackItem *item, bool isChecked);
 };

@@ -23,13 +23,15 @@
 class BVStackRemains : public QObject
 {
 public:
-    explicit BVStackRemains(QObject *parent)
-        : QObject(parent)
+    explicit BVStackRemains(BVControlledStackWidget *stack)
+        : QObject(stack)
+        , m_tree(stack->tree())
     {
         deleteLater();
     }
     ~BVStackRemains() override
     {
+        forgetCurrentRow();
         for (BVControlledStackItem *item : qAsConst(m_items))
             delete item;
     }
@@ -38,6 +40,18 @@ public:
     void setRow(std::unique_ptr<QTreeWidgetItem> row) { m_row = std::move(row); }
 
 private:
+    /// A row that goes while it is being selected becomes the current one of the toolkit's
+    /// selection nevertheless.
+    void forgetCurrentRow() const
+    {
+        const QTreeWidgetItem *current = m_row && m_tree ? m_tree->currentItem() : nullptr;
+        while (current && current != m_row.get())
+            current = current->parent();
+        if (current)
+            m_tree->selectionModel()->clearCurrentIndex();
+    }
+
+    QPointer<BVDragTreeWidget> m_tree;
     QVector<BVControlledStackItem *> m_items;
     std::unique_ptr<QTreeWidgetItem> m_row;
 };

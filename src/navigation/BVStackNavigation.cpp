@@ -64,17 +64,18 @@ void BVStackNavigation::release()
     const QPointer<BVStackNavigation> guard(this);
     BVControlledStackItem *const previous = m_heldPrevious;
     if (m_isSelectionHeld)
-        selectCurrent();
+        reportHeldSelection();
     if (guard)
         reportCurrent(m_stack->getCurrentItem(), previous);
 }
 
-/// The row that has become current when others went, so that the user can go on with it.
-void BVStackNavigation::selectCurrent()
+/// The row that has become current when others went is selected, so that the user can go on with
+/// it.
+void BVStackNavigation::reportHeldSelection()
 {
-    BVDragTreeWidget *tree = m_stack->tree();
+    const BVDragTreeWidget *tree = m_stack->tree();
     if (tree && tree->currentItem() && tree->selectedItems().isEmpty())
-        tree->setCurrentItem(tree->currentItem());
+        selectCurrent();
     else
         onSelectionChanged();
 }
@@ -83,6 +84,26 @@ void BVStackNavigation::holdUntilRowsAreRemoved()
 {
     hold();
     ++m_deletedRows;
+}
+
+void BVStackNavigation::makeCurrent(QTreeWidgetItem *row)
+{
+    const QPointer<BVStackNavigation> guard(this);
+    const QPointer<BVDragTreeWidget> tree(m_stack->tree());
+    if (!tree || !(row->flags() & Qt::ItemIsEnabled))
+        return;
+    const QPersistentModelIndex index = tree->indexFromItem(row);
+    tree->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    if (guard && tree && index.isValid() && index == tree->currentIndex())
+        selectCurrent();
+}
+
+void BVStackNavigation::selectCurrent()
+{
+    const BVDragTreeWidget *tree = m_stack->tree();
+    if (tree && tree->selectionMode() != QAbstractItemView::NoSelection)
+        tree->selectionModel()->select(tree->currentIndex(), QItemSelectionModel::ClearAndSelect |
+                                                                 QItemSelectionModel::Rows);
 }
 
 // Connections
@@ -257,12 +278,16 @@ void BVStackNavigation::onRowsInserted(const QModelIndex &parent, int first, int
     const QTreeWidgetItem *above =
         parent.isValid() ? tree->itemFromIndex(parent) : tree->invisibleRootItem();
     bool hasBranch = false;
+    bool isChecked = false;
     for (int i = first; i <= last; ++i) {
         hasBranch = hasBranch || above->child(i)->childCount() > 0;
-        if (BVControlledStackItem *item = BVStackTreeItem::entryOf(above->child(i)))
-            placeEntry(item, !parent.isValid());
+        BVControlledStackItem *item = BVStackTreeItem::entryOf(above->child(i));
+        if (!item)
+            continue;
+        placeEntry(item, !parent.isValid());
+        isChecked = isChecked || item->getCheckState() != Qt::Unchecked;
     }
-    updateParent(BVStackTreeItem::entryOf(above));
+    updateParent(BVStackTreeItem::entryOf(above), isChecked);
     const bool isDecorationDue = parent.isValid() ? !parent.parent().isValid() : hasBranch;
     if (isDecorationDue && !tree->rootIsDecorated())
         m_stack->updateAutoRootDecoration();
@@ -275,12 +300,12 @@ void BVStackNavigation::placeEntry(BVControlledStackItem *item, bool isTopLevel)
         item->setShowAsHeader(isTopLevel);
 }
 
-void BVStackNavigation::updateParent(BVControlledStackItem *item)
+void BVStackNavigation::updateParent(BVControlledStackItem *item, bool isChecked)
 {
     if (!item)
         return;
     BVStackChecks::update(item, m_stack->checkableItems(), item->isTopLevelItem());
-    BVStackChecks::followRows(item);
+    BVStackChecks::followRows(item, isChecked);
 }
 
 void BVStackNavigation::onRowsRemoved(const QModelIndex &parent)
@@ -288,7 +313,7 @@ void BVStackNavigation::onRowsRemoved(const QModelIndex &parent)
     const QPointer<BVStackNavigation> guard(this);
     m_stack->m_order->invalidate();
     if (BVDragTreeWidget *tree = m_stack->tree()) {
-        updateParent(BVStackTreeItem::entryOf(tree->itemFromIndex(parent)));
+        updateParent(BVStackTreeItem::entryOf(tree->itemFromIndex(parent)), false);
         if (tree->rootIsDecorated())
             m_stack->updateAutoRootDecoration();
     }

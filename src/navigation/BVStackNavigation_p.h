@@ -51,6 +51,11 @@ public:
     explicit BVStackNavigation(BVControlledStackWidget *stack);
 
     void holdUntilRowsAreRemoved();
+    /// Makes an enabled row current and then selects it. The view would do so in an order that does
+    /// not bear slots that remove the row.
+    void makeCurrent(QTreeWidgetItem *row);
+    /// Selects the current row alone.
+    void selectCurrent();
 
 private:
     void watchTree(BVDragTreeWidget *tree);
@@ -60,6 +65,7 @@ private:
     void onCurrentItemChanged(QTreeWidgetItem *current, QTreeWidgetItem *previous);
     void reportCurrent(BVControlledStackItem *item, BVControlledStackItem *previous);
     void onSelectionChanged();
+    void reportHeldSelection();
     void onItemChanged(QTreeWidgetItem *row, int column);
     void reportToggle(BVControlledStackItem *item);
     bool hasNews(BVControlledStackItem *item) const;
@@ -67,11 +73,10 @@ private:
     void onRowsInserted(const QModelIndex &parent, int first, int last);
     void onRowsRemoved(const QModelIndex &parent);
     void placeEntry(BVControlledStackItem *item, bool isTopLevel);
-    void updateParent(BVControlledStackItem *item);
+    void updateParent(BVControlledStackItem *item, bool isChecked);
     void onDragEnter(QTreeWidgetItem *target, bool *mayDrop);
     void hold();
     void release();
-    void selectCurrent();
 
     BVControlledStackWidget *m_stack; // the parent
     QSet<const BVControlledStackItem *> m_unreported;
