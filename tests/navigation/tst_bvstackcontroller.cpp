@@ -423,9 +423,10 @@ void tst_BVStackController::deletion()
     controller.showCustomContextMenu(controller.tree(), scene->entry("c")->treeItem(), QPoint(5, 5));
     QCOMPARE(controller.menuActions().size(), 1);
 
-    auto *mortal = new Controller; // goes while its menu is open
+    auto *mortal = new Controller(nullptr, nullptr, true); // goes while its menu is open, before its stack
+    BVControlledStackWidget stack(mortal);
+    stack.addItem(nullptr)->addItem(nullptr)->setChecked(true);
     mortal->createCustomContextMenu(512, true);
-    mortal->tree()->addTopLevelItem(new QTreeWidgetItem({"x"}));
     mortal->show();
     whenMenuOpens([&](QMenu *) { delete mortal; });
     mortal->showCustomContextMenu(mortal->tree(), nullptr, QPoint(5, 5));
