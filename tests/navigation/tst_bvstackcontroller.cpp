@@ -466,9 +466,7 @@ void tst_BVStackController::filter()
 
 void tst_BVStackController::tabs()
 {
-    Scene scene;
-    auto *stack = new BVControlledStackWidget(&scene.m_controller); // in its place
-    scene.m_stack.clear();
+    auto *stack = new BVControlledStackWidget(new Controller);
     for (const char *name : {"a & b", "group", "c"})
         stack->addItem(name == QByteArray("group") ? nullptr : new QWidget, -1)->setText(name);
     Entry *below = stack->itemAt(1)->addItem(new QWidget);
@@ -490,8 +488,9 @@ void tst_BVStackController::tabs()
     QCOMPARE(tabs.count(), 2);
     QTRY_VERIFY(stack->getCurrentItem());
     QCOMPARE(stack->getCurrentItem()->isTopLevelItem() ? stack->getCurrentItem()->getIndex() : 1, tabs.currentIndex());
-    delete stack;
+    delete stack->controller(); // with the rows
     QCOMPARE(tabs.count(), 0);
+    delete stack;
 }
 
 QTEST_MAIN(tst_BVStackController)
