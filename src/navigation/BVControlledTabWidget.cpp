@@ -113,7 +113,10 @@ void BVControlledTabWidget::watch()
     connect(m_stack, CurrentChanged(&BVControlledStackWidget::currentChanged), this,
             &BVControlledTabWidget::updateCurrent);
     connect(m_stack, &BVControlledStackWidget::itemAdded, this, update);
-    connect(m_stack, &QObject::destroyed, this, update);
+    connect(m_stack, &QObject::destroyed, this, [this] {
+        m_stack = nullptr; // some of it is gone already
+        updateTabs();
+    });
     if (!m_stack->tree())
         return;
     const QAbstractItemModel *model = m_stack->tree()->model();
@@ -159,9 +162,9 @@ void BVControlledTabWidget::updateTabs()
 void BVControlledTabWidget::updateTab(int index)
 {
     const Entry *entry = m_stack->itemAt(index);
-    if (!entry)
+    const QTreeWidgetItem *row = entry ? entry->treeItem() : nullptr;
+    if (!row)
         return;
-    const QTreeWidgetItem *row = entry->treeItem();
     const QString text = inTab(entry->getText());
     if (m_tabBar->tabText(index) != text)
         m_tabBar->setTabText(index, text);
@@ -173,6 +176,8 @@ void BVControlledTabWidget::updateTab(int index)
 
 void BVControlledTabWidget::onRowChanged(QModelIndex row)
 {
+    if (!m_stack || !m_stack->tree()) // it is about to go
+        return;
     while (row.parent().isValid())
         row = row.parent();
     const Entry *entry = Entry::itemFromTreeItem(m_stack->tree()->itemFromIndex(row));

@@ -25,6 +25,7 @@ constexpr int s_setSpacerSize = 10;
 constexpr QMargins s_checkMargins(0, 2, 2, 2);
 
 constexpr char s_leftRight[] = "leftRight";
+constexpr char s_alignRight[] = "alignRight"; // of the header, set by the stack
 
 } // namespace
 
@@ -46,7 +47,13 @@ BVStackControllerWidget::BVStackControllerWidget(QWidget *parent, BVDragTreeWidg
             &BVStackControllerWidget::onCustomActionTriggeredOnTree);
 }
 
-BVStackControllerWidget::~BVStackControllerWidget() = default;
+/// The tree tells of its end, and whoever listens finds no tree here any more.
+BVStackControllerWidget::~BVStackControllerWidget()
+{
+    const QWidget *listControl = m_listControl;
+    m_listControl = nullptr;
+    delete listControl;
+}
 
 void BVStackControllerWidget::initLayout()
 {
@@ -70,6 +77,7 @@ void BVStackControllerWidget::initTree()
     tree->setHeaderLabel(QString());
     tree->setHeaderHidden(true);
     tree->installEventFilter(this);
+    tree->header()->installEventFilter(this);
     connect(tree, &QWidget::customContextMenuRequested, this, [this, tree](const QPoint &position) {
         showCustomContextMenu(tree, tree->itemAt(position), position);
     });
@@ -208,10 +216,17 @@ void BVStackControllerWidget::setHeaderLabel(const QString &text, bool alignRigh
     BVDragTreeWidget *tree = this->tree();
     if (!tree)
         return;
-    tree->headerItem()->setTextAlignment(0, Qt::AlignVCenter |
-                                                (alignRight ? Qt::AlignRight : Qt::AlignLeft));
     tree->setHeaderLabel(text);
     tree->setHeaderHidden(text.isEmpty());
+    alignHeader();
+}
+
+/// The toolkit's style sheets leave the text of headers where it is.
+void BVStackControllerWidget::alignHeader()
+{
+    const bool right = m_isHeaderRight || headerWidget()->property(s_alignRight).toBool();
+    const Qt::Alignment side = right ? Qt::AlignRight : Qt::AlignLeft;
+    tree()->headerItem()->setTextAlignment(0, int(side | Qt::AlignVCenter));
 }
 
 // Behaviour
@@ -312,6 +327,8 @@ bool BVStackControllerWidget::openMenuByKey()
 
 bool BVStackControllerWidget::eventFilter(QObject *watched, QEvent *event)
 {
+    if (tree() && watched == headerWidget() && event->type() == QEvent::DynamicPropertyChange)
+        alignHeader();
     if (!tree() || watched != tree())
         return QFrame::eventFilter(watched, event);
     if (event->type() == QEvent::Resize)

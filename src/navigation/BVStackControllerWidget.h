@@ -153,6 +153,7 @@ private:
     void insertAboveSpacer(QBoxLayout *layout, QWidget *widget);
     void updateMinimumWidth();
     bool openMenuByKey();
+    void alignHeader();
 
     QPointer<BVContainerListControl> m_listControl;   // child of this
     QPointer<BVControlledStackWidget> m_stack;        // not owned
