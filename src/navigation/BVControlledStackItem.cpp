@@ -10,7 +10,6 @@
 #include "navigation/BVStackTreeItem_p.h"
 #include "navigation/BVStackedWidget.h"
 
-#include "itemviews/BVContainerListControl.h"
 #include "itemviews/BVDragTreeWidget.h"
 #include "platform/SvgIcon.h"
 
@@ -268,7 +267,7 @@ int BVControlledStackItem::getIndex() const
         return -1;
     if (const QTreeWidgetItem *above = m_treeItem->parent())
         return above->indexOfChild(m_treeItem);
-    return m_stackWidget->controller()->listControl()->indexOfTopLevelItem(m_treeItem);
+    return m_stackWidget->tree()->indexOfTopLevelItem(m_treeItem);
 }
 
 void BVControlledStackItem::setIndex(int index)

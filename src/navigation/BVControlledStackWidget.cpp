@@ -16,7 +16,6 @@
 #include "navigation/BVStackedWidget.h"
 
 #include "foundation/BVWidgetStatusPropertyDispatcher.h"
-#include "itemviews/BVContainerListControl.h"
 #include "itemviews/BVDragTreeWidget.h"
 
 #include <QAction>
@@ -35,6 +34,7 @@ BVControlledStackWidget::BVControlledStackWidget(BVStackControllerWidget *contro
     : QFrame(parent)
     , BVWidgetInterface(this)
     , m_controller(controller)
+    , m_tree(controller ? controller->tree() : nullptr)
     , m_pages(new BVStackedWidget(this))
     , m_order(std::make_unique<BVStackOrder>())
     , m_switch(std::make_unique<BVStackPageSwitch>(m_pages))
@@ -65,11 +65,6 @@ BVControlledStackWidget::~BVControlledStackWidget()
 BVStackControllerWidget *BVControlledStackWidget::controller() const
 {
     return m_controller;
-}
-
-BVDragTreeWidget *BVControlledStackWidget::tree() const
-{
-    return m_controller ? m_controller->tree() : nullptr;
 }
 
 bool BVControlledStackWidget::isOwn(const BVControlledStackItem *item) const
@@ -262,8 +257,8 @@ void BVControlledStackWidget::setCurrentIndex(int index)
 {
     const QPointer<BVControlledStackWidget> guard(this);
     BVControlledStackItem *item = itemAtDFSIndex(index);
-    if (index < 0 && m_controller && m_controller->listControl())
-        m_controller->listControl()->setCurrentItem(nullptr);
+    if (index < 0 && tree())
+        tree()->setCurrentItem(nullptr);
     if (item)
         item->setCurrent();
     if (guard && item)

@@ -89,7 +89,7 @@ public:
 
     BVStackControllerWidget *controller() const;
     /// The controller's tree; null without a controller.
-    BVDragTreeWidget *tree() const;
+    BVDragTreeWidget *tree() const { return m_tree; }
     BVStackedWidget *stackedWidget() const { return m_pages; }
 
     // Adding. A page may be null and is taken over; one that is in a stack already moves. Positions
@@ -262,6 +262,7 @@ private:
     void updateStackVisibility();
 
     QPointer<BVStackControllerWidget> m_controller;
+    BVDragTreeWidget *m_tree; // of the controller; null as soon as its end begins
     BVStackedWidget *m_pages; // child of this
     std::unique_ptr<BVStackOrder> m_order;
     std::unique_ptr<BVStackPageSwitch> m_switch;

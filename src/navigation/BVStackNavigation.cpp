@@ -122,6 +122,8 @@ BVStackNavigation::BVStackNavigation(BVControlledStackWidget *stack)
 
 void BVStackNavigation::watchTree(BVDragTreeWidget *tree)
 {
+    // Rows are deleted after the tree's end has begun, when it can no longer be asked.
+    connect(tree, &QObject::destroyed, this, [this] { m_stack->m_tree = nullptr; });
     connect(tree, &QTreeWidget::currentItemChanged, this, &BVStackNavigation::onCurrentItemChanged);
     connect(tree, &QTreeWidget::itemSelectionChanged, this, &BVStackNavigation::onSelectionChanged);
     connect(tree, &QTreeWidget::itemChanged, this, &BVStackNavigation::onItemChanged);

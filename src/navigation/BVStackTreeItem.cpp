@@ -65,7 +65,8 @@ int BVStackTreeItem::entryCount(const QTreeWidgetItem *row)
 
 void BVStackTreeItem::detach()
 {
-    const BlockSignals blocker{treeWidget()};
+    // The tree itself may be at its end, beyond hearing its model.
+    const BlockSignals blocker{treeWidget() ? treeWidget()->model() : nullptr};
     m_item = nullptr;
     setData(0, BVControlledStackItem::ControlledStackItemRole, QVariant());
 }

@@ -691,9 +691,10 @@ void tst_BVControlledStack::goingOutOfTurn()
     auto controller = std::make_unique<BVStackControllerWidget>(nullptr, nullptr, false);
     auto stack = std::make_unique<Stack>(controller.get());
     Item *item = stack->addItem(new QWidget);
-    stack->setCurrentIndex(0);
+    item->addItem(new QWidget)->setCurrent();
+    stack->setDeselectionOfCurrentEnabled(true);
     controller.reset();
-    QVERIFY(!item->treeItem());
+    QVERIFY(!item->treeItem() && stack->stackedWidget()->isHidden());
     QCOMPARE(stack->itemCount(), 0);
     QVERIFY(!stack->addItem(nullptr) && !stack->getHoverItem());
     stack->setCheckableItems(Stack::AllItemsCheckable);
