@@ -23,10 +23,13 @@
 class BVStackRemains : public QObject
 {
 public:
+    /// Belongs to the tree, so that a slot may delete even the stack.
     explicit BVStackRemains(BVControlledStackWidget *stack)
-        : QObject(stack)
+        : QObject(stack->tree() ? static_cast<QObject *>(stack->tree()) : stack)
         , m_tree(stack->tree())
     {
+        if (m_tree) // its selection ends before its children do
+            connect(m_tree, &QObject::destroyed, this, [this] { m_tree = nullptr; });
         deleteLater();
     }
     ~BVStackRemains() override
@@ -145,10 +148,10 @@ void BVStackEntries::rowDeleted(BVControlledStackItem *item)
     entries->detachBranch(row);
 }
 
-/// Null if a slot has deleted the stack. Pages go from the end, so that those before the last do
-/// not come into sight one after the other.
+/// Pages go from the end, so that those before the last do not come into sight one after the other.
 BVStackRemains *BVStackEntries::detachBranch(QTreeWidgetItem *row)
 {
+    const QPointer<BVStackEntries> guard(this);
     const QPointer<BVStackRemains> remains(new BVStackRemains(m_stack));
     QVector<BVControlledStackItem *> items;
     const QVector<QTreeWidgetItem *> rows = branchOf(row);
@@ -161,13 +164,11 @@ BVStackRemains *BVStackEntries::detachBranch(QTreeWidgetItem *row)
         m_items.remove(item);
         item->m_treeItem->detach();
         item->m_treeItem = nullptr;
+        item->m_stackWidget = nullptr;
     }
     m_stack->m_order->invalidate();
-    for (int i = items.size() - 1; i >= 0 && remains; --i)
+    for (int i = items.size() - 1; i >= 0 && guard && remains; --i)
         deletePage(items[i]);
-    if (remains)
-        for (BVControlledStackItem *item : qAsConst(items))
-            item->m_stackWidget = nullptr;
     return remains;
 }
 

@@ -6,6 +6,7 @@
 
 class BVControlledStackItem;
 class BVControlledStackWidget;
+class BVStackRemains;
 class QTreeWidgetItem;
 class QWidget;
 
@@ -44,7 +45,7 @@ private:
     void forgetPage(BVControlledStackItem *item);
     void deletePage(BVControlledStackItem *item);
     void followPage(BVControlledStackItem *item, int stati);
-    class BVStackRemains *detachBranch(QTreeWidgetItem *row);
+    BVStackRemains *detachBranch(QTreeWidgetItem *row);
     void onPagesChanged();
 
     BVControlledStackWidget *m_stack; // the parent

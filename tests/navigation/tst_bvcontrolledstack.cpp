@@ -707,6 +707,13 @@ void tst_BVControlledStack::goingOutOfTurn()
     stack->setCurrentIndex(0);
     QVERIFY(!stack);
     QCOMPARE(controller->tree()->topLevelItemCount(), 0);
+
+    stack = std::make_unique<Stack>(controller.get());
+    stack->setCheckableItems(Stack::AllItemsCheckable);
+    item = stack->addItem(nullptr)->addItem(nullptr);
+    connect(stack.get(), &Stack::itemToggled, this, [&] { stack.reset(); });
+    item->treeItem()->setCheckState(0, Qt::Checked);
+    QVERIFY(!stack);
 }
 
 QTEST_MAIN(tst_BVControlledStack)
