@@ -97,8 +97,10 @@ void BVDragSource::runWithMouse(const QModelIndexList &rows)
     auto mime = std::make_unique<QMimeData>();
     if (!prepare(rows, mime.get()))
         return;
-    auto *drag = new QDrag(view());
-    drag->setParent(nullptr); // the toolkit deletes it, also when the view dies meanwhile
+    auto *origin = new QObject; // the view may die before the drag
+    auto *drag = new QDrag(origin);
+    drag->setParent(nullptr); // the toolkit deletes it
+    origin->setParent(drag);
     drag->setMimeData(mime.release());
     drag->setPixmap(m_pixmap);
     drag->setHotSpot(hotSpotOf(m_pixmap, m_manager->getUsePreview()));
