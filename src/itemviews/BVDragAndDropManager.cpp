@@ -157,18 +157,20 @@ void BVDragAndDropManager::tidyUp()
 bool BVDragAndDropManager::eventFilter(QObject *watched, QEvent *event)
 {
     const QTreeView *view = getTreeView();
-    if (managerOf(view) != this)
-        return false; // the view dies, or has another one
+    const bool isAtWork = managerOf(view) == this; // else the view dies, or has another one
     if (event->type() == RegisterDragAndDropWidgetEvent::s_customEventType) {
-        m_registered->handle(*static_cast<RegisterDragAndDropWidgetEvent *>(event));
-        return watched == view;
+        const auto &registration = *static_cast<RegisterDragAndDropWidgetEvent *>(event);
+        if (isAtWork || registration.deregister())
+            m_registered->handle(registration);
+        return false; // for other managers, too
     }
+    if (!isAtWork)
+        return false;
     if (watched == view)
         return handleViewEvent(event);
     if (watched == view->viewport())
         return handleViewportEvent(event);
-    return BVDragSource::running() == m_source.get() &&
-           m_registered->handle(watched, event, BVDragSource::runningInfo());
+    return false;
 }
 
 bool BVDragAndDropManager::handleViewEvent(QEvent *event)
