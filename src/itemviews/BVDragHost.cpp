@@ -43,6 +43,11 @@ public:
         const State rest = isEditing ? EditingState : NoState;
         (view->*&ViewAccess::setState)(isDragging ? DraggingState : rest);
     }
+    static void endPress(QTreeView *view)
+    {
+        if ((view->*&ViewAccess::state)() != EditingState)
+            (view->*&ViewAccess::setState)(NoState);
+    }
     static QStyleOptionViewItem options(const QTreeView *view)
     {
         return (view->*&ViewAccess::viewOptions)();
@@ -101,6 +106,13 @@ void BVDragHost::setDraggingState(QTreeView *view, BVDragAndDropManager::DragSta
     const bool isDragging = state == BVDragAndDropManager::Dragging;
     if (isDragging || ViewAccess::isDragging(view))
         ViewAccess::setDragging(view, isDragging, isEditing);
+}
+
+void BVDragHost::endPress(QTreeView *view)
+{
+    if (auto *treeView = qobject_cast<BVTreeView *>(view))
+        treeView->endPress();
+    ViewAccess::endPress(view);
 }
 
 BVDragHost::IndicatorHider::IndicatorHider(QTreeView *view, const BVDragAndDropManager *manager)
