@@ -97,10 +97,8 @@ void BVDragSource::runWithMouse(const QModelIndexList &rows)
     auto mime = std::make_unique<QMimeData>();
     if (!prepare(rows, mime.get()))
         return;
-    auto *origin = new QObject; // the view may die before the drag
-    auto *drag = new QDrag(origin);
-    drag->setParent(nullptr); // the toolkit deletes it
-    origin->setParent(drag);
+    auto *drag = new QDrag(view());
+    drag->setParent(nullptr); // the view may die before the drag, which the toolkit deletes
     drag->setMimeData(mime.release());
     drag->setPixmap(m_pixmap);
     drag->setHotSpot(hotSpotOf(m_pixmap, m_manager->getUsePreview()));
