@@ -19,6 +19,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -331,8 +332,10 @@ BVDragAndDropManager *BVDragTreeWidget::initDragAndDropManager()
 
 void BVDragTreeWidget::setDragAndDropManager(BVDragAndDropManager *manager)
 {
-    m_dragAndDropManager = manager;
+    const QPointer<BVDragAndDropManager> before = std::exchange(m_dragAndDropManager, manager);
     viewport()->update();
+    if (before && before != manager)
+        before->retire(); // may be the end of the tree
 }
 
 void BVDragTreeWidget::setDragEnabled(bool enable)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVDropPainter_p.h"
 
+#include "itemviews/BVDropRules_p.h"
+
 #include <QHeaderView>
 #include <QPainter>
 #include <QPainterPath>
@@ -66,7 +68,9 @@ int BVDropPainter::levelStart(const QModelIndex &row) const
 {
     const int treeColumn =
         m_view->treePosition() >= 0 ? m_view->treePosition() : m_view->header()->logicalIndex(0);
-    const QRect cell = m_view->visualRect(row.sibling(row.row(), qMax(treeColumn, 0)));
+    QRect cell = m_view->visualRect(row.sibling(row.row(), qMax(treeColumn, 0)));
+    if (!cell.isValid()) // hidden
+        cell = m_view->visualRect(BVDropRules::firstCellInSight(m_view, row));
     return m_view->isRightToLeft() ? cell.right() : cell.left();
 }
 
@@ -89,7 +93,7 @@ BVDropPainter::Line BVDropPainter::lineOf(const DragDropInfo &info) const
                              : isAtEnd
                                  ? lastInSight(root)
                                  : lastInSight(info.dropIndex.sibling(info.dropIndex.row(), 0));
-    const QRect rect = m_view->visualRect(last);
+    const QRect rect = m_view->visualRect(BVDropRules::firstCellInSight(m_view, last));
     Line line;
     if (isAtEnd && last.isValid() && last != root)
         line.start = levelStart(m_view->model()->index(0, 0, root));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVDropRules_p.h"
 
+#include <QHeaderView>
 #include <QSet>
 
 #include <algorithm>
@@ -147,6 +148,17 @@ QModelIndexList BVDropRules::draggableRows(const QTreeView *view, bool wholeRow)
             rows.append(row);
     }
     return rows;
+}
+
+QModelIndex BVDropRules::firstCellInSight(const QTreeView *view, const QModelIndex &row)
+{
+    const QHeaderView *header = view->header();
+    for (int visual = 0; visual < header->count(); ++visual) {
+        const int column = header->logicalIndex(visual);
+        if (!header->isSectionHidden(column))
+            return row.sibling(row.row(), column);
+    }
+    return row.sibling(row.row(), 0);
 }
 
 BVDropRules::Target BVDropRules::keyTarget(const QTreeView *view, const QModelIndexList &rows,

@@ -37,6 +37,9 @@ QModelIndexList topmost(const QModelIndexList &indexes);
 /// are selected if rows are taken as a whole.
 QModelIndexList draggableRows(const QTreeView *view, bool wholeRow);
 
+/// The cell of the row that the user sees first in it; that of the first column if there is none.
+QModelIndex firstCellInSight(const QTreeView *view, const QModelIndex &row);
+
 /// A place for rows that are moved with the keyboard.
 struct Target
 {

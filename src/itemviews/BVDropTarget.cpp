@@ -12,12 +12,23 @@ BVDropTarget::BVDropTarget(QTreeView *view)
 
 BVDropTarget::~BVDropTarget() = default;
 
+bool BVDropTarget::isLost() const
+{
+    const bool hasRow = m_view && m_dropIndex.isValid() && m_dropIndex.model() == m_view->model();
+    return m_position != DropIndicatorPosition::OnViewport && !hasRow;
+}
+
+DropIndicatorPosition BVDropTarget::position() const
+{
+    return isLost() ? DropIndicatorPosition::OnViewport : m_position;
+}
+
 void BVDropTarget::describe(DragDropInfo *info) const
 {
-    info->dropIndex = m_dropIndex;
+    info->dropIndex = isLost() ? QPersistentModelIndex() : m_dropIndex;
     info->dropRoot = m_view ? m_view->rootIndex() : QModelIndex();
     info->dropRect = m_dropRect;
-    info->position = m_position;
+    info->position = position();
     info->action = m_action;
 }
 
@@ -33,19 +44,19 @@ QRect BVDropTarget::rectOf(const QModelIndex &target, bool wholeRow) const
 /// The target and what is painted around it.
 QRect BVDropTarget::marksRect() const
 {
-    if (m_dropRect.isNull())
+    if (m_dropRect.isNull() || isLost())
         return QRect();
     DragDropInfo info;
     describe(&info);
     return m_dropRect | BVDropPainter(m_view).targetRect(info);
 }
 
-void BVDropTarget::set(const QModelIndex &index, const QRect &rect, DropIndicatorPosition position,
+bool BVDropTarget::set(const QModelIndex &index, const QRect &rect, DropIndicatorPosition position,
                        Qt::DropAction action, bool hasWideMarks)
 {
     const bool isSameTarget = index == m_dropIndex && action == m_action;
     if (isSameTarget && position == m_position && rect == m_dropRect)
-        return;
+        return false;
     const QRect before = marksRect();
     m_dropIndex = index;
     m_dropRect = rect;
@@ -56,10 +67,24 @@ void BVDropTarget::set(const QModelIndex &index, const QRect &rect, DropIndicato
         m_view->viewport()->update();
     else
         m_view->viewport()->update((before | now).adjusted(0, 0, 1, 1));
-    if (isSameTarget)
+    if (!isSameTarget)
+        updateExpanding();
+    return true;
+}
+
+void BVDropTarget::setRefused(bool refused)
+{
+    if (refused == m_isRefused)
         return;
+    m_isRefused = refused;
+    updateExpanding();
+    m_view->viewport()->update();
+}
+
+void BVDropTarget::updateExpanding()
+{
     m_expandTimer.stop();
-    if (index.isValid() && m_view->autoExpandDelay() >= 0)
+    if (m_dropIndex.isValid() && !m_isRefused && m_view->autoExpandDelay() >= 0)
         m_expandTimer.start(m_view->autoExpandDelay());
 }
 
@@ -70,6 +95,7 @@ void BVDropTarget::reset()
     m_dropRect = QRect();
     m_position = DropIndicatorPosition::OnViewport;
     m_action = Qt::IgnoreAction;
+    m_isRefused = false;
     if (m_view)
         m_view->viewport()->update();
 }

@@ -23,6 +23,8 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include <utility>
+
 namespace {
 
 constexpr int s_spaceRowHeight = 20; // px, of a row of space below the content
@@ -543,8 +545,10 @@ bool BVTreeView::isCopySelectedActionEnabled() const
 
 void BVTreeView::setDragAndDropManager(BVDragAndDropManager *manager)
 {
-    m_dragAndDropManager = manager;
+    const QPointer<BVDragAndDropManager> before = std::exchange(m_dragAndDropManager, manager);
     viewport()->update();
+    if (before && before != manager)
+        before->retire(); // may be the end of the view
 }
 
 BVDragAndDropManager *BVTreeView::initDragAndDropManager()
@@ -563,6 +567,11 @@ void BVTreeView::setDragEnabled(bool enable)
 void BVTreeView::setDraggingState(BVDragAndDropManager::DragState state)
 {
     BVDragHost::setDraggingState(this, state, isEditingState());
+}
+
+void BVTreeView::endPress()
+{
+    m_editController->endPress();
 }
 
 // Painting
