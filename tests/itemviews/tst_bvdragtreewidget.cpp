@@ -23,6 +23,8 @@ private Q_SLOTS:
     void movesRows();
     void movedRowsKeepWhatTheyHave();
     void takesRowsOverFromAnotherTree();
+    void leavesSortedRowsAlone();
+    void slotsDeleteRows();
     void userLeavesNoCurrentItem_data();
     void userLeavesNoCurrentItem();
     void focusMakesNoCurrentItem();
@@ -113,6 +115,42 @@ void tst_BVDragTreeWidget::takesRowsOverFromAnotherTree()
     QVERIFY(!tree.moveItems({TreeText::item(tree, 'x')}, source.invisibleRootItem(), 0));
 }
 
+void tst_BVDragTreeWidget::leavesSortedRowsAlone()
+{
+    BVDragTreeWidget tree;
+    TreeText::build(tree, QStringLiteral("c,b(x),a"));
+    tree.setSortingEnabled(true);
+    tree.sortItems(0, Qt::AscendingOrder);
+    QVERIFY(!tree.moveItems({TreeText::item(tree, 'a')}, nullptr, 3));
+    QVERIFY(tree.moveItems(TreeText::items(tree, QStringLiteral("bx")), TreeText::item(tree, 'a'), -1));
+    QVERIFY(tree.moveItems({TreeText::item(tree, 'x')}, nullptr, 0));
+    QCOMPARE(TreeText::text(tree), QStringLiteral("a(b),c,x"));
+}
+
+/// Both while rows are taken and while the trees tell of it.
+void tst_BVDragTreeWidget::slotsDeleteRows()
+{
+    QTreeWidget source;
+    BVDragTreeWidget tree;
+    TreeText::build(source, QStringLiteral("a(b),c,d,e"));
+    TreeText::build(tree, QStringLiteral("x"));
+    source.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    source.selectAll();
+    source.setCurrentItem(TreeText::item(source, 'a'), 0, QItemSelectionModel::NoUpdate);
+    int told = 0;
+    connect(source.model(), &QAbstractItemModel::rowsRemoved, this, [&source] { delete TreeText::item(source, 'c'); });
+    connect(tree.model(), &QAbstractItemModel::rowsInserted, this, [&tree] { delete TreeText::item(tree, 'b'); });
+    connect(source.selectionModel(), &QItemSelectionModel::selectionChanged, this, [&source] { delete TreeText::item(source, 'e'); });
+    connect(&source, &QTreeWidget::itemSelectionChanged, this, [&tree, &told] {
+        ++told;
+        delete TreeText::item(tree, 'd');
+    });
+    connect(&tree, &QTreeWidget::itemSelectionChanged, this, [&tree] { delete TreeText::item(tree, 'x'); });
+    QVERIFY(tree.moveItems(TreeText::items(source, QStringLiteral("acde")), nullptr, 0));
+    QCOMPARE(TreeText::text(source) + TreeText::text(tree), QStringLiteral("a,e"));
+    QCOMPARE(told, 1);
+}
+
 void tst_BVDragTreeWidget::userLeavesNoCurrentItem_data()
 {
     QTest::addColumn<int>("mode");
@@ -123,20 +161,16 @@ void tst_BVDragTreeWidget::userLeavesNoCurrentItem_data()
 
     const int single = QAbstractItemView::SingleSelection;
     const int extended = QAbstractItemView::ExtendedSelection;
-    QTest::newRow("empty space") << single << "-" << false << "|"
-                                 << "b|b";
-    QTest::newRow("empty space, many") << extended << "-" << false << "|"
-                                       << "b|b";
-    QTest::newRow("current with Control") << single << "b" << true << "|"
-                                          << "b|b";
-    QTest::newRow("current with Control, many") << extended << "b" << true << "|"
-                                                << "|b";
-    QTest::newRow("other with Control, many") << extended << "a" << true << "ab|a"
-                                              << "ab|a";
-    QTest::newRow("current") << single << "b" << false << "b|b"
-                             << "b|b";
-    QTest::newRow("space bar with Control") << single << " " << true << "|"
-                                            << "b|b";
+    const auto add = [](const char *name, int mode, const char *action, bool control, const char *enabled, const char *disabled) {
+        QTest::newRow(name) << mode << action << control << enabled << disabled;
+    };
+    add("empty space", single, "-", false, "|", "b|b");
+    add("empty space, many", extended, "-", false, "|", "b|b");
+    add("current with Control", single, "b", true, "|", "b|b");
+    add("current with Control, many", extended, "b", true, "|", "|b");
+    add("other with Control, many", extended, "a", true, "ab|a", "ab|a");
+    add("current", single, "b", false, "b|b", "b|b");
+    add("space bar with Control", single, " ", true, "|", "b|b");
 }
 
 void tst_BVDragTreeWidget::userLeavesNoCurrentItem()
