@@ -3,6 +3,7 @@
 
 #include <QPoint>
 
+class QEvent;
 class QMouseEvent;
 class QTreeView;
 

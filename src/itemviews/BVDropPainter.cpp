@@ -34,7 +34,7 @@ BVDropPainter::BVDropPainter(const QTreeView *view)
 
 QColor BVDropPainter::color(const QPalette &palette)
 {
-    const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor &highlight = palette.color(QPalette::Active, QPalette::Highlight);
     const int base = palette.color(QPalette::Base).lightness();
     if (qAbs(highlight.lightness() - base) >= s_leastContrast)
         return highlight;

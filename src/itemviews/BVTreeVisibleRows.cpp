@@ -164,7 +164,7 @@ void BVTreeVisibleRows::layOut()
 bool BVTreeVisibleRows::settle()
 {
     if (m_isPassing || (!m_isStale && m_withheld.isEmpty()) ||
-        m_view->state() == QAbstractItemView::CollapsingState)
+        m_view->state() == BVTreeView::CollapsingState)
         return false;
     const QScopedValueRollback<bool> passing(m_isPassing, true);
     if (m_isStale)
