@@ -209,8 +209,12 @@ QVector<BVTreeViewItem *> BVTreeViewItem::takeChildren()
 
 void BVTreeViewItem::removeChildren()
 {
-    const QVector<BVTreeViewItem *> children = takeChildren();
-    qDeleteAll(children);
+    if (m_model) {
+        BVTreeStructure(m_model).deleteAll(this);
+        return;
+    }
+    BVTreeViewItem doomed;
+    doomed.adopt(0, release(0, m_childCount));
 }
 
 /// Gives items out of the list, without a word to anyone.
@@ -233,31 +237,62 @@ QVector<BVTreeViewItem *> BVTreeViewItem::release(int row, int count)
     return items;
 }
 
-/// Deletes level by level instead of by recursion, which a long chain of items would overflow. The
-/// items deleted by the loop leave their own children to it.
+/// An item whose children are being deleted.
+struct BVTreeViewItem::Deletion
+{
+    explicit Deletion(BVTreeViewItem *parent)
+        : holder(parent)
+        , outer(s_deletions)
+    {
+        s_deletions = this;
+    }
+    ~Deletion() { s_deletions = outer; }
+    Deletion(const Deletion &) = delete;
+    Deletion &operator=(const Deletion &) = delete;
+
+    BVTreeViewItem *const holder;
+    const BVTreeViewItem *child = nullptr; // that is being deleted
+    Deletion *const outer;
+};
+
+BVTreeViewItem::Deletion *BVTreeViewItem::s_deletions = nullptr;
+
+/// A child that is deleted here leaves its own children to this item, so that a long chain of items
+/// takes no recursion. Children have their place until it is their turn: they may be deleted by the
+/// destructors of others.
 void BVTreeViewItem::deleteChildren()
 {
-    thread_local std::vector<BVTreeViewItem *> *s_doomed = nullptr;
     if (m_childCount == 0)
         return;
-    std::vector<BVTreeViewItem *> doomed;
-    const bool isOutermost = !s_doomed;
-    if (isOutermost)
-        s_doomed = &doomed;
-    const QVector<BVTreeViewItem *> children = std::exchange(m_branch->children, {});
+    if (s_deletions && s_deletions->child == this) {
+        handChildrenTo(s_deletions->holder);
+        return;
+    }
+    Deletion running(this);
+    m_branch->checkCounters.reset();
+    std::reverse(m_branch->children.begin(), m_branch->children.end()); // the first goes first
+    doubtRows();
+    while (m_childCount > 0) {
+        BVTreeViewItem *child = m_branch->children.takeLast();
+        --m_childCount;
+        child->m_parent = nullptr;
+        running.child = child;
+        delete child;
+    }
+}
+
+/// For an item that is deleting its children: these here come next.
+void BVTreeViewItem::handChildrenTo(BVTreeViewItem *doomed)
+{
+    QVector<BVTreeViewItem *> &others = doomed->m_branch->children;
+    for (auto child = children().crbegin(); child != children().crend(); ++child) {
+        (*child)->m_parent = doomed;
+        (*child)->m_row = others.size();
+        others.append(*child);
+    }
+    doomed->m_childCount = others.size();
+    m_branch->children.clear();
     m_childCount = 0;
-    for (auto child = children.crbegin(); child != children.crend(); ++child) {
-        (*child)->m_parent = nullptr;
-        (*child)->m_model = nullptr;
-        s_doomed->push_back(*child);
-    }
-    while (isOutermost && !doomed.empty()) {
-        const BVTreeViewItem *item = doomed.back();
-        doomed.pop_back();
-        delete item;
-    }
-    if (isOutermost)
-        s_doomed = nullptr;
 }
 
 void BVTreeViewItem::sortChildren(int column, Qt::SortOrder order)

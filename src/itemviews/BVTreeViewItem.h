@@ -132,6 +132,7 @@ private:
     friend class BVTreeViewModel;
 
     struct Branch;
+    struct Deletion;
     struct PushDown;
     struct ValuesDeleter
     {
@@ -175,9 +176,11 @@ private:
     void numberChildren(int from) const;
     Branch &branch();
     void deleteChildren();
+    void handChildrenTo(BVTreeViewItem *doomed);
 
     static qint64 s_nextId;
     static PushDown *s_pushDowns; // running ones, innermost first
+    static Deletion *s_deletions; // likewise
 
     // One line of a processor's cache: rows are many, and reached in any order.
     BVTreeViewItem *m_parent = nullptr;

@@ -40,7 +40,8 @@ BVTreeViewModel::~BVTreeViewModel()
 void BVTreeViewModel::deleteRows()
 {
     visitTree(m_rootItem->children(), [](BVTreeViewItem *item) { item->m_model = nullptr; });
-    m_rootItem->deleteChildren();
+    BVTreeViewItem doomed;
+    doomed.adopt(0, m_rootItem->release(0, m_rootItem->childCount()));
 }
 
 // Items and indexes
@@ -454,9 +455,7 @@ bool BVTreeViewModel::removeRows(int row, int count, const QModelIndex &parent)
     if (!parentItem || count < 1 || row < 0 || !isPossible() || !flushFor(parentItem) ||
         !isPossible())
         return false;
-    const QVector<BVTreeViewItem *> items = BVTreeStructure(this).takeRows(parentItem, row, count);
-    for (auto item = items.crbegin(); item != items.crend(); ++item)
-        delete *item;
+    BVTreeStructure(this).deleteRows(parentItem, row, count);
     return true;
 }
 
