@@ -42,6 +42,29 @@ void BVTreeViewItem::operator delete(void *item, size_t size)
         ::operator delete(item);
 }
 
+void *BVTreeViewItem::operator new(size_t size, std::align_val_t alignment)
+{
+    return ::operator new(size, alignment);
+}
+
+void BVTreeViewItem::operator delete(void *item, std::align_val_t alignment)
+{
+    ::operator delete(item, alignment);
+}
+
+void *BVTreeViewItem::operator new(size_t size, const std::nothrow_t &) noexcept
+try {
+    return operator new(size);
+} catch (const std::bad_alloc &) {
+    return nullptr;
+}
+
+void *BVTreeViewItem::operator new(size_t size, std::align_val_t alignment,
+                                   const std::nothrow_t &) noexcept
+{
+    return ::operator new(size, alignment, std::nothrow);
+}
+
 BVTreeViewItem::BVTreeViewItem()
     : m_id(s_nextId++)
 {
@@ -222,8 +245,11 @@ bool BVTreeViewItem::store(int column, int role, QVariant &&value)
         *stored = std::move(value);
         return true;
     }
-    if (!m_values || m_values->isFull())
-        m_values.reset(BVItemValues::enlarge(m_values.release()));
+    if (!m_values || m_values->isFull()) {
+        BVItemValues *larger = BVItemValues::enlarge(m_values.get());
+        m_values.release(); // it is destroyed
+        m_values.reset(larger);
+    }
     m_values->insert(column, role, std::move(value));
     return true;
 }

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <typeinfo>
 
 class BVItemSpan;
@@ -60,8 +61,15 @@ public:
     /// Items of this class itself come from a pool.
     static void *operator new(size_t size);
     static void operator delete(void *item, size_t size);
-    static void *operator new(size_t /*size*/, void *place) { return place; }
-    static void operator delete(void * /*item*/, void * /*place*/) {}
+    /// Subclasses of a stricter alignment come from the heap.
+    static void *operator new(size_t size, std::align_val_t alignment);
+    static void operator delete(void *item, std::align_val_t alignment);
+    /// Null when there is no memory. What a constructor throws costs the block then.
+    static void *operator new(size_t size, const std::nothrow_t &) noexcept;
+    static void *operator new(size_t size, std::align_val_t alignment,
+                              const std::nothrow_t &) noexcept;
+    static void *operator new(size_t /*size*/, void *place) noexcept { return place; }
+    static void operator delete(void * /*item*/, void * /*place*/) noexcept {}
 
     virtual QVariant data(int column, int role) const;
     /// Stores a value and tells the model's views, unless it is there already. A column that does
