@@ -53,9 +53,12 @@ BVTreeViewItem *BVTreeViewModel::item(const QModelIndex &index) const
     return static_cast<const BVTreeViewItem *>(index.internalPointer())->child(index.row());
 }
 
-BVTreeViewItem *BVTreeViewModel::itemOrRoot(const QModelIndex &index) const
+/// Null for an index that has no rows: they stand below the first column.
+BVTreeViewItem *BVTreeViewModel::holderOfRows(const QModelIndex &parent) const
 {
-    return index.isValid() ? item(index) : m_rootItem.get();
+    if (!parent.isValid())
+        return m_rootItem.get();
+    return parent.column() == 0 ? item(parent) : nullptr;
 }
 
 BVTreeViewItem *BVTreeViewModel::itemOfId(qint64 id) const
@@ -79,7 +82,7 @@ QModelIndex BVTreeViewModel::cell(const BVTreeViewItem *item, int column) const
 
 QModelIndex BVTreeViewModel::index(int row, int column, const QModelIndex &parent) const
 {
-    BVTreeViewItem *parentItem = itemOrRoot(parent);
+    BVTreeViewItem *parentItem = holderOfRows(parent);
     if (!parentItem || row < 0 || row >= parentItem->childCount() || column < 0 ||
         column >= columnCount())
         return QModelIndex();
@@ -95,7 +98,7 @@ QModelIndex BVTreeViewModel::parent(const QModelIndex &index) const
 
 int BVTreeViewModel::rowCount(const QModelIndex &parent) const
 {
-    const BVTreeViewItem *parentItem = parent.column() > 0 ? nullptr : itemOrRoot(parent);
+    const BVTreeViewItem *parentItem = holderOfRows(parent);
     return parentItem ? parentItem->childCount() : 0;
 }
 
@@ -433,7 +436,7 @@ void BVTreeViewModel::endRemoveItems()
 
 bool BVTreeViewModel::insertRows(int row, int count, const QModelIndex &parent)
 {
-    BVTreeViewItem *parentItem = parent.column() > 0 ? nullptr : itemOrRoot(parent);
+    BVTreeViewItem *parentItem = holderOfRows(parent);
     const auto isPossible = [&] {
         return row <= parentItem->childCount() && count <= s_maximumRows;
     };
@@ -450,7 +453,7 @@ bool BVTreeViewModel::insertRows(int row, int count, const QModelIndex &parent)
 
 bool BVTreeViewModel::removeRows(int row, int count, const QModelIndex &parent)
 {
-    BVTreeViewItem *parentItem = parent.column() > 0 ? nullptr : itemOrRoot(parent);
+    BVTreeViewItem *parentItem = holderOfRows(parent);
     const auto isPossible = [&] { return row <= parentItem->childCount() - count; };
     if (!parentItem || count < 1 || row < 0 || !isPossible() || !flushFor(parentItem) ||
         !isPossible())

@@ -97,6 +97,8 @@ public:
     bool updatesBlocked() const { return m_updateMode == BlockedUpdate; }
     /// In delayed mode, whether itemsChanged() is emitted at once all the same.
     void sendItemsChangedImmediately(bool on);
+    /// The column last sorted by, by which operator< compares; 0 at first.
+    int sortColumn() const { return m_sortColumn; }
     /// Whether selections, and whatever else holds persistent indexes, follow their items when the
     /// model is sorted; otherwise they stay with their rows.
     void setKeepSelectedAfterSorting(bool keep);
@@ -158,7 +160,12 @@ private:
 
     static constexpr int s_allColumns = -1;
 
-    BVTreeViewItem *itemOrRoot(const QModelIndex &index) const;
+    /// What to tell a change of a column as, if @p shifts were all when it happened.
+    int columnSince(quint64 shifts, int column) const
+    {
+        return shifts == m_columnShifts ? column : s_allColumns;
+    }
+    BVTreeViewItem *holderOfRows(const QModelIndex &parent) const;
     BVTreeViewItem *itemOfId(qint64 id) const;
     QModelIndex cell(const BVTreeViewItem *item, int column) const;
     bool notify(BVTreeViewItem *item, int column, const QVector<int> &roles);
