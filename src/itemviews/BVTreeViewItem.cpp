@@ -197,12 +197,12 @@ void BVTreeViewItem::write(int column, int role, QVariant &&value)
         announce(column, role);
 }
 
-/// False if the model, and this with it, has not outlived the notification.
+/// False if the model, and this with it, has not outlived the notification, or has fewer columns.
 bool BVTreeViewItem::setModelColumns(int count)
 {
     const BVModelWatch watch(m_model, this);
     m_model->setColumnCount(count);
-    return watch.isModelAlive();
+    return watch.isModelAlive() && m_columnCount >= count;
 }
 
 /// False if nothing has changed or the item is gone.
@@ -328,7 +328,8 @@ void BVTreeViewItem::notifyCheckState(int column)
 {
     static const QVector<int> s_roles{Qt::CheckStateRole};
     BVTreeViewItem *item = this;
-    while (item->m_model->notify(item, column, s_roles)) {
+    const quint64 shifts = m_model->m_columnShifts;
+    while (item->m_model->notify(item, item->m_model->columnSince(shifts, column), s_roles)) {
         item = item->m_parent;
         if (!item || !(item->m_flags & Qt::ItemIsAutoTristate))
             return;

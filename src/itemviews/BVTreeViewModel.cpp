@@ -13,6 +13,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <typeinfo>
 
 BVTreeViewModel::BVTreeViewModel(QObject *parent)
     : QAbstractItemModel(parent)
@@ -263,13 +264,17 @@ void BVTreeViewModel::disconnectNotify(const QMetaMethod & /*signal*/)
 /// Not to be called while connections change: locks are held then.
 void BVTreeViewModel::findListeners()
 {
+    static const auto s_shown = QMetaMethod::fromSignal(&BVTreeViewModel::dataChanged);
+    static const auto s_heard = QMetaMethod::fromSignal(&BVTreeViewModel::itemsChanged);
     m_listenersChanged = false;
-    m_isShown = isSignalConnected(QMetaMethod::fromSignal(&BVTreeViewModel::dataChanged));
-    m_isHeard = isSignalConnected(QMetaMethod::fromSignal(&BVTreeViewModel::itemsChanged));
+    m_isPlain = typeid(*this) == typeid(BVTreeViewModel);
+    m_isShown = isSignalConnected(s_shown);
+    m_isHeard = isSignalConnected(s_heard);
 }
 
 bool BVTreeViewModel::emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles)
 {
+    const quint64 shifts = m_columnShifts;
     if (isShown()) {
         const BVModelWatch watch(this, item);
         const bool all = column == s_allColumns;
@@ -280,7 +285,7 @@ bool BVTreeViewModel::emitCells(BVTreeViewItem *item, int column, const QVector<
         if (!watch.isItemAlive())
             return false;
     }
-    return emitItem(item, column, roles);
+    return emitItem(item, columnSince(shifts, column), roles);
 }
 
 bool BVTreeViewModel::emitItem(BVTreeViewItem *item, int column, const QVector<int> &roles)
@@ -304,9 +309,9 @@ bool BVTreeViewModel::flushPendingChanges()
         return true;
     }
     const std::vector<BVPendingGroup> groups = m_pendingChanges->take();
-    return std::all_of(groups.cbegin(), groups.cend(), [this](const BVPendingGroup &group) {
-        return BVChangeFlush(this).tell(group); // last when it has deleted this
-    });
+    const BVChangeFlush flush(this); // knows when this is deleted
+    return std::all_of(groups.cbegin(), groups.cend(),
+                       [&](const BVPendingGroup &group) { return flush.tell(group); });
 }
 
 /// False if a slot has taken the item out, or deleted the model.
@@ -384,7 +389,9 @@ void BVTreeViewModel::setModes(UpdateMode mode, UpdateMode saved)
 
 void BVTreeViewModel::sendItemsChangedImmediately(bool on)
 {
-    m_sendItemsChangedImmediately = on;
+    // What is pending is told as it was collected.
+    if (on != m_sendItemsChangedImmediately && flushPendingChanges())
+        m_sendItemsChangedImmediately = on;
 }
 
 void BVTreeViewModel::setKeepSelectedAfterSorting(bool keep)
@@ -508,6 +515,7 @@ bool BVTreeViewModel::insertColumns(int column, int count, const QModelIndex &pa
 
 void BVTreeViewModel::shiftColumns(int column, int count)
 {
+    ++m_columnShifts;
     m_headerItem->shiftColumns(column, count);
     m_headerItem->m_columnCount = qMax(m_headerItem->m_columnCount, column + count);
     visitTree(m_rootItem->children(),
