@@ -2,6 +2,7 @@
 #include "itemviews/BVTreeViewModel.h"
 
 #include "itemviews/BVChangeFlush_p.h"
+#include "itemviews/BVItemBranch_p.h"
 #include "itemviews/BVItemIdMap_p.h"
 #include "itemviews/BVItemValues_p.h"
 #include "itemviews/BVModelWatch_p.h"
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <typeinfo>
+#include <utility>
 
 BVTreeViewModel::BVTreeViewModel(QObject *parent)
     : QAbstractItemModel(parent)
@@ -40,9 +42,14 @@ BVTreeViewModel::~BVTreeViewModel()
 /// Without a word, even if the items' own classes have something to say when they go.
 void BVTreeViewModel::deleteRows()
 {
-    visitTree(m_rootItem->children(), [](BVTreeViewItem *item) { item->m_model = nullptr; });
     BVTreeViewItem doomed;
-    doomed.adopt(0, m_rootItem->release(0, m_rootItem->childCount()));
+    visitTree(m_rootItem->children(), [&](BVTreeViewItem *item) {
+        item->m_model = nullptr;
+        if (!item->m_parent)
+            item->m_parent = &doomed;
+    });
+    doomed.m_branch = std::move(m_rootItem->m_branch);
+    doomed.m_childCount = std::exchange(m_rootItem->m_childCount, 0);
 }
 
 // Items and indexes
