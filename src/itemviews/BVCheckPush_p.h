@@ -30,6 +30,7 @@ struct BVTreeViewItem::PushDown
     void write(BVTreeViewItem *child);
     /// The short way where a write can do no more than to store the state. False if it may.
     bool writeStored(BVTreeViewItem *child);
+    void announce(BVTreeViewItem *child);
     // Either gives the item another state, in all columns.
     void dropFlag()
     {

@@ -208,6 +208,8 @@ bool BVTreeViewItem::setModelColumns(int count)
 /// False if nothing has changed or the item is gone.
 bool BVTreeViewItem::change(int column, int role, QVariant &&value)
 {
+    if (role != Qt::CheckStateRole && role != BVTreeViewModel::CountsForParentCheckRole)
+        return store(column, storedRole(role), std::move(value));
     if (isPushingDown())
         BVCheckCounters::forget(m_parent); // they know the state from before
     BVCheckCounters::Change change(this, column);
@@ -323,13 +325,19 @@ void BVTreeViewItem::notify(int column, int role)
         m_model->notify(this, column, {role});
 }
 
+const QVector<int> &BVTreeViewItem::checkStateRoles()
+{
+    static const QVector<int> s_roles{Qt::CheckStateRole};
+    return s_roles;
+}
+
 /// Each step may run slots that change the tree.
 void BVTreeViewItem::notifyCheckState(int column)
 {
-    static const QVector<int> s_roles{Qt::CheckStateRole};
     BVTreeViewItem *item = this;
     const quint64 shifts = m_model->m_columnShifts;
-    while (item->m_model->notify(item, item->m_model->columnSince(shifts, column), s_roles)) {
+    while (item->m_model->notify(item, item->m_model->columnSince(shifts, column),
+                                 checkStateRoles())) {
         item = item->m_parent;
         if (!item || !(item->m_flags & Qt::ItemIsAutoTristate))
             return;
@@ -370,10 +378,23 @@ QString BVTreeViewItem::text(int column) const
 
 void BVTreeViewItem::setText(int column, const QString &text)
 {
-    if (isPlain())
-        write(column, Qt::DisplayRole, text); // without a copy of the value on the way
-    else
+    auto *stored = const_cast<QVariant *>(find(column, Qt::DisplayRole));
+    if (!isPlain())
         setData(column, Qt::DisplayRole, text);
+    else if (!stored || stored->userType() != QMetaType::QString)
+        write(column, Qt::DisplayRole, text);
+    else
+        replaceText(static_cast<QString *>(stored->data()), column, text);
+}
+
+/// As write(), which most texts do not need.
+void BVTreeViewItem::replaceText(QString *stored, int column, const QString &text)
+{
+    if (*stored == text)
+        return;
+    *stored = text;
+    if (m_model)
+        announce(column, Qt::DisplayRole);
 }
 
 void BVTreeViewItem::setIcon(int column, const QIcon &icon)

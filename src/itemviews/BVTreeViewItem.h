@@ -150,6 +150,7 @@ private:
     static int storedRole(int role) { return role == Qt::EditRole ? int(Qt::DisplayRole) : role; }
     const QVariant *find(int column, int role) const;
     void write(int column, int role, QVariant &&value);
+    void replaceText(QString *stored, int column, const QString &text);
     bool store(int column, int role, QVariant &&value);
     static BVItemValues *copyOf(const BVItemValues *values);
     void shiftColumns(int column, int count);
@@ -167,6 +168,7 @@ private:
     void announce(int column, int role);
     void notify(int column, int role);
     void notifyCheckState(int column);
+    static const QVector<int> &checkStateRoles();
     void releaseFlags();
     void changeFlags(Qt::ItemFlags flags);
     void setEnabledFlag(bool enabled);

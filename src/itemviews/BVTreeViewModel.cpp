@@ -248,6 +248,15 @@ bool BVTreeViewModel::emitDataChanged(BVTreeViewItem *item, int column, const QV
     return !m_sendItemsChangedImmediately || emitItem(item, column, roles);
 }
 
+/// Whether a change of a row is just stored for now.
+bool BVTreeViewModel::callsNobody()
+{
+    if (m_itemChangedCallback)
+        return false;
+    return m_updateMode == DelayedUpdate ? !m_sendItemsChangedImmediately
+                                         : !isShown() && !isHeard();
+}
+
 bool BVTreeViewModel::emitHeader(int column)
 {
     const BVModelWatch watch(this, m_headerItem.get());

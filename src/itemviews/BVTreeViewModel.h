@@ -171,6 +171,7 @@ private:
     QModelIndex cell(const BVTreeViewItem *item, int column) const;
     bool notify(BVTreeViewItem *item, int column, const QVector<int> &roles);
     bool emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles);
+    bool callsNobody();
     bool emitHeader(int column);
     bool emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles);
     bool emitItem(BVTreeViewItem *item, int column, const QVector<int> &roles);
