@@ -284,6 +284,23 @@ void tst_BVTreeViewModel::pushesCheckStateDown()
     QCOMPARE(checkState(top), s_checked);
     QVERIFY2(log.contains(QStringLiteral("d0@0:10")), qPrintable(log.taken()));
 
+    // Whoever looks in the middle sees what is so, and leaves it so.
+    for (const char name : {'d', 'e', 'c'})
+        find(*m_model, QLatin1Char(name))->setData(1, Qt::CheckStateRole, s_checked);
+    stateless->setData(1, BVTreeViewModel::CountsForParentCheckRole, false);
+    const auto look = [&] {
+        for (const BVTreeViewItem *item : m_model->getAllItems()) {
+            for (const int column : {0, 1})
+                QCOMPARE(checkState(item, column), derived(item, column));
+        }
+    };
+    m_model->setActivateBulkItemChangedCallback([&](bool) { look(); });
+    connect(m_model.get(), &BVTreeViewModel::itemsChanged, this, look);
+    for (const int state : {s_unchecked, s_checked}) {
+        find(*m_model, QLatin1Char('B'))->setData(0, Qt::CheckStateRole, state);
+        look();
+    }
+
     new RefusingItem({{{Qt::CheckStateRole, s_checked}}}, top);
     QVERIFY_EXCEPTION_THROWN(top->setData(0, Qt::CheckStateRole, s_unchecked), int);
     QVERIFY(top->flags() & Qt::ItemIsAutoTristate);
