@@ -171,12 +171,16 @@ void BVTreeItemMove::Memory::select(QTreeWidget *tree, const Rows &selected,
                                     const QPersistentModelIndex &current) const
 {
     const QPointer<QTreeWidget> guard(tree);
-    const bool areRows = tree->selectionBehavior() == QAbstractItemView::SelectRows;
+    // A view with a single selection has selected a neighbour of the row that was taken.
+    const bool isSingle = tree->selectionMode() == QAbstractItemView::SingleSelection;
+    QItemSelectionModel::SelectionFlags command = isSingle && !selected.isEmpty()
+                                                      ? QItemSelectionModel::ClearAndSelect
+                                                      : QItemSelectionModel::Select;
+    if (tree->selectionBehavior() == QAbstractItemView::SelectRows)
+        command |= QItemSelectionModel::Rows;
     const bool scrolls = tree->hasAutoScroll();
     tree->setAutoScroll(false);
-    tree->selectionModel()->select(BVTreeItems::selectionOf(selected),
-                                   areRows ? QItemSelectionModel::Select | QItemSelectionModel::Rows
-                                           : QItemSelectionModel::Select);
+    tree->selectionModel()->select(BVTreeItems::selectionOf(selected), command);
     if (guard && current.isValid())
         tree->selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
     if (guard)
