@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVTreeContentHeight_p.h"
 
+#include "foundation/BVWidgetStatus.h"
+#include "itemviews/BVItemDelegate.h"
 #include "itemviews/BVRowWalk_p.h"
 
 #include <QHeaderView>
@@ -12,8 +14,9 @@
 namespace {
 
 // Roles that no delegate takes the size of a cell from.
-constexpr int s_sizeless[] = {Qt::EditRole,      Qt::ToolTipRole,    Qt::StatusTipRole,
-                              Qt::WhatsThisRole, Qt::ForegroundRole, Qt::BackgroundRole};
+constexpr int s_sizeless[] = {
+    Qt::EditRole,       Qt::ToolTipRole,    Qt::StatusTipRole,          Qt::WhatsThisRole,
+    Qt::ForegroundRole, Qt::BackgroundRole, BVWidgetStatus::s_itemRole, BVItemDelegate::MarkedRole};
 constexpr int s_mostChanged = 1000; // ranges of rows that are looked at one by one
 
 /// Opens what the toolkit keeps for the views derived from its own.
