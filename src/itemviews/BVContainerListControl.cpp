@@ -52,7 +52,11 @@ BVContainerListControl::BVContainerListControl(QWidget *parent, BVDragTreeWidget
         makeToolBar();
 }
 
-BVContainerListControl::~BVContainerListControl() = default;
+/// The tree tells of its end, here, too.
+BVContainerListControl::~BVContainerListControl()
+{
+    delete m_tree;
+}
 
 BVDragTreeWidget *BVContainerListControl::tree() const
 {

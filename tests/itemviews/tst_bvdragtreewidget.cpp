@@ -22,6 +22,7 @@ private Q_SLOTS:
     void movesRows_data();
     void movesRows();
     void movedRowsKeepWhatTheyHave();
+    void movedRowStaysTheOnlySelectedOne();
     void takesRowsOverFromAnotherTree();
     void leavesSortedRowsAlone();
     void slotsDeleteRows();
@@ -96,6 +97,18 @@ void tst_BVDragTreeWidget::movedRowsKeepWhatTheyHave()
     QCOMPARE(TreeText::selection(tree), QStringLiteral("ad|d"));
     QCOMPARE(changed.size() + current.size() + selected.size(), 0);
     QCOMPARE(expanded.size(), 1); // that of f, so that the rows are seen
+}
+
+/// The toolkit selects a neighbour of the row that is taken.
+void tst_BVDragTreeWidget::movedRowStaysTheOnlySelectedOne()
+{
+    BVDragTreeWidget tree;
+    tree.setSelectionMode(QAbstractItemView::SingleSelection);
+    TreeText::build(tree, QStringLiteral("a,b,c"));
+    tree.setCurrentItem(TreeText::item(tree, 'b'));
+    QVERIFY(tree.moveItems({TreeText::item(tree, 'b')}, nullptr, 0));
+    QCOMPARE(TreeText::text(tree), QStringLiteral("b,a,c"));
+    QCOMPARE(TreeText::selection(tree), QStringLiteral("b|b"));
 }
 
 void tst_BVDragTreeWidget::takesRowsOverFromAnotherTree()
