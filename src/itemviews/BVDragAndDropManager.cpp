@@ -16,6 +16,7 @@
 #include "itemviews/BVDropRun_p.h"
 #include "itemviews/BVDropTarget_p.h"
 #include "itemviews/BVRegisteredDropWidgets_p.h"
+#include "itemviews/BVShownColumns_p.h"
 
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -281,7 +282,7 @@ QPixmap BVDragAndDropManager::renderToPixmap(const QModelIndexList &rows) const
         return QPixmap();
     const auto callback = m_getViewOptionsCallback;
     const BVDragPixmap picture(view, callback ? callback() : BVDragPixmap::optionsOf(view));
-    const QVector<int> columns = BVDragPixmap::visibleColumns(view);
+    const QVector<int> columns = BVShownColumns::all(*view->header());
     const int first = qMax(columns.indexOf(m_dragVisualizationColumn), 0);
     return picture.renderToPixmap(rows, m_renderAllColumns ? columns : columns.mid(first, 1));
 }

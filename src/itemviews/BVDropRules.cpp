@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVDropRules_p.h"
 
-#include <QHeaderView>
+#include "itemviews/BVRowWalk_p.h"
+#include "itemviews/BVShownColumns_p.h"
+
 #include <QSet>
 
 #include <algorithm>
@@ -14,15 +16,6 @@ constexpr int s_edge = 2; // px, of a cell that is for the rows beside it
 bool takesDrops(const QModelIndex &index)
 {
     return index.flags() & Qt::ItemIsDropEnabled;
-}
-
-/// The rows that lead from the top level to the index.
-std::vector<int> pathTo(QModelIndex index)
-{
-    std::vector<int> path;
-    for (; index.isValid(); index = index.parent())
-        path.insert(path.begin(), index.row());
-    return path;
 }
 
 /// The next sibling in sight, upwards for a negative step; invalid if there is none.
@@ -105,10 +98,10 @@ bool BVDropRules::isInScrollMargin(const QPoint &pos, const QRect &area, int mar
 
 QModelIndexList BVDropRules::inTreeOrder(const QModelIndexList &indexes)
 {
-    std::vector<std::pair<std::vector<int>, QModelIndex>> paths;
+    std::vector<std::pair<QVector<int>, QModelIndex>> paths;
     paths.reserve(size_t(indexes.size()));
     for (const QModelIndex &index : indexes)
-        paths.emplace_back(pathTo(index), index);
+        paths.emplace_back(BVRowWalk::pathTo(index), index);
     std::stable_sort(paths.begin(), paths.end(),
                      [](const auto &a, const auto &b) { return a.first < b.first; });
     QModelIndexList sorted;
@@ -152,13 +145,12 @@ QModelIndexList BVDropRules::draggableRows(const QTreeView *view, bool wholeRow)
 
 QModelIndex BVDropRules::firstCellInSight(const QTreeView *view, const QModelIndex &row)
 {
-    const QHeaderView *header = view->header();
-    for (int visual = 0; visual < header->count(); ++visual) {
-        const int column = header->logicalIndex(visual);
-        if (!header->isSectionHidden(column))
-            return row.sibling(row.row(), column);
-    }
-    return row.sibling(row.row(), 0);
+    int first = 0;
+    BVShownColumns::visit(*view->header(), [&first](int column) {
+        first = column;
+        return false;
+    });
+    return row.sibling(row.row(), first);
 }
 
 BVDropRules::Target BVDropRules::keyTarget(const QTreeView *view, const QModelIndexList &rows,

@@ -38,14 +38,6 @@ void visitCheckable(const QAbstractItemModel *model, int column, Visit &&visit)
     });
 }
 
-/// The cell itself, behind all proxy models.
-QModelIndex innermost(QModelIndex index)
-{
-    while (const auto *proxy = qobject_cast<const QAbstractProxyModel *>(index.model()))
-        index = proxy->mapToSource(index);
-    return index;
-}
-
 /// The cells of the rows in a column of @p model, which is also one behind which the rows stand.
 /// They are held behind all proxy models, which keep track of their own cells slowly.
 QVector<QPersistentModelIndex> sourceCells(const QModelIndexList &rows, int column,
@@ -55,8 +47,10 @@ QVector<QPersistentModelIndex> sourceCells(const QModelIndexList &rows, int colu
     cells.reserve(rows.size());
     for (const QModelIndex &row : rows) {
         const QModelIndex shown =
-            row.model() == model ? row : BVProxyChain::mapFromSource(innermost(row), model);
-        const QModelIndex cell = innermost(shown.sibling(shown.row(), column));
+            row.model() == model
+                ? row
+                : BVProxyChain::mapFromSource(BVProxyChain::mapToSource(row), model);
+        const QModelIndex cell = BVProxyChain::mapToSource(shown.sibling(shown.row(), column));
         if (cell.isValid())
             cells.append(cell);
     }
