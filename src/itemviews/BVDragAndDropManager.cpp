@@ -410,11 +410,8 @@ void BVDragAndDropManager::followDrag(QDragMoveEvent *event)
     const QPersistentModelIndex target = getDropTarget(event->pos());
     if (!announceTarget(target, event))
         return;
-    const QRect rect = m_target->rectOf(target, m_dragWholeRow);
-    const DropIndicatorPosition position =
-        m_useMoveVisualizationLine ? advancedDropIndicatorPosition(event->pos(), target)
-        : target.isValid()         ? dropIndicatorPosition(event->pos(), rect, target)
-                                   : DropIndicatorPosition::OnViewport;
+    const DropIndicatorPosition position = BVDropRules::positionAt(
+        getTreeView(), event->pos(), target, m_dragWholeRow, m_useMoveVisualizationLine);
     setDragAndDropTargetInfo(target, position, event->proposedAction());
     event->accept();
 }
@@ -438,8 +435,9 @@ void BVDragAndDropManager::setDragAndDropTargetInfo(const QModelIndex &target,
                                                     DropIndicatorPosition position,
                                                     Qt::DropAction action)
 {
-    const bool isChanged = m_target->set(target, m_target->rectOf(target, m_dragWholeRow), position,
-                                         action, m_usePreview || m_useMoveVisualizationLine);
+    const QRect rect = BVDropRules::targetRect(getTreeView(), target, m_dragWholeRow);
+    const bool isChanged =
+        m_target->set(target, rect, position, action, m_usePreview || m_useMoveVisualizationLine);
     if (isChanged && getSecondTreeView())
         getSecondTreeView()->viewport()->update();
 }

@@ -59,6 +59,26 @@ DropIndicatorPosition BVDropRules::advancedDropIndicatorPosition(const QPoint &p
                                                                 : DropIndicatorPosition::BelowItem;
 }
 
+QRect BVDropRules::targetRect(const QTreeView *view, const QModelIndex &index, bool wholeRow)
+{
+    const QRect cell = view->visualRect(index);
+    if (!wholeRow || !cell.isValid())
+        return cell;
+    const QRect area = view->viewport()->rect();
+    return QRect(QPoint(area.left(), cell.top()), QPoint(area.right(), cell.bottom()));
+}
+
+DropIndicatorPosition BVDropRules::positionAt(const QTreeView *view, const QPoint &pos,
+                                              const QModelIndex &index, bool wholeRow,
+                                              bool wideBands)
+{
+    if (!index.isValid())
+        return DropIndicatorPosition::OnViewport;
+    if (wideBands)
+        return advancedDropIndicatorPosition(pos, view->visualRect(index), index);
+    return dropIndicatorPosition(pos, targetRect(view, index, wholeRow), index);
+}
+
 int BVDropRules::dropRow(const QModelIndex &target, DropIndicatorPosition position)
 {
     if (!target.isValid())
@@ -151,6 +171,20 @@ QModelIndex BVDropRules::firstCellInSight(const QTreeView *view, const QModelInd
         return false;
     });
     return row.sibling(row.row(), first);
+}
+
+QModelIndex BVDropRules::lastInSight(const QTreeView *view, QModelIndex row)
+{
+    const QAbstractItemModel *model = view->model();
+    while (!row.isValid() || row == view->rootIndex() || view->isExpanded(row)) {
+        int last = model->rowCount(row) - 1;
+        while (last >= 0 && view->isRowHidden(last, row))
+            --last;
+        if (last < 0)
+            break;
+        row = model->index(last, 0, row);
+    }
+    return row;
 }
 
 BVDropRules::Target BVDropRules::keyTarget(const QTreeView *view, const QModelIndexList &rows,
