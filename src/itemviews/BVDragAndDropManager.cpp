@@ -257,10 +257,7 @@ void BVDragAndDropManager::processMouseMoveEvent(QMouseEvent *event)
     const QPointer<BVDragAndDropManager> guard(this);
     if (consumes(m_mouseMoveCallback, event) || !guard || !getTreeView())
         return;
-    const QItemSelectionModel *selection = getTreeView()->selectionModel();
-    const bool canDrag = event->buttons() & Qt::LeftButton && getTreeView()->model() && selection &&
-                         selection->hasSelection();
-    if (canDrag && m_press->becomesDrag(event))
+    if (event->buttons() & Qt::LeftButton && m_press->becomesDrag(event))
         startDrag();
 }
 
