@@ -5,6 +5,7 @@
 #include "itemviews/BVProxyChain_p.h"
 #include "itemviews/BVRowWalk_p.h"
 #include "itemviews/BVTreeView.h"
+#include "itemviews/BVTreeViewModel.h"
 
 #include <QAccessible>
 #include <QIdentityProxyModel>
@@ -91,6 +92,7 @@ BVCustomHeaderView *BVTreeHeaderChecks::header() const
     return qobject_cast<BVCustomHeaderView *>(m_view->header());
 }
 
+/// Gives the view a header that can have check boxes if it has another one.
 void BVTreeHeaderChecks::makeHeader()
 {
     if (header())
@@ -114,6 +116,20 @@ void BVTreeHeaderChecks::makeHeader()
     custom->setSortIndicator(sortColumn, sortOrder);
 }
 
+void BVTreeHeaderChecks::showBox(int column, Qt::Alignment alignment)
+{
+    makeHeader();
+    setBoxVisible(column, true);
+    setHeaderData(column, BVTreeViewModel::HeaderCheckBoxAlignmentRole, int(alignment));
+}
+
+void BVTreeHeaderChecks::setBoxVisible(int column, bool visible)
+{
+    setHeaderData(column, BVTreeViewModel::HeaderCheckBoxRole, visible);
+}
+
+/// Writes header data of the view's model, now or, if it needs rows for that, with
+/// retryHeaderData().
 void BVTreeHeaderChecks::setHeaderData(int column, int role, const QVariant &value)
 {
     QAbstractItemModel *model = m_view->model();
