@@ -18,18 +18,6 @@
 
 #include <utility>
 
-namespace {
-
-/// A cell in the viewport, or all of its row.
-QRect targetRect(const QTreeView &tree, const QModelIndex &target, bool wholeRow)
-{
-    const QRect cell = tree.visualRect(target);
-    const QRect area = tree.viewport()->rect();
-    return wholeRow ? QRect(area.left(), cell.top(), area.width(), cell.height()) : cell;
-}
-
-} // namespace
-
 BVContainerListControl::BVContainerListControl(QWidget *parent)
     : BVContainerListControl(parent, nullptr, false)
 {
@@ -374,12 +362,8 @@ void BVContainerListControl::prepareDrag(const QModelIndexList &rows, QMimeData 
 QModelIndex BVContainerListControl::dropParentAt(const QPoint &pos) const
 {
     const QModelIndex target = m_tree->indexAt(pos);
-    DropIndicatorPosition position = DropIndicatorPosition::OnViewport;
-    if (m_manager->getUseMoveVisualizationLine())
-        position = m_manager->advancedDropIndicatorPosition(pos, target);
-    else if (target.isValid())
-        position = BVDragAndDropManager::dropIndicatorPosition(
-            pos, targetRect(*m_tree, target, m_manager->isDragWholeRow()), target);
+    const DropIndicatorPosition position = BVDropRules::positionAt(
+        m_tree, pos, target, m_manager->isDragWholeRow(), m_manager->getUseMoveVisualizationLine());
     return BVDropRules::dropParent(target, position, m_tree->rootIndex());
 }
 

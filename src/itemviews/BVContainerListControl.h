@@ -121,8 +121,7 @@ Q_SIGNALS:
     /// Rows of this control have been moved to another one.
     void sigItemsTakenOver(const QList<QTreeWidgetItem *> &items, BVContainerListControl *target);
     /// Rows from elsewhere have been dropped, which have these values. They are meant to stand
-    /// below
-    /// @p parent (null for the top level) in @p row (-1 for the end).
+    /// below @p parent (null for the top level) in @p row (-1 for the end).
     void sigValuesDropped(const QVariantList &values, QTreeWidgetItem *parent, int row);
     /// The user wants these rows to go. A slot that sets @p remove to false keeps them or removes
     /// them itself.

@@ -16,6 +16,7 @@
 #include "itemviews/BVDropRun_p.h"
 #include "itemviews/BVDropTarget_p.h"
 #include "itemviews/BVRegisteredDropWidgets_p.h"
+#include "itemviews/BVShownColumns_p.h"
 
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -256,10 +257,7 @@ void BVDragAndDropManager::processMouseMoveEvent(QMouseEvent *event)
     const QPointer<BVDragAndDropManager> guard(this);
     if (consumes(m_mouseMoveCallback, event) || !guard || !getTreeView())
         return;
-    const QItemSelectionModel *selection = getTreeView()->selectionModel();
-    const bool canDrag = event->buttons() & Qt::LeftButton && getTreeView()->model() && selection &&
-                         selection->hasSelection();
-    if (canDrag && m_press->becomesDrag(event))
+    if (event->buttons() & Qt::LeftButton && m_press->becomesDrag(event))
         startDrag();
 }
 
@@ -281,7 +279,7 @@ QPixmap BVDragAndDropManager::renderToPixmap(const QModelIndexList &rows) const
         return QPixmap();
     const auto callback = m_getViewOptionsCallback;
     const BVDragPixmap picture(view, callback ? callback() : BVDragPixmap::optionsOf(view));
-    const QVector<int> columns = BVDragPixmap::visibleColumns(view);
+    const QVector<int> columns = BVShownColumns::all(*view->header());
     const int first = qMax(columns.indexOf(m_dragVisualizationColumn), 0);
     return picture.renderToPixmap(rows, m_renderAllColumns ? columns : columns.mid(first, 1));
 }
@@ -409,11 +407,8 @@ void BVDragAndDropManager::followDrag(QDragMoveEvent *event)
     const QPersistentModelIndex target = getDropTarget(event->pos());
     if (!announceTarget(target, event))
         return;
-    const QRect rect = m_target->rectOf(target, m_dragWholeRow);
-    const DropIndicatorPosition position =
-        m_useMoveVisualizationLine ? advancedDropIndicatorPosition(event->pos(), target)
-        : target.isValid()         ? dropIndicatorPosition(event->pos(), rect, target)
-                                   : DropIndicatorPosition::OnViewport;
+    const DropIndicatorPosition position = BVDropRules::positionAt(
+        getTreeView(), event->pos(), target, m_dragWholeRow, m_useMoveVisualizationLine);
     setDragAndDropTargetInfo(target, position, event->proposedAction());
     event->accept();
 }
@@ -437,8 +432,9 @@ void BVDragAndDropManager::setDragAndDropTargetInfo(const QModelIndex &target,
                                                     DropIndicatorPosition position,
                                                     Qt::DropAction action)
 {
-    const bool isChanged = m_target->set(target, m_target->rectOf(target, m_dragWholeRow), position,
-                                         action, m_usePreview || m_useMoveVisualizationLine);
+    const QRect rect = BVDropRules::targetRect(getTreeView(), target, m_dragWholeRow);
+    const bool isChanged =
+        m_target->set(target, rect, position, action, m_usePreview || m_useMoveVisualizationLine);
     if (isChanged && getSecondTreeView())
         getSecondTreeView()->viewport()->update();
 }

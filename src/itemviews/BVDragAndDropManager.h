@@ -45,9 +45,8 @@ class QPainter;
 /// consumed it, no later move drags. The release that follows a drag is no click.
 ///
 /// sigPrepareDrag lets the owner fill the mime data. Rows are sorted from top to bottom, one index
-/// each. Where the owner notes no dragged indexes, these rows are the dragged indexes. To the
-/// toolkit the source of the drag is an object of its own and not the view, which may die
-/// meanwhile; DragDropInfo::source is the view.
+/// each. Where the owner notes no dragged indexes, these rows are the dragged indexes. The view is
+/// also the source that the toolkit tells of; if it dies, the drag is cancelled.
 ///
 /// **Acceptance.** A view takes drags that carry one of its accepted formats, wherever they come
 /// from. Without accepted formats it takes those that come from itself or the second tree view and

@@ -39,11 +39,22 @@ bool isOnSide(const QWidget *widget, const QWidget *other, int key)
     return key == Qt::Key_Left ? otherX < x : otherX > x;
 }
 
-/// A point in the viewport that stands for the target.
+/// A point at the bottom of the viewport, or below it if it is full of rows, where there is none.
+QPoint pointBesideRows(const QTreeView *view)
+{
+    const QPoint corner = view->viewport()->rect().bottomLeft();
+    if (!view->model())
+        return corner;
+    const QModelIndex last = BVDropRules::lastInSight(view, view->rootIndex());
+    const QRect rect = view->visualRect(BVDropRules::firstCellInSight(view, last));
+    return QPoint(corner.x(), qMax(corner.y(), rect.bottom() + 1));
+}
+
+/// A point that stands for the target.
 QPoint pointFor(const QTreeView *view, const BVDropRules::Target &target)
 {
     if (!target.index.isValid())
-        return view->viewport()->rect().bottomLeft();
+        return pointBesideRows(view);
     const QRect rect = view->visualRect(BVDropRules::firstCellInSight(view, target.index));
     if (target.position == DropIndicatorPosition::OnItem)
         return rect.center();

@@ -5,7 +5,6 @@
 
 #include <QAbstractItemDelegate>
 #include <QCoreApplication>
-#include <QHeaderView>
 #include <QPainter>
 #include <QTreeView>
 
@@ -46,18 +45,6 @@ QStyleOptionViewItem BVDragPixmap::optionsOf(const QTreeView *view)
         option.decorationSize = QSize(size, size);
     }
     return option;
-}
-
-QVector<int> BVDragPixmap::visibleColumns(const QTreeView *view)
-{
-    const QHeaderView *header = view->header();
-    QVector<int> columns;
-    for (int visual = 0; visual < header->count(); ++visual) {
-        const int column = header->logicalIndex(visual);
-        if (!header->isSectionHidden(column))
-            columns.append(column);
-    }
-    return columns;
 }
 
 QSize BVDragPixmap::cellSize(const QModelIndex &cell) const

@@ -23,8 +23,6 @@ public:
     QPixmap renderToPixmap(const QModelIndexList &rows, const QVector<int> &columns) const;
     /// The options of a view that does not tell its own.
     static QStyleOptionViewItem optionsOf(const QTreeView *view);
-    /// All columns that the user sees, in their visual order.
-    static QVector<int> visibleColumns(const QTreeView *view);
 
 private:
     QSize cellSize(const QModelIndex &cell) const;

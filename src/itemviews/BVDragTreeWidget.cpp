@@ -384,16 +384,18 @@ void BVDragTreeWidget::showContextMenu(const QPoint &position)
 
 // Copying
 
-TreeViewCopyHandler *BVDragTreeWidget::initCopyHandler()
+void BVDragTreeWidget::makeCopyHandler()
 {
     if (!m_copyHandler)
         m_copyHandler = new TreeViewCopyHandler(this);
-    return m_copyHandler;
 }
 
 void BVDragTreeWidget::enableCopyAllAction(bool enable)
 {
-    initCopyHandler()->enableCopyAllAction(enable);
+    if (enable)
+        makeCopyHandler();
+    if (m_copyHandler)
+        m_copyHandler->enableCopyAllAction(enable);
 }
 
 bool BVDragTreeWidget::isCopyAllActionEnabled() const
@@ -403,7 +405,10 @@ bool BVDragTreeWidget::isCopyAllActionEnabled() const
 
 void BVDragTreeWidget::enableCopySelectedAction(bool enable)
 {
-    initCopyHandler()->enableCopySelectedAction(enable);
+    if (enable)
+        makeCopyHandler();
+    if (m_copyHandler)
+        m_copyHandler->enableCopySelectedAction(enable);
 }
 
 bool BVDragTreeWidget::isCopySelectedActionEnabled() const

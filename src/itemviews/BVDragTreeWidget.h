@@ -87,7 +87,7 @@ public:
     /// Called by the manager while something is dragged over the tree.
     void setDraggingState(BVDragAndDropManager::DragState state);
 
-    /// The handler belongs to the tree. Null until copying has been enabled or disabled.
+    /// The handler belongs to the tree. Null until copying is enabled.
     TreeViewCopyHandler *getCopyHandler() const { return m_copyHandler; }
     /// Whether all rows, or those selected, can be copied, by the context menu and, those
     /// selected, by the standard keys. Off at first.
@@ -138,7 +138,7 @@ private:
     friend class BVContainerListControl;
     class RowHover;
 
-    TreeViewCopyHandler *initCopyHandler();
+    void makeCopyHandler();
     int contentHeight() const;
     void onContentChanged();
     void leaveBranches(const QModelIndex &parent, int start, int end);

@@ -48,21 +48,6 @@ QColor BVDropPainter::color() const
 
 // Geometry
 
-/// The row, or the last one in sight of those below it; for no row that of the whole tree.
-QModelIndex BVDropPainter::lastInSight(QModelIndex row) const
-{
-    const QAbstractItemModel *model = m_view->model();
-    while (!row.isValid() || row == m_view->rootIndex() || m_view->isExpanded(row)) {
-        int last = model->rowCount(row) - 1;
-        while (last >= 0 && m_view->isRowHidden(last, row))
-            --last;
-        if (last < 0)
-            break;
-        row = model->index(last, 0, row);
-    }
-    return row;
-}
-
 /// Where the text of the row begins.
 int BVDropPainter::levelStart(const QModelIndex &row) const
 {
@@ -89,10 +74,9 @@ BVDropPainter::Line BVDropPainter::lineOf(const DragDropInfo &info) const
     const bool isAbove = info.position == DropIndicatorPosition::AboveItem;
     const bool isAtEnd = info.position == DropIndicatorPosition::OnViewport;
     const QModelIndex root = m_view->rootIndex();
-    const QModelIndex last = isAbove ? QModelIndex(info.dropIndex)
-                             : isAtEnd
-                                 ? lastInSight(root)
-                                 : lastInSight(info.dropIndex.sibling(info.dropIndex.row(), 0));
+    const QModelIndex row = isAtEnd ? root : info.dropIndex.sibling(info.dropIndex.row(), 0);
+    const QModelIndex last =
+        isAbove ? QModelIndex(info.dropIndex) : BVDropRules::lastInSight(m_view, row);
     const QRect rect = m_view->visualRect(BVDropRules::firstCellInSight(m_view, last));
     Line line;
     if (isAtEnd && last.isValid() && last != root)

@@ -32,15 +32,6 @@ void BVDropTarget::describe(DragDropInfo *info) const
     info->action = m_action;
 }
 
-QRect BVDropTarget::rectOf(const QModelIndex &target, bool wholeRow) const
-{
-    const QRect cell = m_view->visualRect(target);
-    if (!wholeRow || !cell.isValid())
-        return cell;
-    const QRect area = m_view->viewport()->rect();
-    return QRect(QPoint(area.left(), cell.top()), QPoint(area.right(), cell.bottom()));
-}
-
 /// The target and what is painted around it.
 QRect BVDropTarget::marksRect() const
 {

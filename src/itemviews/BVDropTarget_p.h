@@ -6,8 +6,8 @@
 #include <QTimer>
 
 /// The place in a view that a drag is over, which is the viewport once its row has been removed.
-/// Changes repaint what shows it; a branch opens under a
-/// drag that rests, after the view's QTreeView::autoExpandDelay().
+/// Changes repaint what shows it; a branch opens under a drag that rests, after the view's
+/// QTreeView::autoExpandDelay().
 class BVDropTarget
 {
 public:
@@ -26,9 +26,6 @@ public:
     void setRefused(bool refused);
     /// Writes the target into @p info.
     void describe(DragDropInfo *info) const;
-
-    /// Where the cell is in the viewport, or its row.
-    QRect rectOf(const QModelIndex &target, bool wholeRow) const;
 
     /// False if nothing has changed. All of the viewport is painted anew for marks that go beyond
     /// the target.

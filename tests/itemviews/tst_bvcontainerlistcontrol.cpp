@@ -98,6 +98,7 @@ private Q_SLOTS:
 
     void keysMoveRows_data();
     void keysMoveRows();
+    void keysMoveRowsToAnotherList_data();
     void keysMoveRowsToAnotherList();
     void ownerRefusesTargets();
     void foreignData_data();
@@ -146,22 +147,36 @@ void tst_BVContainerListControl::keysMoveRows()
     QCOMPARE(dropped.size(), data.isEmpty() ? 0 : 1);
 }
 
+void tst_BVContainerListControl::keysMoveRowsToAnotherList_data()
+{
+    QTest::addColumn<QByteArray>("rows");
+    QTest::addColumn<QByteArray>("current");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("behind the current row") << QByteArray("x,y") << QByteArray("x") << "x,a(b,c),d,y";
+    QTest::newRow("full second list whose rows take no children")
+        << QByteArray("x(f,g,h,i,j,k,l,m,n,o,p,q,r,s,t,u)") << QByteArray() << "x(f,g,h,i,j,k,l,m,n,o,p,q,r,s,t,u),a(b,c),d";
+}
+
 void tst_BVContainerListControl::keysMoveRowsToAnotherList()
 {
+    QFETCH(const QByteArray, rows);
+    QFETCH(const QByteArray, current);
     QWidget window;
     auto *left = new List;
-    auto *right = new List("x,y");
+    auto *right = new List(rows);
+    for (QTreeWidgetItemIterator row(right->tree()); *row; ++row)
+        (*row)->setFlags((*row)->flags() & ~Qt::ItemIsDropEnabled);
     left->setParent(&window);
     right->setParent(&window);
     right->move(400, 0);
     left->tree()->getDragAndDropManager()->setSecondTreeView(right->tree());
     window.show();
-    right->select("x");
+    right->select(current);
     left->select("ad");
     QSignalSpy gone(left, &BVContainerListControl::sigItemsTakenOver);
     QTest::keyClick(left->tree(), Qt::Key_Right, Qt::AltModifier);
     QCOMPARE(left->rows(), QStringLiteral("e"));
-    QCOMPARE(right->rows(), QStringLiteral("x,a(b,c),d,y"));
+    QTEST(right->rows(), "expected");
     QCOMPARE(TreeText::selection(*right->tree()), QStringLiteral("ad|a"));
     QCOMPARE(TreeText::selection(*left->tree()), QStringLiteral("e|e"));
     QCOMPARE(gone.size(), 1);

@@ -110,6 +110,7 @@ void tst_BVDragAndDropManager::start_data()
     QTest::newRow("press on the branches") << "branches" << 5 << "";
     QTest::newRow("press on another column") << "column" << 0 << "ac";
     QTest::newRow("nothing selected") << "none" << 0 << "";
+    QTest::newRow("selected too late") << "none late" << 0 << "";
     QTest::newRow("right button") << "right" << 0 << "";
     QTest::newRow("disabled") << "disabled" << 5 << "";
     QTest::newRow("press consumed") << "press" << 5 << "";
@@ -137,13 +138,17 @@ void tst_BVDragAndDropManager::start()
     const QPoint inFront = tree.m_view->visualRect(tree.cell("c")).topLeft() - QPoint(2, 0);
     const QPoint start = how == "beside" ? QPoint(10, 250) : how == "branches" ? inFront : tree.at("c", 0.5, how == "column");
     QTest::mousePress(tree.m_view->viewport(), how == "right" ? Qt::RightButton : Qt::LeftButton, {}, start);
-    tree.select(how == "rest" ? "bd" : how == "none" || how.contains("cell") ? "" : "dcba");
+    tree.select(how == "rest" ? "bd" : how.contains("none") || how.contains("cell") ? "" : "dcba");
     if (how.contains("cell"))
         tree.m_view->selectionModel()->select(tree.cell("c", 1), QItemSelectionModel::Select);
     if (how == "model")
         tree.m_view->setModel(nullptr);
     sendMove(tree.m_view->viewport(), start + QPoint(0, QApplication::startDragDistance() - 1 + way),
              how == "right" ? Qt::RightButton : Qt::LeftButton);
+    if (how.contains("late")) {
+        tree.select("c");
+        sendMove(tree.m_view->viewport(), start + QPoint(0, 2 * QApplication::startDragDistance()));
+    }
     QTEST(dragged, "expected");
     sendMove(tree.m_view->viewport(), start, Qt::NoButton);
     QVERIFY(!viewMoves);

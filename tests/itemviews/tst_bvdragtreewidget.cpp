@@ -238,7 +238,7 @@ void tst_BVDragTreeWidget::currentItemGoesToNeighbours()
 void tst_BVDragTreeWidget::hover()
 {
     BVDragTreeWidget tree;
-    TreeText::build(tree, QStringLiteral("a,b"));
+    TreeText::build(tree, QStringLiteral("a,b,c,d"));
     tree.setColumnCount(2);
     QStringList log;
     connect(&tree, &BVDragTreeWidget::sigItemHoverEnter, this, [&log](QTreeWidgetItem *item) { log << QStringLiteral("+") + item->text(0); });
@@ -273,6 +273,12 @@ void tst_BVDragTreeWidget::hover()
     QCOMPARE(tree.getHoverItem(), nullptr);
     tree.setHoverItem(nullptr);
     QCOMPARE(log.join(' '), QStringLiteral("+a -a +b -b +a -a +b"));
+
+    QTreeWidgetItem *c = TreeText::item(tree, 'c');
+    connect(&tree, &BVDragTreeWidget::sigItemHoverLeave, this, [&tree, c] { tree.setHoverItem(c); });
+    tree.setHoverItem(a);
+    tree.setHoverItem(TreeText::item(tree, 'd'));
+    QCOMPARE(tree.getHoverItem(), c);
 }
 
 void tst_BVDragTreeWidget::heightFollowsOpenBranches()
