@@ -32,3 +32,4 @@ void addBuildRows();
 void addWriteRows();
 void addLookupRows();
 void addViewRows();
+void addCopyRows();

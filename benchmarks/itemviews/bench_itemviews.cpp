@@ -12,5 +12,6 @@ int main(int argc, char **argv)
     addWriteRows();
     addLookupRows();
     addViewRows();
+    addCopyRows();
     return RatioTable::run(argc, argv);
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Copying all rows of a tree view, beside joining string lists, over the same model.
+#include "RatioTable.h"
+#include "Trees.h"
 #include "itemviews/BVTreeView.h"
-#include "itemviews/BVTreeViewModel.h"
 #include "itemviews/TreeViewCopyHandler.h"
 
 #include <QAction>
@@ -9,38 +10,23 @@
 #include <QClipboard>
 #include <QMenu>
 
-#include <benchmark/benchmark.h>
-
 namespace {
 
-constexpr int s_rows = 100000;
-constexpr int s_columns = 5;
+constexpr int s_copied = 5; // columns
 
-/// As in the other benchmarks of trees, the rows share a thousand texts.
-const QString &text(int row, int column)
+struct CopiedTree
 {
-    static const QStringList s_texts = [] {
-        QStringList list;
-        for (int i = 0; i < 1000; ++i)
-            list << QStringLiteral("step %1").arg(i * 7919 % 1000);
-        return list;
-    }();
-    return s_texts.at((row * 31 + column * 17) % s_texts.size());
-}
-
-struct Tree
-{
-    Tree()
+    CopiedTree()
     {
-        model.setColumnCount(s_columns);
+        model.setColumnCount(s_copied);
         QVector<BVTreeViewItem *> items;
         for (int row = 0; row < s_rows; ++row) {
             auto *item = new BVTreeViewItem;
-            for (int column = 0; column < s_columns; ++column)
+            for (int column = 0; column < s_copied; ++column)
                 item->setText(column, text(row, column));
             items << item;
         }
-        for (int column = 0; column < s_columns; ++column)
+        for (int column = 0; column < s_copied; ++column)
             model.setHeaderData(column, Qt::Horizontal, QStringLiteral("Column %1").arg(column));
         model.appendTopLevelItems(items);
         view.setModel(&model);
@@ -52,12 +38,6 @@ struct Tree
     BVTreeView view;
     QMenu menu;
 };
-
-Tree &tree()
-{
-    static auto *s_tree = new Tree; // outlives the application
-    return *s_tree;
-}
 
 QString joinedLists(const QAbstractItemModel &model)
 {
@@ -77,20 +57,25 @@ QString joinedLists(const QAbstractItemModel &model)
 
 void copyAllOurs(benchmark::State &state)
 {
-    QAction *copyAll = tree().menu.actions().constFirst();
+    CopiedTree tree;
+    QAction *copyAll = tree.menu.actions().constFirst();
     for (auto _ : state)
         copyAll->trigger();
-    if (QApplication::clipboard()->text() != joinedLists(tree().model))
+    if (QApplication::clipboard()->text() != joinedLists(tree.model))
         state.SkipWithError("the texts differ");
 }
-BENCHMARK(copyAllOurs)->Unit(benchmark::kMillisecond);
 
 void copyAllJoinedLists(benchmark::State &state)
 {
-    const BVTreeViewModel &model = tree().model;
+    const CopiedTree tree;
     for (auto _ : state)
-        QApplication::clipboard()->setText(joinedLists(model));
+        QApplication::clipboard()->setText(joinedLists(tree.model));
 }
-BENCHMARK(copyAllJoinedLists)->Unit(benchmark::kMillisecond);
 
 } // namespace
+
+void addCopyRows()
+{
+    RatioTable::add("copy all, 100,000 x 5 (joined string lists)", 0.45, copyAllOurs,
+                    copyAllJoinedLists);
+}

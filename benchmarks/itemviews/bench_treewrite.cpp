@@ -39,7 +39,7 @@ Ours::Item *addCheckable(Ours &tree, int count)
     return parent;
 }
 
-/// In delayed mode, what is pending is told each time.
+/// In delayed mode with all that leaving it costs where nobody listens: what is pending is dropped.
 template <bool isDelayed>
 void checkParent(benchmark::State &state)
 {

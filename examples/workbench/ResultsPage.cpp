@@ -123,7 +123,6 @@ void ResultsPage::setUpView()
     m_view->getCopyHandler()->setHtmlEnabled(true);
     m_view->getCopyHandler()->setIgnoredColumns({ResultsModel::Show});
     m_view->useCheckStateHeader(ResultsModel::Show, Qt::AlignLeft | Qt::AlignVCenter);
-    m_view->header()->setSectionsClickable(true);
     m_view->header()->setSortIndicator(ResultsModel::Result, Qt::AscendingOrder);
     m_view->setSortingEnabled(true);
     setColumnWidths();

@@ -19,6 +19,8 @@ void check(bool holds)
 
 qint64 sizeOf(const QVariant &value)
 {
+    if (value.userType() == QMetaType::QStringList)
+        return value.toStringList().join(QString()).size() * qint64(sizeof(ushort));
     if (value.userType() == QMetaType::QString)
         return value.toString().size() * qint64(sizeof(ushort));
     return value.userType() == QMetaType::QByteArray ? value.toByteArray().size() : 0;

@@ -37,7 +37,8 @@ static_assert(sizeof(void *) * 6 <= s_firstBlock, "a slab has six fields");
 
 BVBlockPool::Slab *BVBlockPool::slabOf(void *block)
 {
-    return reinterpret_cast<Slab *>(reinterpret_cast<uintptr_t>(block) & ~(s_alignment - 1));
+    const uintptr_t offset = reinterpret_cast<uintptr_t>(block) & (s_alignment - 1);
+    return reinterpret_cast<Slab *>(static_cast<char *>(block) - offset);
 }
 
 void BVBlockPool::open(Slab *slab)

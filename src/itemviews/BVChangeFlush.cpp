@@ -40,6 +40,12 @@ bool isRising(const std::vector<int> &rows)
 
 } // namespace
 
+BVChangeFlush::BVChangeFlush(BVTreeViewModel *model)
+    : m_model(model)
+    , m_columnShifts(model->m_columnShifts)
+{
+}
+
 bool BVChangeFlush::tell(const BVPendingGroup &group) const
 {
     const BVModelWatch watch(m_model, m_model->m_rootItem.get());
@@ -55,7 +61,7 @@ bool BVChangeFlush::tell(const BVPendingGroup &group) const
     if (!watch.isStructureKept())
         items = left(items, group);
     if (!m_model->m_sendItemsChangedImmediately && !items.isEmpty() && m_model->isHeard())
-        Q_EMIT m_model->itemsChanged(items, group.column, group.roles);
+        Q_EMIT m_model->itemsChanged(items, columnOf(group), group.roles);
     return watch.isModelAlive();
 }
 
@@ -123,10 +129,16 @@ int BVChangeFlush::tellRanges(const Rows &rows, const BVPendingGroup &group) con
 void BVChangeFlush::tellRange(int first, int last, BVTreeViewItem *parent,
                               const BVPendingGroup &group) const
 {
-    const bool all = group.column == BVTreeViewModel::s_allColumns;
-    const int lastColumn = all ? m_model->columnCount() - 1 : group.column;
+    const int column = columnOf(group);
+    const bool all = column == BVTreeViewModel::s_allColumns;
+    const int lastColumn = all ? m_model->columnCount() - 1 : column;
     if (lastColumn < 0 || lastColumn >= m_model->columnCount())
         return;
-    const QModelIndex top = m_model->createIndex(first, all ? 0 : group.column, parent);
+    const QModelIndex top = m_model->createIndex(first, all ? 0 : column, parent);
     Q_EMIT m_model->dataChanged(top, m_model->createIndex(last, lastColumn, parent), group.roles);
+}
+
+int BVChangeFlush::columnOf(const BVPendingGroup &group) const
+{
+    return m_model->columnSince(m_columnShifts, group.column);
 }

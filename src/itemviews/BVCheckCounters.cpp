@@ -3,9 +3,6 @@
 
 #include "itemviews/BVItemBranch_p.h"
 #include "itemviews/BVItemSpan_p.h"
-#include "itemviews/BVItemValues_p.h"
-#include "itemviews/BVTreeViewItem.h"
-#include "itemviews/BVTreeViewModel.h"
 
 #include <algorithm>
 #include <functional>
@@ -94,20 +91,6 @@ BVCheckCounters::Kind BVCheckCounters::kindOf(const QVariant *counts, const QVar
     return state ? State(*state).kind : Missing;
 }
 
-/// Nearly all are integers, which need no conversion.
-BVCheckCounters::State::State(const QVariant &value)
-    : isInt(value.userType() == QMetaType::Int)
-{
-    bool isNumber = isInt;
-    number = isInt ? *static_cast<const int *>(value.constData()) : value.toInt(&isNumber);
-    if (!value.isValid())
-        kind = Missing;
-    else if (isNumber && number == Qt::Unchecked)
-        kind = Unchecked;
-    else if (isNumber && number == Qt::Checked)
-        kind = Checked;
-}
-
 bool BVCheckCounters::isReliable(const BVTreeViewItem &item, int column)
 {
     return item.isPlain() && (!item.derivesCheckState() || countersOf(item, column));
@@ -175,19 +158,6 @@ BVCheckCounters::Change::~Change()
     --difference[m_before];
     ++difference[after];
     apply(parent, m_column, difference);
-}
-
-BVCheckCounters::Stored::Stored(const BVTreeViewItem &item, int column)
-{
-    if (!item.m_values)
-        return;
-    for (auto *value = item.m_values->columnBegin(column);
-         value != item.m_values->end() && value->column == column; ++value) {
-        if (value->role == BVTreeViewModel::CountsForParentCheckRole)
-            counts = &value->value;
-        else if (value->role == Qt::CheckStateRole)
-            state = &value->value;
-    }
 }
 
 void BVCheckCounters::recount(const BVTreeViewItem *parent, int column, const QVariant *counts,

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "itemviews/BVItemValues_p.h"
+#include "itemviews/BVTreeViewModel.h"
+
 #include <QVariant>
 
 #include <array>
 #include <vector>
 
 class BVItemSpan;
-class BVTreeViewItem;
 
 /// How many children of an item have which check state, by column.
 ///
@@ -97,3 +99,31 @@ private:
 
     std::vector<Column> m_columns;
 };
+
+/// Nearly all are integers, which need no conversion.
+inline BVCheckCounters::State::State(const QVariant &value)
+    : isInt(value.userType() == QMetaType::Int)
+{
+    bool isNumber = isInt;
+    number = isInt ? *static_cast<const int *>(value.constData()) : value.toInt(&isNumber);
+    if (!isInt && !value.isValid())
+        kind = Missing;
+    else if (isNumber && number == Qt::Unchecked)
+        kind = Unchecked;
+    else if (isNumber && number == Qt::Checked)
+        kind = Checked;
+}
+
+inline BVCheckCounters::Stored::Stored(const BVTreeViewItem &item, int column)
+{
+    if (!item.m_values)
+        return;
+    const BVItemValues::Value *const end = item.m_values->end();
+    for (auto *value = item.m_values->columnBegin(column); value != end && value->column == column;
+         ++value) {
+        if (value->role == BVTreeViewModel::CountsForParentCheckRole)
+            counts = &value->value;
+        else if (value->role == Qt::CheckStateRole)
+            state = &value->value;
+    }
+}

@@ -2,6 +2,7 @@
 #include "itemviews/BVCheckPush_p.h"
 
 #include "itemviews/BVItemValues_p.h"
+#include "itemviews/BVTreeViewModel.h"
 
 void BVTreeViewItem::PushDown::write(BVTreeViewItem *child)
 {
@@ -26,10 +27,18 @@ bool BVTreeViewItem::PushDown::writeStored(BVTreeViewItem *child)
         return true;
     BVCheckCounters::recount(child->m_parent, column, stored.counts, before.kind, after.kind);
     *state = value;
-    if (child->m_model) {
-        dropFlag();
-        child->announce(column, Qt::CheckStateRole);
-        restoreFlag();
-    }
+    if (child->m_model)
+        announce(child);
     return true;
+}
+
+void BVTreeViewItem::PushDown::announce(BVTreeViewItem *child)
+{
+    if (child->m_model->callsNobody()) { // who could see this item's flag
+        child->m_model->notify(child, column, checkStateRoles());
+        return;
+    }
+    dropFlag();
+    child->announce(column, Qt::CheckStateRole);
+    restoreFlag();
 }

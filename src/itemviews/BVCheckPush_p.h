@@ -19,22 +19,31 @@ struct BVTreeViewItem::PushDown
     {
         s_pushDowns = this;
     }
-    ~PushDown() { s_pushDowns = outer; }
+    ~PushDown()
+    {
+        restoreFlag(); // where a write has thrown
+        s_pushDowns = outer;
+    }
     PushDown(const PushDown &) = delete;
     PushDown &operator=(const PushDown &) = delete;
 
     void write(BVTreeViewItem *child);
     /// The short way where a write can do no more than to store the state. False if it may.
     bool writeStored(BVTreeViewItem *child);
+    void announce(BVTreeViewItem *child);
+    // Either gives the item another state, in all columns.
     void dropFlag()
     {
         holdsFlag = item->m_flags & Qt::ItemIsAutoTristate;
         item->m_flags &= ~Qt::ItemIsAutoTristate;
+        BVCheckCounters::forget(item->m_parent);
     }
     void restoreFlag()
     {
-        if (item && holdsFlag)
+        if (item && holdsFlag) {
             item->m_flags |= Qt::ItemIsAutoTristate;
+            BVCheckCounters::forget(item->m_parent);
+        }
         holdsFlag = false;
     }
 

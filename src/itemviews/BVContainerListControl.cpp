@@ -6,13 +6,17 @@
 #include "itemviews/BVListToolBar_p.h"
 #include "itemviews/BVPlannelData_p.h"
 #include "itemviews/BVTreeItemMove_p.h"
+#include "itemviews/BVTreeItems_p.h"
 
 #include <QAction>
 #include <QActionEvent>
 #include <QDropEvent>
+#include <QMetaMethod>
 #include <QMimeData>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <utility>
 
 BVContainerListControl::BVContainerListControl(QWidget *parent)
     : BVContainerListControl(parent, nullptr, false)
@@ -30,6 +34,7 @@ BVContainerListControl::BVContainerListControl(QWidget *parent, BVDragTreeWidget
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_tree);
+    m_tree->setAcceptDrops(false);
     setFocusProxy(m_tree);
     if (showToolBar)
         makeToolBar();
@@ -227,25 +232,23 @@ void BVContainerListControl::removeTopLevelItem(int index)
 
 QList<QTreeWidgetItem *> BVContainerListControl::selectedRows() const
 {
-    return m_tree ? BVTreeItemMove(m_tree->selectedItems()).rows() : QList<QTreeWidgetItem *>();
+    return m_tree ? BVTreeItemMove(m_tree->selectedItems()).items() : QList<QTreeWidgetItem *>();
 }
 
 /// The row in front of which rows of one parent are to be moved so that they pass one other; -1 if
 /// there is none or they have several parents.
 int BVContainerListControl::stepTarget(const QList<QTreeWidgetItem *> &rows, bool up) const
 {
-    if (rows.isEmpty())
+    if (rows.isEmpty() || BVTreeItemMove::isSorted(m_tree))
         return -1;
     const QTreeWidgetItem *parent = rows.constFirst()->parent();
     for (const QTreeWidgetItem *row : rows)
         if (row->parent() != parent)
             return -1;
-    if (!parent)
-        parent = m_tree->invisibleRootItem();
     if (up)
-        return parent->indexOfChild(rows.constFirst()) - 1;
-    const int behind = parent->indexOfChild(rows.constLast()) + 2;
-    return behind <= parent->childCount() ? behind : -1;
+        return m_tree->indexFromItem(rows.constFirst()).row() - 1;
+    const int behind = m_tree->indexFromItem(rows.constLast()).row() + 2;
+    return behind <= BVTreeItems::parentOf(rows.constLast())->childCount() ? behind : -1;
 }
 
 void BVContainerListControl::step(bool up)
@@ -281,25 +284,18 @@ void BVContainerListControl::rename()
 
 void BVContainerListControl::removeSelected()
 {
-    const QList<QTreeWidgetItem *> rows = selectedRows();
-    if (rows.isEmpty())
+    if (!m_tree)
         return;
-    QList<QPersistentModelIndex> indexes;
-    for (QTreeWidgetItem *row : rows)
-        indexes.append(m_tree->indexFromItem(row));
+    const BVTreeItemMove selected(m_tree->selectedItems());
+    if (selected.items().isEmpty())
+        return;
+    const Rows rows = selected.rows();
     const QPointer<BVContainerListControl> guard(this);
     bool remove = true;
-    Q_EMIT sigItemsAboutToBeRemoved(rows, &remove);
-    if (guard && m_tree && remove)
-        removeRows(indexes);
-}
-
-void BVContainerListControl::removeRows(const QList<QPersistentModelIndex> &indexes)
-{
-    const QPointer<BVContainerListControl> guard(this);
-    for (const QPersistentModelIndex &index : indexes)
-        if (guard && m_tree)
-            delete m_tree->itemFromIndex(index);
+    Q_EMIT sigItemsAboutToBeRemoved(selected.items(), &remove);
+    if (!guard || !m_tree || !remove)
+        return;
+    BVTreeItems::remove(m_tree, rows);
     if (guard)
         selectCurrent();
     if (guard)
@@ -320,6 +316,7 @@ void BVContainerListControl::setDragAndDropEnabled(bool enable)
     m_dragAndDropEnabled = enable && m_tree;
     if (!m_tree)
         return;
+    m_tree->setAcceptDrops(enable);
     m_tree->setDragEnabled(enable);
     if (enable)
         watchManager(m_tree->initDragAndDropManager());
@@ -361,15 +358,13 @@ void BVContainerListControl::prepareDrag(const QModelIndexList &rows, QMimeData 
     mime.setData(BVPlannelData::format(), BVPlannelData::encode(values));
 }
 
-/// The dragged rows if a control in this process is their source.
-QList<QTreeWidgetItem *> BVContainerListControl::draggedItems(const DragDropInfo &info)
+/// The place that the manager is going to show.
+QModelIndex BVContainerListControl::dropParentAt(const QPoint &pos) const
 {
-    const BVContainerListControl *source = controlOf(info.source);
-    QList<QTreeWidgetItem *> items;
-    if (source && source->m_dragAndDropEnabled)
-        for (const QModelIndex &index : info.draggedIndexes)
-            items.append(source->m_tree->itemFromIndex(index));
-    return items;
+    const QModelIndex target = m_tree->indexAt(pos);
+    const DropIndicatorPosition position = BVDropRules::positionAt(
+        m_tree, pos, target, m_manager->isDragWholeRow(), m_manager->getUseMoveVisualizationLine());
+    return BVDropRules::dropParent(target, position, m_tree->rootIndex());
 }
 
 /// Whether the move is refused. The manager still shows the last place that was not.
@@ -377,10 +372,12 @@ bool BVContainerListControl::refuseMove(QDragMoveEvent *event)
 {
     if (!m_dragAndDropEnabled)
         return false;
-    const QModelIndex target = m_tree->indexAt(event->pos());
-    const auto position = m_manager->advancedDropIndicatorPosition(event->pos(), target);
-    QTreeWidgetItem *parent = m_tree->itemFromIndex(BVDropRules::dropParent(target, position, m_tree->rootIndex()));
-    if (mayDrop(draggedItems(m_manager->getDragAndDropInfo()), parent))
+    const QModelIndex parent = dropParentAt(event->pos());
+    const DragDropInfo info = m_manager->getDragAndDropInfo();
+    const bool isPossible = controlOf(info.source)
+                                ? !BVTreeItems::isInBranches(parent, info.draggedIndexes)
+                                : agreeToCopy(event, info);
+    if (isPossible && mayDrop(m_tree->itemFromIndex(parent)))
         return false;
     event->ignore();
     return true;
@@ -388,29 +385,54 @@ bool BVContainerListControl::refuseMove(QDragMoveEvent *event)
 
 void BVContainerListControl::onDrop(QDropEvent *event)
 {
-    if (!m_dragAndDropEnabled || takeDrop(event->mimeData(), m_manager->getDragAndDropInfo()))
+    if (!m_dragAndDropEnabled || takeDrop(event, m_manager->getDragAndDropInfo()))
         return;
     event->setDropAction(Qt::IgnoreAction);
     event->ignore();
 }
 
-bool BVContainerListControl::takeDrop(const QMimeData *mime, const DragDropInfo &info)
+bool BVContainerListControl::takeDrop(QDropEvent *event, const DragDropInfo &info)
 {
-    QTreeWidgetItem *parent = m_tree->itemFromIndex(info.dropParent());
-    if (controlOf(info.source))
-        return moveHere(draggedItems(info), parent, info.dropRow());
+    const BVContainerListControl *source = controlOf(info.source);
+    if (!source)
+        return takeValues(event, info);
+    const Rows dragged(info.draggedIndexes.cbegin(), info.draggedIndexes.cend());
+    return source->m_dragAndDropEnabled &&
+           moveHere(BVTreeItems::itemsOf(dragged), m_tree->itemFromIndex(info.dropParent()),
+                    info.dropRow());
+}
+
+bool BVContainerListControl::takeValues(QDropEvent *event, const DragDropInfo &info)
+{
     QVariantList values;
-    if (!mime || !BVPlannelData::decode(mime->data(BVPlannelData::format()), &values) ||
-        !mayDrop({}, parent))
+    if (!event->mimeData() || !agreeToCopy(event, info) ||
+        !BVPlannelData::decode(event->mimeData()->data(BVPlannelData::format()), &values))
         return false;
-    Q_EMIT sigValuesDropped(values, parent, info.dropRow());
+    QTreeWidgetItem *parent = m_tree->itemFromIndex(info.dropParent());
+    const BVTreeItems::Place place(parent ? parent : m_tree->invisibleRootItem(), info.dropRow());
+    if (!mayDrop(parent) || !place.parent())
+        return false;
+    Q_EMIT sigValuesDropped(values, parent, place.row());
     return true;
 }
 
-bool BVContainerListControl::mayDrop(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent)
+/// Values are copies of rows that stay where they are, and somebody has to make rows of them. Views
+/// of this process leave their rows alone whatever has become of a drag.
+bool BVContainerListControl::agreeToCopy(QDropEvent *event, const DragDropInfo &info) const
+{
+    const bool canCopy = event->possibleActions() & Qt::CopyAction;
+    if (!(canCopy || info.source) ||
+        !isSignalConnected(QMetaMethod::fromSignal(&BVContainerListControl::sigValuesDropped)))
+        return false;
+    if (canCopy)
+        event->setDropAction(Qt::CopyAction);
+    return true;
+}
+
+bool BVContainerListControl::mayDrop(QTreeWidgetItem *parent)
 {
     const QTreeWidgetItem *target = parent ? parent : m_tree->invisibleRootItem();
-    if (!(target->flags() & Qt::ItemIsDropEnabled) || !BVTreeItemMove(items).isAllowed(target))
+    if (!(target->flags() & Qt::ItemIsDropEnabled))
         return false;
     const QPointer<BVContainerListControl> guard(this);
     bool mayDrop = true;
@@ -418,22 +440,40 @@ bool BVContainerListControl::mayDrop(const QList<QTreeWidgetItem *> &items, QTre
     return guard && m_tree && mayDrop;
 }
 
+/// The slots that are asked may delete rows.
 bool BVContainerListControl::moveHere(const QList<QTreeWidgetItem *> &items,
                                       QTreeWidgetItem *parent, int row)
 {
-    const QList<QTreeWidgetItem *> rows = BVTreeItemMove(items).rows();
-    if (rows.isEmpty() || !mayDrop(rows, parent))
+    QTreeWidgetItem *target = parent ? parent : m_tree->invisibleRootItem();
+    const BVTreeItemMove planned(items);
+    if (planned.items().isEmpty() || !planned.isAllowed(target))
         return false;
-    const QPointer<BVContainerListControl> source = controlOf(rows.constFirst()->treeWidget());
+    const BVTreeItems::Place place(target, row);
+    Rows rows = planned.rows();
+    const QPointer<BVContainerListControl> source =
+        controlOf(planned.items().constFirst()->treeWidget());
+    if (!mayDrop(parent) || !place.parent())
+        return false;
     const QPointer<BVContainerListControl> guard(this);
-    if (!m_tree->moveItems(rows, parent, row))
-        return false;
-    const bool isTakenOver = source && source != this;
-    if (isTakenOver)
+    const BVTreeItemMove move(BVTreeItems::itemsOf(std::exchange(rows, {})));
+    const Rows moved = m_tree->moveRows(move, place.parent(), place.row());
+    if (guard && !moved.isEmpty())
+        tellOfMove(moved, source);
+    return !moved.isEmpty();
+}
+
+/// So may those that are told.
+void BVContainerListControl::tellOfMove(const Rows &rows, QPointer<BVContainerListControl> source)
+{
+    const QPointer<BVContainerListControl> guard(this);
+    if (source == this)
+        source.clear();
+    if (source)
         source->selectCurrent();
-    if (guard)
-        Q_EMIT sigItemsDropped(rows, parent);
-    if (guard && isTakenOver && source)
-        Q_EMIT source->sigItemsTakenOver(rows, this);
-    return true;
+    const QList<QTreeWidgetItem *> dropped = BVTreeItems::itemsOf(rows);
+    if (guard && !dropped.isEmpty())
+        Q_EMIT sigItemsDropped(dropped, dropped.constFirst()->parent());
+    const QList<QTreeWidgetItem *> gone = BVTreeItems::itemsOf(rows);
+    if (guard && source && !gone.isEmpty())
+        Q_EMIT source->sigItemsTakenOver(gone, this);
 }

@@ -29,12 +29,20 @@ class QTreeWidgetItem;
 /// before, behind and on the rows of this control, in this or another one in the same process,
 /// wherever the row that is to become their parent takes drops and sigItemDragEnter() does not
 /// refuse it. They are moved, whatever action the user's keys propose: with their branches, data
-/// and check states, never below themselves. Alt with the arrow keys moves them the same way. The
-/// drag carries "application/bvplannel" data: in a stream of version Qt_5_15 the number of rows
+/// and check states, never below themselves. Alt with the arrow keys moves them the same way. In a
+/// sorted tree the sorting keeps rows of one parent in order; they cannot be moved among
+/// themselves.
+///
+/// The drag carries "application/bvplannel" data: in a stream of version Qt_5_15 the number of rows
 /// (int) and then, in the order in which they are shown, the value of role Qt::UserRole of each
-/// row's first column (QVariant; invalid unless it is a bool, an int, a uint, a qlonglong, a
-/// qulonglong, a double, a QString, a QByteArray or a QUuid). Such data from elsewhere is not
-/// turned into rows; sigValuesDropped() hands over what it says. Data that is not sound is refused.
+/// row's first column (QVariant). Values travel that are a bool, an int, a uint, a qlonglong, a
+/// qulonglong, a float, a double, a QChar, a QString, a QStringList, a QByteArray, a QUuid, a
+/// QDate, a QTime, a QDateTime (of a time zone: as the offset from UTC), a QSize, a QPoint, a QRect
+/// or a QColor (as RGB); others arrive as invalid ones.
+///
+/// Such data from elsewhere is not turned into rows; sigValuesDropped() hands over what it says, if
+/// anything is connected to it. It is a copy: rows that another process would have to move away are
+/// not taken. Data that is not sound is refused.
 class BVWIDGETS_EXPORT BVContainerListControl : public QFrame
 {
     Q_OBJECT
@@ -71,7 +79,7 @@ public:
     /// On at first.
     bool isToolBarEnabled() const { return m_toolBarEnabled; }
     void setToolBarEnabled(bool enable);
-    /// Whether rows can be dragged and dropped. Off at first.
+    /// Whether rows can be dragged and dropped; the tree takes no drops without. Off at first.
     bool isDragAndDropEnabled() const { return m_dragAndDropEnabled; }
     void setDragAndDropEnabled(bool enable);
     /// Whether several rows can be selected. The tree decides at first.
@@ -107,13 +115,13 @@ Q_SIGNALS:
     /// sets @p mayDrop to false refuses it.
     void sigItemDragEnter(QTreeWidgetItem *target, bool *mayDrop);
     /// Rows of this control or of another one have been moved to become children of @p parent (null
-    /// for the top level) here, by a drop, a key or the tool bar.
+    /// for the top level) here, by a drop, a key or the tool bar. Like sigItemsTakenOver() without
+    /// those that other slots have deleted meanwhile.
     void sigItemsDropped(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent);
     /// Rows of this control have been moved to another one.
     void sigItemsTakenOver(const QList<QTreeWidgetItem *> &items, BVContainerListControl *target);
     /// Rows from elsewhere have been dropped, which have these values. They are meant to stand
-    /// below
-    /// @p parent (null for the top level) in @p row (-1 for the end).
+    /// below @p parent (null for the top level) in @p row (-1 for the end).
     void sigValuesDropped(const QVariantList &values, QTreeWidgetItem *parent, int row);
     /// The user wants these rows to go. A slot that sets @p remove to false keeps them or removes
     /// them itself.
@@ -124,6 +132,8 @@ protected:
     void actionEvent(QActionEvent *event) override;
 
 private:
+    using Rows = QList<QPersistentModelIndex>;
+
     void makeToolBar();
     void watchRows();
     void updateActions();
@@ -132,16 +142,18 @@ private:
     int stepTarget(const QList<QTreeWidgetItem *> &rows, bool up) const;
     void step(bool up);
     bool isRenamable(const QTreeWidgetItem *item) const;
-    void removeRows(const QList<QPersistentModelIndex> &indexes);
     void selectCurrent();
     void watchManager(BVDragAndDropManager *manager);
-    bool mayDrop(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent);
+    bool mayDrop(QTreeWidgetItem *parent);
     bool moveHere(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent, int row);
+    void tellOfMove(const Rows &rows, QPointer<BVContainerListControl> source);
     void prepareDrag(const QModelIndexList &rows, QMimeData &mime, QModelIndexList &dragged) const;
+    QModelIndex dropParentAt(const QPoint &pos) const;
     bool refuseMove(QDragMoveEvent *event);
     void onDrop(QDropEvent *event);
-    bool takeDrop(const QMimeData *mime, const DragDropInfo &info);
-    static QList<QTreeWidgetItem *> draggedItems(const DragDropInfo &info);
+    bool takeDrop(QDropEvent *event, const DragDropInfo &info);
+    bool takeValues(QDropEvent *event, const DragDropInfo &info);
+    bool agreeToCopy(QDropEvent *event, const DragDropInfo &info) const;
 
     QPointer<BVDragTreeWidget> m_tree;
     BVListToolBar *m_toolBar = nullptr;             // child of this; null without a tool bar

@@ -6,19 +6,21 @@
 #include "itemviews/BVDragHint_p.h"
 #include "itemviews/BVDragHost_p.h"
 #include "itemviews/BVDragKeys_p.h"
+#include "itemviews/BVDragMoves_p.h"
 #include "itemviews/BVDragPixmap_p.h"
+#include "itemviews/BVDragPress_p.h"
 #include "itemviews/BVDragSource_p.h"
 #include "itemviews/BVDropListeners_p.h"
 #include "itemviews/BVDropPainter_p.h"
 #include "itemviews/BVDropRules_p.h"
+#include "itemviews/BVDropRun_p.h"
 #include "itemviews/BVDropTarget_p.h"
 #include "itemviews/BVRegisteredDropWidgets_p.h"
+#include "itemviews/BVShownColumns_p.h"
 
-#include <QApplication>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QScrollBar>
 
 #include <algorithm>
 
@@ -42,6 +44,9 @@ BVDragAndDropManager::BVDragAndDropManager(QTreeView *view)
     , m_target(std::make_unique<BVDropTarget>(view))
     , m_hint(std::make_unique<BVDragHint>(view ? view->viewport() : nullptr))
     , m_keys(std::make_unique<BVDragKeys>(this))
+    , m_press(std::make_unique<BVDragPress>())
+    , m_moves(
+          std::make_unique<BVDragMoves>(view, [this](QDragMoveEvent *event) { repeatMove(event); }))
     , m_dropListeners(std::make_unique<BVDropListeners>())
     , m_registered(std::make_unique<BVRegisteredDropWidgets>(this))
 {
@@ -50,13 +55,15 @@ BVDragAndDropManager::BVDragAndDropManager(QTreeView *view)
     view->installEventFilter(this);
     view->viewport()->installEventFilter(this);
     view->viewport()->setMouseTracking(true); // the hint makes way for the pointer
-    for (const QScrollBar *bar : {view->verticalScrollBar(), view->horizontalScrollBar()})
-        connect(bar, &QScrollBar::valueChanged, this, &BVDragAndDropManager::onScrolled);
     if (QWidget *mainWindow = Brimvale::mainWindow())
         mainWindow->installEventFilter(this);
 }
 
-BVDragAndDropManager::~BVDragAndDropManager() = default;
+BVDragAndDropManager::~BVDragAndDropManager()
+{
+    if (m_dragState != NoDrag)
+        BVDragHost::tellState(getTreeView(), NoDrag);
+}
 
 BVDragAndDropManager *BVDragAndDropManager::managerOf(const QTreeView *view)
 {
@@ -143,9 +150,8 @@ void BVDragAndDropManager::setDragState(DragState state)
 /// A drag is no longer over the view.
 void BVDragAndDropManager::tidyUp()
 {
-    m_lastMove = LastMove();
-    if (getTreeView())
-        getTreeView()->viewport()->update();
+    m_moves->forget();
+    resetTarget();
     const QPointer<BVDragAndDropManager> guard(this);
     tellAutoScroll(false);
     if (guard)
@@ -157,18 +163,20 @@ void BVDragAndDropManager::tidyUp()
 bool BVDragAndDropManager::eventFilter(QObject *watched, QEvent *event)
 {
     const QTreeView *view = getTreeView();
-    if (managerOf(view) != this)
-        return false; // the view dies, or has another one
+    const bool isAtWork = managerOf(view) == this; // else the view dies, or has another one
     if (event->type() == RegisterDragAndDropWidgetEvent::s_customEventType) {
-        m_registered->handle(*static_cast<RegisterDragAndDropWidgetEvent *>(event));
-        return watched == view;
+        const auto &registration = *static_cast<RegisterDragAndDropWidgetEvent *>(event);
+        if (isAtWork || registration.deregister())
+            m_registered->handle(registration);
+        return false; // for other managers, too
     }
+    if (!isAtWork)
+        return false;
     if (watched == view)
         return handleViewEvent(event);
     if (watched == view->viewport())
         return handleViewportEvent(event);
-    return BVDragSource::running() == m_source.get() &&
-           m_registered->handle(watched, event, BVDragSource::runningInfo());
+    return false;
 }
 
 bool BVDragAndDropManager::handleViewEvent(QEvent *event)
@@ -184,16 +192,21 @@ bool BVDragAndDropManager::handleViewEvent(QEvent *event)
 
 bool BVDragAndDropManager::handleViewportEvent(QEvent *event)
 {
+    const QPointer<BVDragAndDropManager> guard(this);
+    if (m_press->endsDrag(event)) {
+        BVDragHost::endPress(getTreeView());
+        return true;
+    }
     if (!getTreeView()->dragEnabled()) {
-        if (m_dragState != NoDrag) // it has just been disabled
-            endDrag();
-        return event->type() == QEvent::MouseMove; // the view knows drags and rubber bands, too
+        leaveDisabled(event);
+        // The view knows drags and rubber bands, too.
+        return !guard || event->type() == QEvent::MouseMove;
     }
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         return processMousePressEvent(static_cast<QMouseEvent *>(event));
     case QEvent::MouseButtonRelease:
-        m_isPressed = false;
+        m_press->end();
         m_hint->finish();
         return false;
     case QEvent::MouseMove:
@@ -228,13 +241,13 @@ bool BVDragAndDropManager::handleViewportEvent(QEvent *event)
 bool BVDragAndDropManager::processMousePressEvent(QMouseEvent *event)
 {
     const QPointer<BVDragAndDropManager> guard(this);
-    if (consumes(m_mousePressedCallback, event))
+    if (event->button() == Qt::LeftButton)
+        m_press->end();
+    if (consumes(m_mousePressedCallback, event) || !guard || !getTreeView())
         return true;
-    if (guard && event->button() == Qt::LeftButton) {
-        m_pressPosition = event->pos();
-        m_isPressed = true;
-    }
-    return !guard;
+    if (event->button() == Qt::LeftButton)
+        m_press->begin(getTreeView(), event);
+    return false;
 }
 
 void BVDragAndDropManager::processMouseMoveEvent(QMouseEvent *event)
@@ -244,19 +257,18 @@ void BVDragAndDropManager::processMouseMoveEvent(QMouseEvent *event)
     const QPointer<BVDragAndDropManager> guard(this);
     if (consumes(m_mouseMoveCallback, event) || !guard || !getTreeView())
         return;
-    const QItemSelectionModel *selection = getTreeView()->selectionModel();
-    if (!(event->buttons() & Qt::LeftButton) || !getTreeView()->model() || !selection ||
-        !selection->hasSelection() || !m_isPressed)
-        return;
-    // One pixel earlier than the toolkit.
-    if ((m_pressPosition - event->pos()).manhattanLength() < QApplication::startDragDistance() - 1)
-        return;
-    m_isPressed = false;
+    if (event->buttons() & Qt::LeftButton && m_press->becomesDrag(event))
+        startDrag();
+}
+
+void BVDragAndDropManager::startDrag()
+{
     const QModelIndexList rows = BVDropRules::draggableRows(getTreeView(), m_dragWholeRow);
     if (rows.isEmpty())
         return;
     m_hint->setActive();
     m_hint->startAnimation(true);
+    m_press->setDragged();
     m_source->runWithMouse(rows);
 }
 
@@ -267,7 +279,7 @@ QPixmap BVDragAndDropManager::renderToPixmap(const QModelIndexList &rows) const
         return QPixmap();
     const auto callback = m_getViewOptionsCallback;
     const BVDragPixmap picture(view, callback ? callback() : BVDragPixmap::optionsOf(view));
-    const QVector<int> columns = BVDragPixmap::visibleColumns(view);
+    const QVector<int> columns = BVShownColumns::all(*view->header());
     const int first = qMax(columns.indexOf(m_dragVisualizationColumn), 0);
     return picture.renderToPixmap(rows, m_renderAllColumns ? columns : columns.mid(first, 1));
 }
@@ -276,11 +288,35 @@ QPixmap BVDragAndDropManager::renderToPixmap(const QModelIndexList &rows) const
 void BVDragAndDropManager::endDrag()
 {
     m_hint->finish();
-    resetTarget();
     tidyUp();
 }
 
+void BVDragAndDropManager::retire()
+{
+    m_press->end();
+    endDrag();
+}
+
 // Dragging over
+
+/// Dragging may have been disabled during a drag.
+void BVDragAndDropManager::leaveDisabled(const QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::DragLeave:
+    case QEvent::Drop:
+        if (m_dragState != NoDrag)
+            endDrag();
+        break;
+    default: // callbacks are not for painting
+        break;
+    }
+}
 
 bool BVDragAndDropManager::isAccepted(const QMimeData *mime) const
 {
@@ -335,10 +371,32 @@ BVDragAndDropManager::advancedDropIndicatorPosition(const QPoint &pos,
 
 void BVDragAndDropManager::processDragMoveEvent(QDragMoveEvent *event)
 {
-    m_hint->updateMouseOver(event->pos());
-    m_lastMove = {event->pos(), event->possibleActions(), event->mimeData()};
+    m_moves->note(getTreeView(), *event);
     const QPointer<BVDragAndDropManager> guard(this);
-    if (!consumes(m_dragMoveCallback, event) && guard && getTreeView())
+    handleMove(event);
+    if (guard)
+        m_moves->setRefused(m_target->isRefused());
+}
+
+/// Under a pointer at rest there is another row now. The pointer goes on to show what it did.
+void BVDragAndDropManager::repeatMove(QDragMoveEvent *event)
+{
+    if (m_dragState != Dragging || !getTreeView())
+        return;
+    const QPointer<BVDragAndDropManager> guard(this);
+    handleMove(event);
+    if (guard && getTreeView() && m_moves->isRefused())
+        m_target->setRefused(true);
+}
+
+void BVDragAndDropManager::handleMove(QDragMoveEvent *event)
+{
+    m_hint->updateMouseOver(event->pos());
+    const QPointer<BVDragAndDropManager> guard(this);
+    const bool isConsumed = consumes(m_dragMoveCallback, event);
+    if (guard && getTreeView())
+        m_target->setRefused(isConsumed && !event->isAccepted());
+    if (guard && getTreeView() && !isConsumed)
         followDrag(event);
     if (guard && getTreeView())
         updateAutoScroll(event->pos());
@@ -349,11 +407,8 @@ void BVDragAndDropManager::followDrag(QDragMoveEvent *event)
     const QPersistentModelIndex target = getDropTarget(event->pos());
     if (!announceTarget(target, event))
         return;
-    const QRect rect = m_target->rectOf(target, m_dragWholeRow);
-    const DropIndicatorPosition position =
-        m_useMoveVisualizationLine ? advancedDropIndicatorPosition(event->pos(), target)
-        : target.isValid()         ? dropIndicatorPosition(event->pos(), rect, target)
-                                   : DropIndicatorPosition::OnViewport;
+    const DropIndicatorPosition position = BVDropRules::positionAt(
+        getTreeView(), event->pos(), target, m_dragWholeRow, m_useMoveVisualizationLine);
     setDragAndDropTargetInfo(target, position, event->proposedAction());
     event->accept();
 }
@@ -377,9 +432,10 @@ void BVDragAndDropManager::setDragAndDropTargetInfo(const QModelIndex &target,
                                                     DropIndicatorPosition position,
                                                     Qt::DropAction action)
 {
-    m_target->set(target, m_target->rectOf(target, m_dragWholeRow), position, action,
-                  m_usePreview || m_useMoveVisualizationLine);
-    if (getSecondTreeView())
+    const QRect rect = BVDropRules::targetRect(getTreeView(), target, m_dragWholeRow);
+    const bool isChanged =
+        m_target->set(target, rect, position, action, m_usePreview || m_useMoveVisualizationLine);
+    if (isChanged && getSecondTreeView())
         getSecondTreeView()->viewport()->update();
 }
 
@@ -388,16 +444,6 @@ void BVDragAndDropManager::resetTarget()
     m_target->reset();
     if (getSecondTreeView())
         getSecondTreeView()->viewport()->update();
-}
-
-/// Under a pointer at rest there is another row now.
-void BVDragAndDropManager::onScrolled()
-{
-    if (m_dragState != Dragging || !m_lastMove.mime || !getTreeView())
-        return;
-    QDragMoveEvent again(m_lastMove.pos, m_lastMove.actions, m_lastMove.mime, Qt::LeftButton,
-                         QApplication::keyboardModifiers());
-    processDragMoveEvent(&again);
 }
 
 void BVDragAndDropManager::updateAutoScroll(const QPoint &pos)
@@ -417,56 +463,27 @@ void BVDragAndDropManager::processDragLeaveEvent(QDragLeaveEvent *event)
 {
     const QPointer<BVDragAndDropManager> guard(this);
     consumes(m_dragLeaveCallback, event);
-    if (guard && getDropIndex().isValid())
-        Q_EMIT sigDropTargetChanged(QModelIndex(), getDropIndex());
+    const QPersistentModelIndex previous = guard ? getDropIndex() : QModelIndex();
+    if (previous.isValid())
+        Q_EMIT sigDropTargetChanged(QModelIndex(), previous);
     if (!guard || !getTreeView())
         return;
-    resetTarget();
     if (BVDragSource::running() != m_source.get()) // else the hint stays until the drag ends
         m_hint->finish();
     tidyUp();
 }
 
-// Dropping
-
 void BVDragAndDropManager::processDropEvent(QDropEvent *event)
 {
-    const QPointer<BVDragAndDropManager> guard(this);
-    m_hint->finish();
-    m_target->setAction(event->proposedAction());
-    if (!consumes(m_dropCallback, event) && guard) {
-        event->accept();
-        const DragDropInfo info = getDragAndDropInfo();
-        Q_EMIT sigDropEvent(event);
-        if (guard) {
-            resetTarget();
-            notifyListeners(info);
-        }
-    }
-    if (BVDragSource *source = BVDragSource::running())
-        source->clearDraggedIndexes();
-    if (guard)
-        tidyUp();
-}
-
-/// Listeners may remove rows and themselves.
-void BVDragAndDropManager::notifyListeners(DragDropInfo info)
-{
-    const QPointer<BVDragAndDropManager> guard(this);
-    const auto refreshed = [this, &info] {
-        info.draggedIndexes = BVDragSource::runningInfo().draggedIndexes;
-        return info;
-    };
-    m_dropListeners->notify(this, refreshed);
-    if (guard)
-        m_registered->notify(refreshed);
+    BVDropRun(this).run(event);
 }
 
 // Painting
 
 bool BVDragAndDropManager::hasTarget() const
 {
-    return getTreeView() && getTreeView()->model() && m_target->action() != Qt::IgnoreAction;
+    return getTreeView() && getTreeView()->model() && getTreeView()->dragEnabled() &&
+           m_target->action() != Qt::IgnoreAction && !m_target->isRefused() && !m_target->isLost();
 }
 
 void BVDragAndDropManager::paintDropTargetItemPreview(QPainter *painter)

@@ -16,6 +16,8 @@
 
 class BVDragHint;
 class BVDragKeys;
+class BVDragMoves;
+class BVDragPress;
 class BVDragSource;
 class BVDropListeners;
 class BVDropTarget;
@@ -37,9 +39,14 @@ class QPainter;
 /// enabled on the view (setDragEnabled()); the view has to accept drops. That of a BVTreeView works
 /// only while the view has it (setDragAndDropManager()), so that there is one at most.
 ///
-/// **Dragging.** Rows that are selected and whose flags hold Qt::ItemIsDragEnabled are dragged.
+/// **Dragging.** Rows that are selected and whose flags hold Qt::ItemIsDragEnabled are dragged, if
+/// the left button has been pressed on any row, but not on the branches in front of it. A press
+/// gets one chance: once it has come to nothing, as no such row was selected or a callback has
+/// consumed it, no later move drags. The release that follows a drag is no click.
+///
 /// sigPrepareDrag lets the owner fill the mime data. Rows are sorted from top to bottom, one index
-/// each. Where the owner notes no dragged indexes, these rows are the dragged indexes.
+/// each. Where the owner notes no dragged indexes, these rows are the dragged indexes. The view is
+/// also the source that the toolkit tells of; if it dies, the drag is cancelled.
 ///
 /// **Acceptance.** A view takes drags that carry one of its accepted formats, wherever they come
 /// from. Without accepted formats it takes those that come from itself or the second tree view and
@@ -48,7 +55,9 @@ class QPainter;
 /// **Dropping.** The manager moves no rows: sigDropEvent (or the drop callback instead of it) does,
 /// with what getDragAndDropInfo() tells. The target is on a cell, above or below it, or, on no
 /// cell, behind everything; DragDropInfo::dropParent() and dropRow() put that into a model's words.
-/// The drop listeners follow, first the functions, then the filters of registered widgets. All may
+/// It goes with the rows: when others come under a pointer at rest, the last move is repeated. At a
+/// place that the move callback refuses nothing is shown, and a drop there is a leave. The drop
+/// listeners follow a drop, first the functions, then the filters of registered widgets. All may
 /// delete view and manager.
 ///
 /// \code
@@ -69,10 +78,10 @@ class QPainter;
 ///
 /// **Keyboard.** Alt with an arrow key moves the selected rows in the same way, so that the owner
 /// has nothing more to do: up, down, behind their parent (left), or below the row above them as its
-/// children (right) if that takes drops. Where there is no such place, left and right move them
-/// into a second tree view that stands there, behind its current row. The drag carries the same
-/// data, passes the same callbacks with a Qt::MoveAction, and ends in the same drop. The selection
-/// afterwards is the owner's business.
+/// children (right) if that takes drops. Where there is no such place, or it is refused, left and
+/// right move them into a second tree view that stands there, behind its current row. The drag
+/// carries the same data, passes the same callbacks with a Qt::MoveAction, and ends in the same
+/// drop. The selection afterwards is the owner's business.
 ///
 /// **Other widgets** take rows from the view when they are registered with a
 /// Brimvale::RegisterDragAndDropWidgetEvent, sent to the view or, for all views, to the main
@@ -197,6 +206,9 @@ public:
     DropIndicatorPosition advancedDropIndicatorPosition(const QPoint &pos,
                                                         const QModelIndex &index) const;
 
+    /// Ends what it shows and does for a drag over the view, which gets another manager.
+    void retire();
+
     /// The picture of rows that are dragged.
     QPixmap renderToPixmap(const QModelIndexList &rows) const;
 
@@ -219,6 +231,7 @@ Q_SIGNALS:
 private:
     friend class BVDragKeys;
     friend class BVDragSource;
+    friend class BVDropRun;
 
     bool handleViewEvent(QEvent *event);
     bool handleViewportEvent(QEvent *event);
@@ -229,22 +242,24 @@ private:
     void processDragLeaveEvent(QDragLeaveEvent *event);
     void processDropEvent(QDropEvent *event);
 
+    void startDrag();
     void endDrag();
 
+    void leaveDisabled(const QEvent *event);
     bool isAccepted(const QMimeData *mime) const;
     QModelIndex getDropTarget(const QPoint &pos) const;
+    void handleMove(QDragMoveEvent *event);
+    void repeatMove(QDragMoveEvent *event);
     void followDrag(QDragMoveEvent *event);
     bool announceTarget(const QModelIndex &target, QDragMoveEvent *event);
     void setDragAndDropTargetInfo(const QModelIndex &target, DropIndicatorPosition position,
                                   Qt::DropAction action);
     void resetTarget();
     bool hasTarget() const;
-    void onScrolled();
     void updateAutoScroll(const QPoint &pos);
     void tellAutoScroll(bool on);
     void setDragState(DragState state);
     void tidyUp();
-    void notifyListeners(DragDropInfo info);
 
     QPointer<QWidget> m_treeView;
     QPointer<QWidget> m_secondTreeView;
@@ -252,23 +267,15 @@ private:
     std::unique_ptr<BVDropTarget> m_target;
     std::unique_ptr<BVDragHint> m_hint;
     std::unique_ptr<BVDragKeys> m_keys;
+    std::unique_ptr<BVDragPress> m_press;
+    std::unique_ptr<BVDragMoves> m_moves;
     DragState m_dragState = NoDrag;
-    QPoint m_pressPosition;
-    bool m_isPressed = false; // there is a press position
     QStringList m_acceptedFormats;
     int m_dragVisualizationColumn = -1;
     bool m_dragWholeRow = false;
     bool m_renderAllColumns = false;
     bool m_usePreview = false;
     bool m_useMoveVisualizationLine = false;
-
-    struct LastMove // of a drag over the view, to be repeated when the view scrolls
-    {
-        QPoint pos;
-        Qt::DropActions actions;
-        QPointer<const QMimeData> mime;
-    };
-    LastMove m_lastMove;
 
     std::function<bool(QMouseEvent *)> m_mousePressedCallback;
     std::function<bool(QMouseEvent *)> m_mouseMoveCallback;

@@ -4,6 +4,7 @@
 #include "itemviews/BVDropRules_p.h"
 
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QStyle>
 
 namespace {
@@ -83,19 +84,32 @@ void BVDragHint::startAnimation(bool show)
     }
     const double end = show ? 1.0 : 0.0;
     const bool isRunning = m_animation.state() == QAbstractAnimation::Running;
-    if (isRunning ? m_animation.endValue() == end : qFuzzyCompare(m_infoOpacity + 1.0, end + 1.0))
+    if (isRunning ? m_isShowing == show : qFuzzyCompare(m_infoOpacity + 1.0, end + 1.0))
         return;
     m_animation.stop();
-    m_animation.setDuration(animationDuration(m_viewport));
-    m_animation.setStartValue(m_infoOpacity);
-    m_animation.setEndValue(end);
+    m_isShowing = show;
+    if (qFuzzyCompare(m_infoOpacity + 1.0, end + 1.0))
+        setOpacity(end);
+    else
+        animateTo(end);
+}
+
+void BVDragHint::animateTo(double opacity)
+{
+    {
+        // It stands at its end and would tell of the new one.
+        const QSignalBlocker blocker(&m_animation);
+        m_animation.setDuration(animationDuration(m_viewport));
+        m_animation.setStartValue(m_infoOpacity);
+        m_animation.setEndValue(opacity);
+    }
     m_animation.start();
 }
 
 void BVDragHint::setOpacity(double opacity)
 {
     m_infoOpacity = opacity;
-    if (opacity <= 0.0 && m_animation.endValue().toDouble() <= 0.0)
+    if (opacity <= 0.0 && !m_isShowing)
         m_infoPixmap = QPixmap();
     if (m_viewport)
         m_viewport->update(bandRect());

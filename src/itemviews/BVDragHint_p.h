@@ -39,6 +39,7 @@ private:
     QRect bandRect() const;
     QSize pillSize(const QString &text) const;
     void render();
+    void animateTo(double opacity);
     void setOpacity(double opacity);
 
     QPointer<QWidget> m_viewport;
@@ -47,6 +48,7 @@ private:
     QPixmap m_infoPixmap;       // of the text; null while hidden
     int m_renderedWidth = 0;    // of the viewport for which the pixmap has been made
     double m_infoOpacity = 1.0; // 0 to 1, also how far it has slid in
+    bool m_isShowing = false;   // it slides in, or has
     bool m_infoActive = false;
     bool m_mouseOverInfo = false; // the pointer is in the band
 };

@@ -5,10 +5,30 @@
 #include "itemviews/BVTreeView.h"
 
 #include <QPainter>
+#include <QScrollBar>
 
 #include <utility>
 
 namespace {
+
+bool canScroll(const QScrollBar *bar, int toStart, int toEnd, int margin)
+{
+    if (toStart < margin)
+        return bar->value() > bar->minimum();
+    return toEnd < margin && bar->value() < bar->maximum();
+}
+
+/// Whether the toolkit would find something to scroll to under the pointer.
+bool canScroll(const QTreeView *view)
+{
+    const QRect area = view->viewport()->visibleRegion().boundingRect();
+    const QPoint pos = view->viewport()->mapFromGlobal(QCursor::pos());
+    const int margin = view->autoScrollMargin();
+    return canScroll(view->verticalScrollBar(), pos.y() - area.top(), area.bottom() - pos.y(),
+                     margin) ||
+           canScroll(view->horizontalScrollBar(), pos.x() - area.left(), area.right() - pos.x(),
+                     margin);
+}
 
 /// Opens what the toolkit keeps for the views derived from its own.
 class ViewAccess : public QTreeView
@@ -22,6 +42,11 @@ public:
     {
         const State rest = isEditing ? EditingState : NoState;
         (view->*&ViewAccess::setState)(isDragging ? DraggingState : rest);
+    }
+    static void endPress(QTreeView *view)
+    {
+        if ((view->*&ViewAccess::state)() != EditingState)
+            (view->*&ViewAccess::setState)(NoState);
     }
     static QStyleOptionViewItem options(const QTreeView *view)
     {
@@ -60,8 +85,9 @@ void BVDragHost::tellState(QTreeView *view, BVDragAndDropManager::DragState stat
 BVDragAndDropManager *BVDragHost::makeManager(QTreeView *view)
 {
     auto *manager = new BVDragAndDropManager(view);
-    // Starting anew would take the speed out of it.
+    // Starting anew would take the speed out of it. At the end the view stops by itself.
     manager->setAutoScrollCallback([view, scrolls = std::make_shared<bool>(false)](bool on) {
+        on = on && canScroll(view);
         if (on != std::exchange(*scrolls, on))
             ViewAccess::setAutoScroll(view, on);
     });
@@ -80,6 +106,13 @@ void BVDragHost::setDraggingState(QTreeView *view, BVDragAndDropManager::DragSta
     const bool isDragging = state == BVDragAndDropManager::Dragging;
     if (isDragging || ViewAccess::isDragging(view))
         ViewAccess::setDragging(view, isDragging, isEditing);
+}
+
+void BVDragHost::endPress(QTreeView *view)
+{
+    if (auto *treeView = qobject_cast<BVTreeView *>(view))
+        treeView->endPress();
+    ViewAccess::endPress(view);
 }
 
 BVDragHost::IndicatorHider::IndicatorHider(QTreeView *view, const BVDragAndDropManager *manager)

@@ -17,6 +17,8 @@ BVDragAndDropManager *makeManager(QTreeView *view);
 void deleteManagers(QTreeView *view);
 /// Brings the view into the state of dragging, or out of it, back to editing or none.
 void setDraggingState(QTreeView *view, BVDragAndDropManager::DragState state, bool isEditing);
+/// The press in the view has become a drag that is over; its release is not for the view.
+void endPress(QTreeView *view);
 /// Keeps the toolkit's own drop indicator away while a manager works for the view.
 class IndicatorHider
 {

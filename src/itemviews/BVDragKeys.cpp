@@ -39,16 +39,41 @@ bool isOnSide(const QWidget *widget, const QWidget *other, int key)
     return key == Qt::Key_Left ? otherX < x : otherX > x;
 }
 
-/// A point in the viewport that stands for the target.
+/// A point at the bottom of the viewport, or below it if it is full of rows, where there is none.
+QPoint pointBesideRows(const QTreeView *view)
+{
+    const QPoint corner = view->viewport()->rect().bottomLeft();
+    if (!view->model())
+        return corner;
+    const QModelIndex last = BVDropRules::lastInSight(view, view->rootIndex());
+    const QRect rect = view->visualRect(BVDropRules::firstCellInSight(view, last));
+    return QPoint(corner.x(), qMax(corner.y(), rect.bottom() + 1));
+}
+
+/// A point that stands for the target.
 QPoint pointFor(const QTreeView *view, const BVDropRules::Target &target)
 {
     if (!target.index.isValid())
-        return view->viewport()->rect().bottomLeft();
-    const QRect rect = view->visualRect(target.index);
+        return pointBesideRows(view);
+    const QRect rect = view->visualRect(BVDropRules::firstCellInSight(view, target.index));
     if (target.position == DropIndicatorPosition::OnItem)
         return rect.center();
     const bool isAbove = target.position == DropIndicatorPosition::AboveItem;
     return QPoint(rect.center().x(), isAbove ? rect.top() : rect.bottom());
+}
+
+/// The row, or the one in whose closed branch it is; invalid if there is none that can be seen.
+QModelIndex shownRow(const QTreeView *view, QModelIndex row)
+{
+    while (row.isValid() && view->visualRect(BVDropRules::firstCellInSight(view, row)).isNull())
+        row = row.parent();
+    return row;
+}
+
+/// Whether a drag with the mouse would find the view.
+bool canTakeDrops(const QTreeView *view)
+{
+    return view && view->dragEnabled() && view->isEnabled() && view->viewport()->acceptDrops();
 }
 
 } // namespace
@@ -75,19 +100,22 @@ bool BVDragKeys::handle(QKeyEvent *event)
 
 void BVDragKeys::move(const QModelIndexList &rows, int key)
 {
-    QTreeView *view = m_manager->getTreeView();
-    auto target = BVDropRules::keyTarget(view, rows, directionOf(key, view->isRightToLeft()));
-    QPointer<BVDragAndDropManager> taker(m_manager);
-    if (!target.isValid) {
-        target = targetInSecondView(key);
-        taker = BVDragAndDropManager::managerOf(m_manager->getSecondTreeView());
-    }
-    if (!target.isValid || !taker)
+    const QTreeView *view = m_manager->getTreeView();
+    const auto target = BVDropRules::keyTarget(view, rows, directionOf(key, view->isRightToLeft()));
+    const auto targetBeside = targetInSecondView(key);
+    const QPointer<BVDragAndDropManager> guard(m_manager);
+    const QPointer<BVDragAndDropManager> second(
+        BVDragAndDropManager::managerOf(m_manager->getSecondTreeView()));
+    if (!canDrop(guard, target) && !canDrop(second, targetBeside))
         return;
     QMimeData mime;
     BVDragSource *source = m_manager->m_source.get();
-    if (source->prepare(rows, &mime) && taker)
-        source->run([&] { drop(taker, target, &mime); });
+    if (!source->prepare(rows, &mime))
+        return;
+    source->run([&] {
+        if (!drop(guard, target, &mime) && guard)
+            drop(second, targetBeside, &mime);
+    });
 }
 
 /// Behind its current row, if it has one.
@@ -96,18 +124,25 @@ BVDropRules::Target BVDragKeys::targetInSecondView(int key) const
     const QTreeView *second = m_manager->getSecondTreeView();
     if (!second || !isOnSide(m_manager->getTreeView(), second, key))
         return {};
-    const QModelIndex current = second->currentIndex();
+    const QModelIndex current = shownRow(second, second->currentIndex());
     return {current,
             current.isValid() ? DropIndicatorPosition::BelowItem
                               : DropIndicatorPosition::OnViewport,
             true};
 }
 
+bool BVDragKeys::canDrop(const BVDragAndDropManager *manager, const BVDropRules::Target &target)
+{
+    return manager && target.isValid && canTakeDrops(manager->getTreeView());
+}
+
 /// Comes over the target; false if the view does not take what is carried, or has died.
 bool BVDragKeys::enter(BVDragAndDropManager *manager, const BVDropRules::Target &target,
-                       const QPoint &pos, const QMimeData *mime)
+                       const QMimeData *mime)
 {
     const QPointer<BVDragAndDropManager> guard(manager);
+    const bool isOnRow = target.index.isValid();
+    const QPoint pos = pointFor(manager->getTreeView(), target);
     QDragEnterEvent enter(pos, Qt::MoveAction, mime, Qt::NoButton, Qt::NoModifier);
     manager->processDragEnterEvent(&enter);
     if (!guard || !manager->getTreeView() || !enter.isAccepted())
@@ -115,7 +150,8 @@ bool BVDragKeys::enter(BVDragAndDropManager *manager, const BVDropRules::Target 
     QDragMoveEvent move(pos, Qt::MoveAction, mime, Qt::NoButton, Qt::NoModifier);
     const auto callback = manager->m_dragMoveCallback;
     const bool isRefused = callback && callback(&move) && !move.isAccepted();
-    if (!isRefused && guard && manager->announceTarget(target.index, &move)) {
+    if (!isRefused && guard && manager->announceTarget(target.index, &move) &&
+        target.index.isValid() == isOnRow) {
         manager->setDragAndDropTargetInfo(target.index, target.position, Qt::MoveAction);
         return true;
     }
@@ -125,16 +161,15 @@ bool BVDragKeys::enter(BVDragAndDropManager *manager, const BVDropRules::Target 
     return false;
 }
 
-void BVDragKeys::drop(BVDragAndDropManager *manager, const BVDropRules::Target &target,
+/// False if nothing has come of it.
+bool BVDragKeys::drop(BVDragAndDropManager *manager, const BVDropRules::Target &target,
                       const QMimeData *mime)
 {
+    if (!canDrop(manager, target) || !enter(manager, target, mime))
+        return false;
     QTreeView *view = manager->getTreeView();
-    if (!view || !view->dragEnabled())
-        return;
     view->scrollTo(target.index);
-    const QPoint pos = pointFor(view, target);
-    if (!enter(manager, target, pos, mime))
-        return;
-    QDropEvent drop(pos, Qt::MoveAction, mime, Qt::NoButton, Qt::NoModifier);
+    QDropEvent drop(pointFor(view, target), Qt::MoveAction, mime, Qt::NoButton, Qt::NoModifier);
     manager->processDropEvent(&drop);
+    return true;
 }

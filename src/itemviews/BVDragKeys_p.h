@@ -19,10 +19,11 @@ public:
 private:
     void move(const QModelIndexList &rows, int key);
     BVDropRules::Target targetInSecondView(int key) const;
-    static void drop(BVDragAndDropManager *manager, const BVDropRules::Target &target,
-                     const QMimeData *mime);
+    static bool canDrop(const BVDragAndDropManager *manager, const BVDropRules::Target &target);
     static bool enter(BVDragAndDropManager *manager, const BVDropRules::Target &target,
-                      const QPoint &pos, const QMimeData *mime);
+                      const QMimeData *mime);
+    static bool drop(BVDragAndDropManager *manager, const BVDropRules::Target &target,
+                     const QMimeData *mime);
 
     BVDragAndDropManager *m_manager;
 };

@@ -5,7 +5,6 @@
 
 #include <QAbstractItemDelegate>
 #include <QCoreApplication>
-#include <QHeaderView>
 #include <QPainter>
 #include <QTreeView>
 
@@ -48,18 +47,6 @@ QStyleOptionViewItem BVDragPixmap::optionsOf(const QTreeView *view)
     return option;
 }
 
-QVector<int> BVDragPixmap::visibleColumns(const QTreeView *view)
-{
-    const QHeaderView *header = view->header();
-    QVector<int> columns;
-    for (int visual = 0; visual < header->count(); ++visual) {
-        const int column = header->logicalIndex(visual);
-        if (!header->isSectionHidden(column))
-            columns.append(column);
-    }
-    return columns;
-}
-
 QSize BVDragPixmap::cellSize(const QModelIndex &cell) const
 {
     const QAbstractItemDelegate *delegate = m_view->itemDelegate(cell);
@@ -100,19 +87,20 @@ void BVDragPixmap::paintSheet(QPainter *painter, const QRect &rect) const
     painter->setRenderHint(QPainter::Antialiasing, false);
 }
 
-void BVDragPixmap::paintRow(QPainter *painter, const QPoint &topLeft, const QModelIndex &row,
+void BVDragPixmap::paintRow(QPainter *painter, const QRect &rect, const QModelIndex &row,
                             const QVector<int> &columns, const QVector<int> &widths) const
 {
     QStyleOptionViewItem option = m_option;
-    option.rect = QRect(topLeft, QSize(0, rowHeight(row, columns)));
+    QRect place = rect;
     for (int i = 0; i < columns.size(); ++i) {
         const QModelIndex cell = row.sibling(row.row(), columns.at(i));
-        option.rect.setWidth(widths.at(i));
+        place.setWidth(widths.at(i));
+        option.rect = QStyle::visualRect(m_view->layoutDirection(), rect, place);
         option.state.setFlag(QStyle::State_Enabled, cell.flags() & Qt::ItemIsEnabled);
         const QAbstractItemDelegate *delegate = m_view->itemDelegate(cell);
         if (delegate && cell.isValid())
             delegate->paint(painter, option, cell);
-        option.rect.moveLeft(option.rect.right() + 1);
+        place.moveLeft(place.right() + 1);
     }
 }
 
@@ -121,7 +109,9 @@ void BVDragPixmap::paintRest(QPainter *painter, const QRect &rect, int count) co
     painter->setFont(m_option.font);
     painter->setPen(m_option.palette.color(QPalette::Text));
     painter->setOpacity(s_restFade);
-    painter->drawText(rect.adjusted(s_margin, 0, -s_margin, 0), Qt::AlignLeft | Qt::AlignVCenter,
+    const Qt::Alignment alignment =
+        QStyle::visualAlignment(m_view->layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter);
+    painter->drawText(rect.adjusted(s_margin, 0, -s_margin, 0), int(alignment | Qt::AlignAbsolute),
                       restText(count));
 }
 
@@ -149,8 +139,9 @@ QPixmap BVDragPixmap::renderToPixmap(const QModelIndexList &rows, const QVector<
     paintSheet(&painter, QRect(QPoint(), size));
     QPoint place(s_margin, s_margin);
     for (const QModelIndex &row : drawn) {
-        paintRow(&painter, place, row, columns, widths);
-        place.ry() += rowHeight(row, columns);
+        const QRect rect(place, QSize(width, rowHeight(row, columns)));
+        paintRow(&painter, rect, row, columns, widths);
+        place.ry() += rect.height();
     }
     if (rest > 0)
         paintRest(&painter, QRect(place, QSize(width, m_option.fontMetrics.height())), rest);

@@ -18,19 +18,18 @@ public:
     /// The option is what the view gives its delegates.
     BVDragPixmap(const QTreeView *view, const QStyleOptionViewItem &option);
 
-    /// The cells of these columns, left to right; rows may be given by any of their cells.
+    /// The cells of these columns, in the direction of the layout; rows may be given by any of
+    /// their cells.
     QPixmap renderToPixmap(const QModelIndexList &rows, const QVector<int> &columns) const;
     /// The options of a view that does not tell its own.
     static QStyleOptionViewItem optionsOf(const QTreeView *view);
-    /// All columns that the user sees, in their visual order.
-    static QVector<int> visibleColumns(const QTreeView *view);
 
 private:
     QSize cellSize(const QModelIndex &cell) const;
     QVector<int> columnWidths(const QModelIndexList &rows, const QVector<int> &columns) const;
     int rowHeight(const QModelIndex &row, const QVector<int> &columns) const;
     void paintSheet(QPainter *painter, const QRect &rect) const;
-    void paintRow(QPainter *painter, const QPoint &topLeft, const QModelIndex &row,
+    void paintRow(QPainter *painter, const QRect &rect, const QModelIndex &row,
                   const QVector<int> &columns, const QVector<int> &widths) const;
     void paintRest(QPainter *painter, const QRect &rect, int count) const;
 

@@ -98,7 +98,7 @@ void BVDragSource::runWithMouse(const QModelIndexList &rows)
     if (!prepare(rows, mime.get()))
         return;
     auto *drag = new QDrag(view());
-    drag->setParent(nullptr); // the toolkit deletes it, also when the view dies meanwhile
+    drag->setParent(nullptr); // the view may die before the drag, which the toolkit deletes
     drag->setMimeData(mime.release());
     drag->setPixmap(m_pixmap);
     drag->setHotSpot(hotSpotOf(m_pixmap, m_manager->getUsePreview()));

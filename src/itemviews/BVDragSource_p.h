@@ -21,6 +21,7 @@ public:
     /// What it drags, without a target.
     static DragDropInfo runningInfo();
 
+    const BVDragAndDropManager *manager() const { return m_manager; }
     QTreeView *view() const;
     /// Those of the running drag, as far as they still exist.
     QModelIndexList draggedIndexes() const;

@@ -8,6 +8,7 @@
 #include "itemviews/BVTreeContentHeight_p.h"
 #include "itemviews/BVTreeHover_p.h"
 #include "itemviews/BVTreeItemMove_p.h"
+#include "itemviews/BVTreeItems_p.h"
 #include "itemviews/TreeViewContextMenu.h"
 #include "itemviews/TreeViewCopyHandler.h"
 
@@ -18,7 +19,7 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
-#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -117,8 +118,11 @@ void BVDragTreeWidget::onContentChanged()
 void BVDragTreeWidget::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                                    const QVector<int> &roles)
 {
-    if (BVTreeContentHeight::isMeasured(roles))
-        onContentChanged();
+    if (BVTreeContentHeight::isMeasured(roles)) {
+        m_contentHeight->rowsChanged(topLeft, bottomRight);
+        if (m_resizable)
+            updateGeometry();
+    }
     QTreeWidget::dataChanged(topLeft, bottomRight, roles);
 }
 
@@ -281,43 +285,45 @@ void BVDragTreeWidget::focusInEvent(QFocusEvent *event)
 bool BVDragTreeWidget::moveItems(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent,
                                  int row)
 {
+    return !moveRows(BVTreeItemMove(items), parent, row).isEmpty();
+}
+
+/// The rows in their new places, as far as they still exist: slots may delete anything.
+QList<QPersistentModelIndex> BVDragTreeWidget::moveRows(const BVTreeItemMove &move,
+                                                        QTreeWidgetItem *parent, int row)
+{
     if (!parent)
         parent = invisibleRootItem();
-    const BVTreeItemMove move(items);
-    const QList<QTreeWidgetItem *> rows = move.rows();
-    const bool isForeign = std::any_of(rows.cbegin(), rows.cend(), [this](const auto *item) {
-        return item->treeWidget() != this;
-    });
-    if (parent->treeWidget() != this || !move.execute(parent, row))
-        return false;
+    if (parent->treeWidget() != this)
+        return {};
+    const QPointer<BVDragTreeWidget> guard(this);
+    const bool isForeign = move.isForeignTo(this);
+    const QList<QPersistentModelIndex> rows = move.execute(parent, row);
+    if (rows.isEmpty() || !guard)
+        return rows;
     onContentChanged(); // branches have been opened without a signal
     if (isForeign)
         selectMoved(rows);
     else
-        scrollToItem(rows.constFirst());
-    return true;
+        scrollTo(rows.constFirst());
+    return rows;
 }
 
-/// The selection may lead to anything, so the items are not looked at any more behind it.
-void BVDragTreeWidget::selectMoved(const QList<QTreeWidgetItem *> &rows)
+void BVDragTreeWidget::selectMoved(const QList<QPersistentModelIndex> &rows)
 {
     const QPointer<QItemSelectionModel> selection(selectionModel());
-    const QPersistentModelIndex first = indexFromItem(rows.constFirst());
-    QItemSelection moved(first, first);
-    if (selectionMode() != QAbstractItemView::SingleSelection)
-        for (QTreeWidgetItem *item : rows)
-            moved.select(indexFromItem(item), indexFromItem(item));
-    selection->select(moved, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    if (selection)
-        selection->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    const bool isSingle = selectionMode() == QAbstractItemView::SingleSelection;
+    selection->select(BVTreeItems::selectionOf(isSingle ? rows.mid(0, 1) : rows),
+                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (selection && rows.constFirst().isValid())
+        selection->setCurrentIndex(rows.constFirst(), QItemSelectionModel::NoUpdate);
 }
 
 QTreeWidgetItem *BVDragTreeWidget::takeItem(QTreeWidgetItem *item)
 {
     if (!item || item->treeWidget() != this || item == invisibleRootItem())
         return nullptr;
-    QTreeWidgetItem *parent = item->parent() ? item->parent() : invisibleRootItem();
-    return parent->takeChild(parent->indexOfChild(item));
+    return BVTreeItems::parentOf(item)->takeChild(indexFromItem(item).row());
 }
 
 // Dragging
@@ -331,8 +337,10 @@ BVDragAndDropManager *BVDragTreeWidget::initDragAndDropManager()
 
 void BVDragTreeWidget::setDragAndDropManager(BVDragAndDropManager *manager)
 {
-    m_dragAndDropManager = manager;
+    const QPointer<BVDragAndDropManager> before = std::exchange(m_dragAndDropManager, manager);
     viewport()->update();
+    if (before && before != manager)
+        before->retire(); // may be the end of the tree
 }
 
 void BVDragTreeWidget::setDragEnabled(bool enable)
@@ -340,6 +348,13 @@ void BVDragTreeWidget::setDragEnabled(bool enable)
     QTreeWidget::setDragEnabled(enable);
     viewport()->update();
 }
+
+Qt::DropActions BVDragTreeWidget::supportedDropActions() const
+{
+    return Qt::IgnoreAction;
+}
+
+void BVDragTreeWidget::startDrag(Qt::DropActions) {}
 
 void BVDragTreeWidget::setDraggingState(BVDragAndDropManager::DragState state)
 {
@@ -369,16 +384,18 @@ void BVDragTreeWidget::showContextMenu(const QPoint &position)
 
 // Copying
 
-TreeViewCopyHandler *BVDragTreeWidget::initCopyHandler()
+void BVDragTreeWidget::makeCopyHandler()
 {
     if (!m_copyHandler)
         m_copyHandler = new TreeViewCopyHandler(this);
-    return m_copyHandler;
 }
 
 void BVDragTreeWidget::enableCopyAllAction(bool enable)
 {
-    initCopyHandler()->enableCopyAllAction(enable);
+    if (enable)
+        makeCopyHandler();
+    if (m_copyHandler)
+        m_copyHandler->enableCopyAllAction(enable);
 }
 
 bool BVDragTreeWidget::isCopyAllActionEnabled() const
@@ -388,7 +405,10 @@ bool BVDragTreeWidget::isCopyAllActionEnabled() const
 
 void BVDragTreeWidget::enableCopySelectedAction(bool enable)
 {
-    initCopyHandler()->enableCopySelectedAction(enable);
+    if (enable)
+        makeCopyHandler();
+    if (m_copyHandler)
+        m_copyHandler->enableCopySelectedAction(enable);
 }
 
 bool BVDragTreeWidget::isCopySelectedActionEnabled() const

@@ -12,6 +12,7 @@
 #include <memory>
 
 class BVTreeContentHeight;
+class BVTreeItemMove;
 class TreeViewCopyHandler;
 
 /// A tree of items to be navigated, checked, renamed and moved by the user, painted by a
@@ -25,7 +26,8 @@ class TreeViewCopyHandler;
 /// frame, and of the horizontal scroll bar while there is something to scroll.
 ///
 /// **Dragging.** Rows are dragged and dropped by a drag-and-drop manager, see
-/// BVContainerListControl for one that moves them. Without a manager nothing is dragged.
+/// BVContainerListControl for one that moves them. Without a manager nothing is dragged or dropped;
+/// a class that has use for the toolkit's own drops says so in supportedDropActions().
 ///
 /// **Context menu.** Copying, if enabled, the entries of the cell's delegate, and opening and
 /// closing branches; with another context menu policy than the default one none of it.
@@ -66,8 +68,9 @@ public:
     /// data, check states and what is open, hidden or spanned; widgets set on cells are lost.
     ///
     /// Rows of this tree also stay selected and current, without a signal. Rows may come from
-    /// another tree widget; the selection here changes to them. False, and nothing done, if there
-    /// is nothing to change or @p parent is one of them or below one.
+    /// another tree widget, which tells of its own selection afterwards; the selection here changes
+    /// to them. False, and nothing done, if there is nothing to change (as within the children of
+    /// one item in a sorted tree) or @p parent is one of them or below one.
     bool moveItems(const QList<QTreeWidgetItem *> &items, QTreeWidgetItem *parent, int row);
     /// Takes an item out of the tree; its maker owns it from then on. Null for one that is not in
     /// the tree.
@@ -84,7 +87,7 @@ public:
     /// Called by the manager while something is dragged over the tree.
     void setDraggingState(BVDragAndDropManager::DragState state);
 
-    /// The handler belongs to the tree. Null until copying has been enabled or disabled.
+    /// The handler belongs to the tree. Null until copying is enabled.
     TreeViewCopyHandler *getCopyHandler() const { return m_copyHandler; }
     /// Whether all rows, or those selected, can be copied, by the context menu and, those
     /// selected, by the standard keys. Off at first.
@@ -108,6 +111,10 @@ protected:
     /// Opens the menu for a click at @p position in the viewport, negative for none.
     virtual void showContextMenu(const QPoint &position);
 
+    /// None: the toolkit would make rows of what any other item view lets go.
+    Qt::DropActions supportedDropActions() const override;
+    /// Does nothing, as there is a manager for it.
+    void startDrag(Qt::DropActions supportedActions) override;
     void drawRow(QPainter *painter, const QStyleOptionViewItem &option,
                  const QModelIndex &index) const override;
     void drawBranches(QPainter *painter, const QRect &rect,
@@ -128,13 +135,16 @@ protected:
     void updateGeometries() override;
 
 private:
+    friend class BVContainerListControl;
     class RowHover;
 
-    TreeViewCopyHandler *initCopyHandler();
+    void makeCopyHandler();
     int contentHeight() const;
     void onContentChanged();
     void leaveBranches(const QModelIndex &parent, int start, int end);
-    void selectMoved(const QList<QTreeWidgetItem *> &rows);
+    QList<QPersistentModelIndex> moveRows(const BVTreeItemMove &move, QTreeWidgetItem *parent,
+                                          int row);
+    void selectMoved(const QList<QPersistentModelIndex> &rows);
     void clearCurrentByClick(const QMouseEvent *event);
     void paintHoverTint(QPainter *painter, const QRect &row) const;
 

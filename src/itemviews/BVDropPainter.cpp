@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVDropPainter_p.h"
 
+#include "itemviews/BVDropRules_p.h"
+
 #include <QHeaderView>
 #include <QPainter>
 #include <QPainterPath>
@@ -32,7 +34,7 @@ BVDropPainter::BVDropPainter(const QTreeView *view)
 
 QColor BVDropPainter::color(const QPalette &palette)
 {
-    const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor &highlight = palette.color(QPalette::Active, QPalette::Highlight);
     const int base = palette.color(QPalette::Base).lightness();
     if (qAbs(highlight.lightness() - base) >= s_leastContrast)
         return highlight;
@@ -46,27 +48,14 @@ QColor BVDropPainter::color() const
 
 // Geometry
 
-/// The row, or the last one in sight of those below it; for no row that of the whole tree.
-QModelIndex BVDropPainter::lastInSight(QModelIndex row) const
-{
-    const QAbstractItemModel *model = m_view->model();
-    while (!row.isValid() || row == m_view->rootIndex() || m_view->isExpanded(row)) {
-        int last = model->rowCount(row) - 1;
-        while (last >= 0 && m_view->isRowHidden(last, row))
-            --last;
-        if (last < 0)
-            break;
-        row = model->index(last, 0, row);
-    }
-    return row;
-}
-
 /// Where the text of the row begins.
 int BVDropPainter::levelStart(const QModelIndex &row) const
 {
     const int treeColumn =
         m_view->treePosition() >= 0 ? m_view->treePosition() : m_view->header()->logicalIndex(0);
-    const QRect cell = m_view->visualRect(row.sibling(row.row(), qMax(treeColumn, 0)));
+    QRect cell = m_view->visualRect(row.sibling(row.row(), qMax(treeColumn, 0)));
+    if (!cell.isValid()) // hidden
+        cell = m_view->visualRect(BVDropRules::firstCellInSight(m_view, row));
     return m_view->isRightToLeft() ? cell.right() : cell.left();
 }
 
@@ -85,11 +74,10 @@ BVDropPainter::Line BVDropPainter::lineOf(const DragDropInfo &info) const
     const bool isAbove = info.position == DropIndicatorPosition::AboveItem;
     const bool isAtEnd = info.position == DropIndicatorPosition::OnViewport;
     const QModelIndex root = m_view->rootIndex();
-    const QModelIndex last = isAbove ? QModelIndex(info.dropIndex)
-                             : isAtEnd
-                                 ? lastInSight(root)
-                                 : lastInSight(info.dropIndex.sibling(info.dropIndex.row(), 0));
-    const QRect rect = m_view->visualRect(last);
+    const QModelIndex row = isAtEnd ? root : info.dropIndex.sibling(info.dropIndex.row(), 0);
+    const QModelIndex last =
+        isAbove ? QModelIndex(info.dropIndex) : BVDropRules::lastInSight(m_view, row);
+    const QRect rect = m_view->visualRect(BVDropRules::firstCellInSight(m_view, last));
     Line line;
     if (isAtEnd && last.isValid() && last != root)
         line.start = levelStart(m_view->model()->index(0, 0, root));

@@ -36,7 +36,6 @@ private:
     };
 
     Line lineOf(const DragDropInfo &info) const;
-    QModelIndex lastInSight(QModelIndex row) const;
     int levelStart(const QModelIndex &row) const;
     int contentEnd() const;
     QRect frameOf(const DragDropInfo &info) const;

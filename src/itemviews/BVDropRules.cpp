@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVDropRules_p.h"
 
+#include "itemviews/BVRowWalk_p.h"
+#include "itemviews/BVShownColumns_p.h"
+
 #include <QSet>
 
 #include <algorithm>
@@ -13,15 +16,6 @@ constexpr int s_edge = 2; // px, of a cell that is for the rows beside it
 bool takesDrops(const QModelIndex &index)
 {
     return index.flags() & Qt::ItemIsDropEnabled;
-}
-
-/// The rows that lead from the top level to the index.
-std::vector<int> pathTo(QModelIndex index)
-{
-    std::vector<int> path;
-    for (; index.isValid(); index = index.parent())
-        path.insert(path.begin(), index.row());
-    return path;
 }
 
 /// The next sibling in sight, upwards for a negative step; invalid if there is none.
@@ -65,6 +59,26 @@ DropIndicatorPosition BVDropRules::advancedDropIndicatorPosition(const QPoint &p
                                                                 : DropIndicatorPosition::BelowItem;
 }
 
+QRect BVDropRules::targetRect(const QTreeView *view, const QModelIndex &index, bool wholeRow)
+{
+    const QRect cell = view->visualRect(index);
+    if (!wholeRow || !cell.isValid())
+        return cell;
+    const QRect area = view->viewport()->rect();
+    return QRect(QPoint(area.left(), cell.top()), QPoint(area.right(), cell.bottom()));
+}
+
+DropIndicatorPosition BVDropRules::positionAt(const QTreeView *view, const QPoint &pos,
+                                              const QModelIndex &index, bool wholeRow,
+                                              bool wideBands)
+{
+    if (!index.isValid())
+        return DropIndicatorPosition::OnViewport;
+    if (wideBands)
+        return advancedDropIndicatorPosition(pos, view->visualRect(index), index);
+    return dropIndicatorPosition(pos, targetRect(view, index, wholeRow), index);
+}
+
 int BVDropRules::dropRow(const QModelIndex &target, DropIndicatorPosition position)
 {
     if (!target.isValid())
@@ -104,10 +118,10 @@ bool BVDropRules::isInScrollMargin(const QPoint &pos, const QRect &area, int mar
 
 QModelIndexList BVDropRules::inTreeOrder(const QModelIndexList &indexes)
 {
-    std::vector<std::pair<std::vector<int>, QModelIndex>> paths;
+    std::vector<std::pair<QVector<int>, QModelIndex>> paths;
     paths.reserve(size_t(indexes.size()));
     for (const QModelIndex &index : indexes)
-        paths.emplace_back(pathTo(index), index);
+        paths.emplace_back(BVRowWalk::pathTo(index), index);
     std::stable_sort(paths.begin(), paths.end(),
                      [](const auto &a, const auto &b) { return a.first < b.first; });
     QModelIndexList sorted;
@@ -147,6 +161,30 @@ QModelIndexList BVDropRules::draggableRows(const QTreeView *view, bool wholeRow)
             rows.append(row);
     }
     return rows;
+}
+
+QModelIndex BVDropRules::firstCellInSight(const QTreeView *view, const QModelIndex &row)
+{
+    int first = 0;
+    BVShownColumns::visit(*view->header(), [&first](int column) {
+        first = column;
+        return false;
+    });
+    return row.sibling(row.row(), first);
+}
+
+QModelIndex BVDropRules::lastInSight(const QTreeView *view, QModelIndex row)
+{
+    const QAbstractItemModel *model = view->model();
+    while (!row.isValid() || row == view->rootIndex() || view->isExpanded(row)) {
+        int last = model->rowCount(row) - 1;
+        while (last >= 0 && view->isRowHidden(last, row))
+            --last;
+        if (last < 0)
+            break;
+        row = model->index(last, 0, row);
+    }
+    return row;
 }
 
 BVDropRules::Target BVDropRules::keyTarget(const QTreeView *view, const QModelIndexList &rows,

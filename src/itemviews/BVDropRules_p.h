@@ -18,6 +18,12 @@ DropIndicatorPosition dropIndicatorPosition(const QPoint &pos, const QRect &rect
 DropIndicatorPosition advancedDropIndicatorPosition(const QPoint &pos, const QRect &rect,
                                                     const QModelIndex &index);
 
+/// Where a cell is in the viewport, or all of its row; null for no cell.
+QRect targetRect(const QTreeView *view, const QModelIndex &index, bool wholeRow);
+/// The place of a drop within what targetRect() says or, with wide bands, within the whole row.
+DropIndicatorPosition positionAt(const QTreeView *view, const QPoint &pos, const QModelIndex &index,
+                                 bool wholeRow, bool wideBands);
+
 /// As DragDropInfo has it.
 int dropRow(const QModelIndex &target, DropIndicatorPosition position);
 QModelIndex dropParent(const QModelIndex &target, DropIndicatorPosition position,
@@ -36,6 +42,12 @@ QModelIndexList topmost(const QModelIndexList &indexes);
 /// The selected rows that may be dragged, in the order of the tree; also those of which only cells
 /// are selected if rows are taken as a whole.
 QModelIndexList draggableRows(const QTreeView *view, bool wholeRow);
+
+/// The cell of the row that the user sees first in it; that of the first column if there is none.
+QModelIndex firstCellInSight(const QTreeView *view, const QModelIndex &row);
+
+/// The row, or the last one in sight of those below it; for no row that of the whole tree.
+QModelIndex lastInSight(const QTreeView *view, QModelIndex row);
 
 /// A place for rows that are moved with the keyboard.
 struct Target

@@ -12,40 +12,42 @@ BVDropTarget::BVDropTarget(QTreeView *view)
 
 BVDropTarget::~BVDropTarget() = default;
 
-void BVDropTarget::describe(DragDropInfo *info) const
+bool BVDropTarget::isLost() const
 {
-    info->dropIndex = m_dropIndex;
-    info->dropRoot = m_view ? m_view->rootIndex() : QModelIndex();
-    info->dropRect = m_dropRect;
-    info->position = m_position;
-    info->action = m_action;
+    const bool hasRow = m_view && m_dropIndex.isValid() && m_dropIndex.model() == m_view->model();
+    return m_position != DropIndicatorPosition::OnViewport && !hasRow;
 }
 
-QRect BVDropTarget::rectOf(const QModelIndex &target, bool wholeRow) const
+DropIndicatorPosition BVDropTarget::position() const
 {
-    const QRect cell = m_view->visualRect(target);
-    if (!wholeRow || !cell.isValid())
-        return cell;
-    const QRect area = m_view->viewport()->rect();
-    return QRect(QPoint(area.left(), cell.top()), QPoint(area.right(), cell.bottom()));
+    return isLost() ? DropIndicatorPosition::OnViewport : m_position;
+}
+
+void BVDropTarget::describe(DragDropInfo *info) const
+{
+    info->dropIndex = isLost() ? QPersistentModelIndex() : m_dropIndex;
+    info->dropRoot = m_view ? m_view->rootIndex() : QModelIndex();
+    info->dropRect = m_dropRect;
+    info->position = position();
+    info->action = m_action;
 }
 
 /// The target and what is painted around it.
 QRect BVDropTarget::marksRect() const
 {
-    if (m_dropRect.isNull())
+    if (m_dropRect.isNull() || isLost())
         return QRect();
     DragDropInfo info;
     describe(&info);
     return m_dropRect | BVDropPainter(m_view).targetRect(info);
 }
 
-void BVDropTarget::set(const QModelIndex &index, const QRect &rect, DropIndicatorPosition position,
+bool BVDropTarget::set(const QModelIndex &index, const QRect &rect, DropIndicatorPosition position,
                        Qt::DropAction action, bool hasWideMarks)
 {
     const bool isSameTarget = index == m_dropIndex && action == m_action;
     if (isSameTarget && position == m_position && rect == m_dropRect)
-        return;
+        return false;
     const QRect before = marksRect();
     m_dropIndex = index;
     m_dropRect = rect;
@@ -56,10 +58,24 @@ void BVDropTarget::set(const QModelIndex &index, const QRect &rect, DropIndicato
         m_view->viewport()->update();
     else
         m_view->viewport()->update((before | now).adjusted(0, 0, 1, 1));
-    if (isSameTarget)
+    if (!isSameTarget)
+        updateExpanding();
+    return true;
+}
+
+void BVDropTarget::setRefused(bool refused)
+{
+    if (refused == m_isRefused)
         return;
+    m_isRefused = refused;
+    updateExpanding();
+    m_view->viewport()->update();
+}
+
+void BVDropTarget::updateExpanding()
+{
     m_expandTimer.stop();
-    if (index.isValid() && m_view->autoExpandDelay() >= 0)
+    if (m_dropIndex.isValid() && !m_isRefused && m_view->autoExpandDelay() >= 0)
         m_expandTimer.start(m_view->autoExpandDelay());
 }
 
@@ -70,6 +86,7 @@ void BVDropTarget::reset()
     m_dropRect = QRect();
     m_position = DropIndicatorPosition::OnViewport;
     m_action = Qt::IgnoreAction;
+    m_isRefused = false;
     if (m_view)
         m_view->viewport()->update();
 }

@@ -3,8 +3,6 @@
 
 #include <QVariant>
 
-#include <memory>
-
 /// The values of an item by column, in a column as they were first set. They and their number stand
 /// in one block of memory, which has to be made anew when it is full.
 class BVItemValues
@@ -16,11 +14,6 @@ public:
         int role;
         QVariant value;
     };
-    struct Deleter
-    {
-        void operator()(BVItemValues *values) const { destroy(values); }
-    };
-    using Pointer = std::unique_ptr<BVItemValues, Deleter>;
 
     /// Whether two values of a role are the same. Texts and integers, which most are, need no
     /// conversion; check states may be numbers of any kind.
@@ -28,7 +21,8 @@ public:
 
     static BVItemValues *make(int capacity);
     static BVItemValues *copy(const BVItemValues &other);
-    /// With the same values and room for more; null is a block without values.
+    /// With the same values and room for more; null is a block without values. The values given are
+    /// destroyed unless there is no memory.
     static BVItemValues *enlarge(BVItemValues *values);
     static void destroy(BVItemValues *values);
 

@@ -41,7 +41,8 @@ BVListToolBar::BVListToolBar(QWidget *parent)
 {
     static_assert(std::size(s_looks) == CommandCount);
     setObjectName(QStringLiteral("bv_listtoolbar"));
-    m_layout->setContentsMargins(0, s_spacing, 0, s_spacing);
+    setAttribute(Qt::WA_StyledBackground);
+    m_layout->setContentsMargins(s_spacing, s_spacing, s_spacing, s_spacing);
     m_layout->setSpacing(s_spacing);
     m_layout->addStretch();
     for (int i = 0; i < CommandCount; ++i) {

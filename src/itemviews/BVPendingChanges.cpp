@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace {
 
 constexpr size_t s_firstLimit = 4096; // items
-constexpr qint64 s_sparse = 64;       // where so many ids stand for one, sorting beats marking
+constexpr size_t s_mostSpare = 1 << 17;
+constexpr qint64 s_sparse = 64; // where so many ids stand for one, sorting beats marking
 
 /// Sorts ids by marking them, which takes no comparing. False if they stand too far apart.
 bool markAndSort(std::vector<qint64> &ids)
@@ -77,7 +79,7 @@ BVPendingChanges::Entry &BVPendingChanges::entry(int column, qint64 parent)
     if (known != m_indexes.constEnd())
         return m_groups[size_t(*known)];
     m_indexes.insert({column, parent}, int(m_groups.size()));
-    m_groups.push_back({{column, parent, {}, {}}, s_firstLimit, {}});
+    m_groups.push_back({{column, parent, std::exchange(m_spareItems, {}), {}}, s_firstLimit, {}});
     return m_groups.back();
 }
 
@@ -95,6 +97,12 @@ std::vector<BVPendingGroup> BVPendingChanges::take()
 
 void BVPendingChanges::clear()
 {
+    for (Entry &entry : m_groups) {
+        std::vector<qint64> &items = entry.group.items;
+        if (items.capacity() > m_spareItems.capacity() && items.capacity() <= s_mostSpare)
+            m_spareItems.swap(items);
+    }
+    m_spareItems.clear();
     m_groups.clear();
     m_indexes.clear();
 }

@@ -24,6 +24,7 @@ class BVPendingChanges
 public:
     bool isEmpty() const { return m_groups.empty(); }
     void add(int column, qint64 parent, qint64 item, const QVector<int> &roles);
+    /// Drops what is pending. The memory of a list of items, up to a megabyte, serves the next one.
     void clear();
     /// Hands over all groups, in the order of their first changes.
     std::vector<BVPendingGroup> take();
@@ -40,5 +41,6 @@ private:
     Entry &entry(int column, qint64 parent);
 
     std::vector<Entry> m_groups;
+    std::vector<qint64> m_spareItems;         // empty, for the next group
     QHash<QPair<int, qint64>, int> m_indexes; // into m_groups
 };

@@ -9,9 +9,10 @@ class QByteArray;
 /// The values of dragged rows as mime data.
 ///
 /// A data stream of version Qt_5_15, big-endian: the number of rows (int), then a QVariant a row.
-/// Values are invalid, bool, int, uint, qlonglong, qulonglong, double, QString, QByteArray or
-/// QUuid; such a stream can be read by anything that reads data streams. What comes from elsewhere
-/// is believed only as far as it is there: no count makes more memory than the data itself.
+/// Values are invalid or of the types that BVContainerListControl names; such a stream can be read
+/// by anything that reads data streams. What comes from elsewhere is believed only as far as it is
+/// there and sound: no count makes more memory than the data itself, and no date-time is further
+/// away than it can count.
 namespace BVPlannelData {
 
 /// "application/bvplannel".

@@ -14,6 +14,13 @@ QVector<QAbstractItemModel *> BVProxyChain::models(QAbstractItemModel *model)
     return chain;
 }
 
+QModelIndex BVProxyChain::mapToSource(QModelIndex index)
+{
+    while (const auto *proxy = qobject_cast<const QAbstractProxyModel *>(index.model()))
+        index = proxy->mapToSource(index);
+    return index;
+}
+
 QModelIndex BVProxyChain::mapFromSource(const QModelIndex &sourceIndex, QAbstractItemModel *model)
 {
     if (!model || !sourceIndex.isValid() || sourceIndex.model() == model)

@@ -2,6 +2,8 @@
 #include "itemviews/BVRegisteredDropWidgets_p.h"
 
 #include "foundation/RegisterDragAndDropWidgetEvent.h"
+#include "itemviews/BVDragAndDropManager.h"
+#include "itemviews/BVDragSource_p.h"
 #include "itemviews/DragAndDropBaseFilter.h"
 
 #include <QDropEvent>
@@ -9,29 +11,72 @@
 
 #include <algorithm>
 
-BVRegisteredDropWidgets::BVRegisteredDropWidgets(QObject *eventFilter)
-    : m_eventFilter(eventFilter)
+namespace {
+
+// Several managers may have the same widget; these properties of it tell how many, and whether it
+// accepted drops before the first of them.
+constexpr char s_count[] = "_bv_dropRegistrations";
+constexpr char s_acceptedDrops[] = "_bv_acceptedDrops";
+
+void acceptDrops(QWidget *widget)
+{
+    const int count = widget->property(s_count).toInt();
+    widget->setProperty(s_count, count + 1);
+    if (count > 0)
+        return;
+    widget->setProperty(s_acceptedDrops, widget->acceptDrops());
+    widget->setAcceptDrops(true);
+}
+
+void restoreDrops(QWidget *widget)
+{
+    const int count = widget->property(s_count).toInt();
+    widget->setProperty(s_count, count > 1 ? QVariant(count - 1) : QVariant());
+    if (count > 1)
+        return;
+    widget->setAcceptDrops(widget->property(s_acceptedDrops).toBool());
+    widget->setProperty(s_acceptedDrops, QVariant());
+}
+
+} // namespace
+
+BVRegisteredDropWidgets::BVRegisteredDropWidgets(const BVDragAndDropManager *manager)
+    : m_manager(manager)
 {
 }
 
-BVRegisteredDropWidgets::~BVRegisteredDropWidgets() = default;
+BVRegisteredDropWidgets::~BVRegisteredDropWidgets()
+{
+    for (const Entry &entry : m_entries) {
+        if (entry.widget)
+            release(entry.widget);
+    }
+}
 
 void BVRegisteredDropWidgets::handle(const Brimvale::RegisterDragAndDropWidgetEvent &event)
 {
-    if (!event.getWidget())
+    QWidget *widget = event.getWidget();
+    const QTreeView *view = m_manager->getTreeView();
+    if (!widget || !view || widget == view || widget == view->viewport())
         return;
     if (event.deregister())
-        remove(event.getWidget());
+        remove(widget);
     else if (event.getDragAndDropFilter())
-        add(event.getWidget(), event.getDragAndDropFilter());
+        add(widget, event.getDragAndDropFilter());
 }
 
 void BVRegisteredDropWidgets::add(QWidget *widget, Filter *filter)
 {
     remove(widget);
-    m_entries.push_back({widget, filter, widget->acceptDrops()});
-    widget->setAcceptDrops(true);
-    widget->installEventFilter(m_eventFilter);
+    m_entries.push_back({widget, filter});
+    acceptDrops(widget);
+    widget->installEventFilter(this);
+}
+
+void BVRegisteredDropWidgets::release(QWidget *widget)
+{
+    widget->removeEventFilter(this);
+    restoreDrops(widget);
 }
 
 /// Takes away what has died, too.
@@ -40,10 +85,8 @@ void BVRegisteredDropWidgets::remove(const QWidget *widget)
     const auto isGone = [this, widget](const Entry &entry) {
         if (entry.widget && entry.widget != widget)
             return false;
-        if (entry.widget) {
-            entry.widget->removeEventFilter(m_eventFilter);
-            entry.widget->setAcceptDrops(entry.acceptedDrops);
-        }
+        if (entry.widget)
+            release(entry.widget);
         return true;
     };
     m_entries.erase(std::remove_if(m_entries.begin(), m_entries.end(), isGone), m_entries.end());
@@ -56,16 +99,24 @@ BVRegisteredDropWidgets::Filter *BVRegisteredDropWidgets::filterOf(const QObject
     return widget && entry != m_entries.end() ? entry->filter : nullptr;
 }
 
-bool BVRegisteredDropWidgets::handle(const QObject *watched, QEvent *event,
-                                     const DragDropInfo &info) const
+/// Whether a drag from the manager's view runs.
+bool BVRegisteredDropWidgets::isSource() const
+{
+    const BVDragSource *source = BVDragSource::running();
+    return source && source->manager() == m_manager &&
+           BVDragAndDropManager::managerOf(m_manager->getTreeView()) == m_manager;
+}
+
+bool BVRegisteredDropWidgets::eventFilter(QObject *watched, QEvent *event)
 {
     Filter *filter = filterOf(watched);
     const bool isDrop = event->type() == QEvent::Drop;
-    if (!filter ||
-        !(isDrop || event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove))
+    const bool isOver = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove;
+    if (!filter || !(isDrop || isOver) || !isSource())
         return false;
+    const DragDropInfo info = BVDragSource::runningInfo();
     auto *drop = static_cast<QDropEvent *>(event);
-    auto *widget = qobject_cast<QWidget *>(const_cast<QObject *>(watched));
+    auto *widget = static_cast<QWidget *>(watched);
     event->setAccepted(drop->mimeData() && filter->accepts(widget, *drop->mimeData(), info));
     if (isDrop && event->isAccepted())
         filter->drop(widget, drop, info);
@@ -74,7 +125,7 @@ bool BVRegisteredDropWidgets::handle(const QObject *watched, QEvent *event,
 
 void BVRegisteredDropWidgets::notify(const GetInfo &info) const
 {
-    const QPointer<QObject> guard(m_eventFilter); // dies with this
+    const QPointer<const QObject> guard(this);
     const std::vector<Entry> entries = m_entries;
     for (const Entry &entry : entries) {
         if (!guard)

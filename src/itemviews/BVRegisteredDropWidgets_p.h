@@ -3,12 +3,13 @@
 
 #include "itemviews/DragDropInfo.h"
 
+#include <QObject>
+
 #include <functional>
 #include <vector>
 
+class BVDragAndDropManager;
 class QDropEvent;
-class QEvent;
-class QObject;
 class QWidget;
 
 namespace Brimvale {
@@ -16,23 +17,23 @@ class DragAndDropBaseFilter;
 class RegisterDragAndDropWidgetEvent;
 } // namespace Brimvale
 
-/// The widgets that take rows from a view, with the filters that decide for them.
-class BVRegisteredDropWidgets
+/// The widgets that take rows from a manager's view, with the filters that decide for them. They
+/// accept drops meanwhile, also if they did not before.
+class BVRegisteredDropWidgets : public QObject
 {
 public:
     using GetInfo = std::function<DragDropInfo()>;
 
-    /// The event filter is installed on each of the widgets.
-    explicit BVRegisteredDropWidgets(QObject *eventFilter);
-    ~BVRegisteredDropWidgets();
+    /// The manager owns this.
+    explicit BVRegisteredDropWidgets(const BVDragAndDropManager *manager);
+    ~BVRegisteredDropWidgets() override;
 
-    /// Registers or deregisters a widget; null and unknown ones are ignored. A widget that is
-    /// registered again gets the new filter.
+    /// Registers or deregisters a widget; null, unknown ones and the view itself are ignored. A
+    /// widget that is registered again gets the new filter.
     void handle(const Brimvale::RegisterDragAndDropWidgetEvent &event);
 
-    /// Lets the widget's filter have the event. Whether that is so: the widget is registered, and
-    /// this is a drag event.
-    bool handle(const QObject *widget, QEvent *event, const DragDropInfo &info) const;
+    /// Lets the widget's filter have the events of drags from the view.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
     /// Tells all filters of a drop on the view. They may deregister meanwhile.
     void notify(const GetInfo &info) const;
@@ -43,13 +44,14 @@ private:
     {
         QPointer<QWidget> widget;
         Filter *filter;
-        bool acceptedDrops; // before it was registered
     };
 
     void add(QWidget *widget, Filter *filter);
     void remove(const QWidget *widget);
+    void release(QWidget *widget);
     Filter *filterOf(const QObject *widget) const;
+    bool isSource() const;
 
-    QObject *m_eventFilter;
+    const BVDragAndDropManager *m_manager;
     std::vector<Entry> m_entries; // in the order of registration
 };

@@ -1,6 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVRowWalk_p.h"
 
+QVector<int> BVRowWalk::pathTo(QModelIndex index)
+{
+    QVector<int> path;
+    for (; index.isValid(); index = index.parent())
+        path.prepend(index.row());
+    return path;
+}
+
 int BVRowWalk::positionOf(const QModelIndex &index)
 {
     if (!index.isValid())

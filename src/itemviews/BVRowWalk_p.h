@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <QVector>
 
 #include <vector>
 
@@ -43,6 +44,9 @@ void visit(const QAbstractItemModel &model, const QModelIndex &parent, Visit &&v
     }
 }
 
+/// The rows that lead from the top level to the index: a row with a lesser path stands above
+/// another one when all branches are open.
+QVector<int> pathTo(QModelIndex index);
 /// The position of the index's row among all rows of its model, or -1.
 int positionOf(const QModelIndex &index);
 /// The first cell of the row at a position; invalid if there is none.

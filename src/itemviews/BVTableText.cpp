@@ -10,7 +10,7 @@ constexpr qint64 s_mostReserved = 1 << 24; // characters
 
 /// What the toolkit's strings and byte arrays hold in UTF-8, too, with some space to spare.
 constexpr qint64 s_mostCharacters = (std::numeric_limits<int>::max() - 1024) / 3;
-constexpr QLatin1String s_htmlBreak("<br style=\"mso-data-placement:same-cell\">");
+const QLatin1String s_htmlBreak("<br style=\"mso-data-placement:same-cell\">");
 constexpr qint64 s_mostHtmlPerCharacter = 64; // the longest break, and the tags of a cell and a row
 
 /// The text of a cell. Line breaks stay in the cell also where programs would begin a new row.

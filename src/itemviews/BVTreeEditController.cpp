@@ -59,7 +59,7 @@ bool BVTreeEditController::edit(const QModelIndex &index, QAbstractItemView::Edi
     const QPersistentModelIndex cell(index);
     if (!m_view->QTreeView::edit(index, adjustedTrigger(index, trigger, event), event))
         return false;
-    if (!view || m_view->state() != QAbstractItemView::EditingState)
+    if (!view || m_view->state() != BVTreeView::EditingState)
         return true; // the delegate has used the event, or the editor opens later
     if (QWidget *editor = m_view->indexWidget(m_view->model()->buddy(cell)))
         setEditor(editor);
@@ -112,7 +112,7 @@ QAbstractItemView::EditTrigger BVTreeEditController::adjustedTrigger(
 
 bool BVTreeEditController::isEditing() const
 {
-    return m_editor || m_view->state() == QAbstractItemView::EditingState;
+    return m_editor || m_view->state() == BVTreeView::EditingState;
 }
 
 void BVTreeEditController::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
@@ -147,7 +147,7 @@ bool BVTreeEditController::isEditStop(const QModelIndex &index) const
 /// The next cell to edit; invalid if there is none.
 QModelIndex BVTreeEditController::nextCell(bool forward) const
 {
-    const auto action = forward ? QAbstractItemView::MoveNext : QAbstractItemView::MovePrevious;
+    const auto action = forward ? BVTreeView::MoveNext : BVTreeView::MovePrevious;
     QItemSelectionModel *selection = m_view->selectionModel();
     // The view knows only the way from its current cell, which nobody else is to see wandering.
     const QSignalBlocker blocker(selection);

@@ -21,6 +21,8 @@ public:
     bool edit(const QModelIndex &index, QAbstractItemView::EditTrigger trigger, QEvent *event);
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint);
     SelectionFlags selectionCommand(const QModelIndex &index, const QEvent *event);
+    /// A release that is not for the view takes what the press has left for it.
+    void endPress() { m_toggledOnRelease = QPersistentModelIndex(); }
     bool isEditing() const;
     /// How a cell becomes the selection.
     SelectionFlags soleSelection() const;

@@ -19,6 +19,16 @@ BVTreeGrid::BVTreeGrid(const BVTreeView *view)
 {
 }
 
+void BVTreeGrid::paint(int tintedColumn) const
+{
+    if (!m_view->isGridShown() && tintedColumn < 0)
+        return;
+    QPainter painter(m_view->viewport());
+    if (m_view->isGridShown())
+        paintLines(painter);
+    paintTint(painter, tintedColumn);
+}
+
 /// Returns the bottom of the last row in sight.
 int BVTreeGrid::paintRowLines(QPainter &painter) const
 {
@@ -32,13 +42,14 @@ int BVTreeGrid::paintRowLines(QPainter &painter) const
     return bottom;
 }
 
-void BVTreeGrid::paintLines(QPainter &painter, bool columns) const
+/// A line below each row, and one behind each column.
+void BVTreeGrid::paintLines(QPainter &painter) const
 {
     const QStyleOptionViewItem option = m_view->viewOptions();
     const int color = m_view->style()->styleHint(QStyle::SH_Table_GridLineColor, &option, m_view);
     painter.setPen(QColor::fromRgba(QRgb(color)));
     const int bottom = paintRowLines(painter);
-    if (!columns)
+    if (!m_view->isColumnGridShown())
         return;
     const QHeaderView *header = m_view->header();
     for (int column = 0; column < header->count(); ++column) {
@@ -50,7 +61,7 @@ void BVTreeGrid::paintLines(QPainter &painter, bool columns) const
     }
 }
 
-void BVTreeGrid::paintColumn(QPainter &painter, int column) const
+void BVTreeGrid::paintTint(QPainter &painter, int column) const
 {
     const QHeaderView *header = m_view->header();
     if (column < 0 || column >= header->count() || header->isSectionHidden(column))

@@ -10,13 +10,13 @@ class BVTreeGrid
 public:
     explicit BVTreeGrid(const BVTreeView *view);
 
-    /// A line below each row, and with @p columns one behind each column.
-    void paintLines(QPainter &painter, bool columns) const;
-    /// A tint over the whole column.
-    void paintColumn(QPainter &painter, int column) const;
+    /// The lines that the view shows, and a tint over the column; -1 for none.
+    void paint(int tintedColumn) const;
 
 private:
     int paintRowLines(QPainter &painter) const;
+    void paintLines(QPainter &painter) const;
+    void paintTint(QPainter &painter, int column) const;
 
     const BVTreeView *m_view;
 };

@@ -5,6 +5,7 @@
 #include "itemviews/BVProxyChain_p.h"
 #include "itemviews/BVRowWalk_p.h"
 #include "itemviews/BVTreeView.h"
+#include "itemviews/BVTreeViewModel.h"
 
 #include <QAccessible>
 #include <QIdentityProxyModel>
@@ -38,14 +39,6 @@ void visitCheckable(const QAbstractItemModel *model, int column, Visit &&visit)
     });
 }
 
-/// The cell itself, behind all proxy models.
-QModelIndex innermost(QModelIndex index)
-{
-    while (const auto *proxy = qobject_cast<const QAbstractProxyModel *>(index.model()))
-        index = proxy->mapToSource(index);
-    return index;
-}
-
 /// The cells of the rows in a column of @p model, which is also one behind which the rows stand.
 /// They are held behind all proxy models, which keep track of their own cells slowly.
 QVector<QPersistentModelIndex> sourceCells(const QModelIndexList &rows, int column,
@@ -55,8 +48,10 @@ QVector<QPersistentModelIndex> sourceCells(const QModelIndexList &rows, int colu
     cells.reserve(rows.size());
     for (const QModelIndex &row : rows) {
         const QModelIndex shown =
-            row.model() == model ? row : BVProxyChain::mapFromSource(innermost(row), model);
-        const QModelIndex cell = innermost(shown.sibling(shown.row(), column));
+            row.model() == model
+                ? row
+                : BVProxyChain::mapFromSource(BVProxyChain::mapToSource(row), model);
+        const QModelIndex cell = BVProxyChain::mapToSource(shown.sibling(shown.row(), column));
         if (cell.isValid())
             cells.append(cell);
     }
@@ -97,6 +92,7 @@ BVCustomHeaderView *BVTreeHeaderChecks::header() const
     return qobject_cast<BVCustomHeaderView *>(m_view->header());
 }
 
+/// Gives the view a header that can have check boxes if it has another one.
 void BVTreeHeaderChecks::makeHeader()
 {
     if (header())
@@ -120,6 +116,20 @@ void BVTreeHeaderChecks::makeHeader()
     custom->setSortIndicator(sortColumn, sortOrder);
 }
 
+void BVTreeHeaderChecks::showBox(int column, Qt::Alignment alignment)
+{
+    makeHeader();
+    setBoxVisible(column, true);
+    setHeaderData(column, BVTreeViewModel::HeaderCheckBoxAlignmentRole, int(alignment));
+}
+
+void BVTreeHeaderChecks::setBoxVisible(int column, bool visible)
+{
+    setHeaderData(column, BVTreeViewModel::HeaderCheckBoxRole, visible);
+}
+
+/// Writes header data of the view's model, now or, if it needs rows for that, with
+/// retryHeaderData().
 void BVTreeHeaderChecks::setHeaderData(int column, int role, const QVariant &value)
 {
     QAbstractItemModel *model = m_view->model();

@@ -19,12 +19,10 @@ public:
 
     /// The view's header if it can have check boxes, else null.
     BVCustomHeaderView *header() const;
-    /// Gives the view such a header if it has another one.
-    void makeHeader();
-    /// Writes header data of the view's model, now or, if it needs rows for that, with
-    /// retryHeaderData().
-    void setHeaderData(int column, int role, const QVariant &value);
-    /// To be called when rows have come.
+    /// Gives the column's header a box, and the view such a header if it has another one.
+    void showBox(int column, Qt::Alignment alignment);
+    void setBoxVisible(int column, bool visible);
+    /// To be called when rows have come: models that need them for it are told of boxes now.
     void retryHeaderData();
     /// To be called when such a header has been set.
     void adoptHeader();
@@ -49,6 +47,8 @@ private:
         QVariant value;
     };
 
+    void makeHeader();
+    void setHeaderData(int column, int role, const QVariant &value);
     QModelIndexList checkableCells(int column) const;
     Qt::CheckState columnState(int column) const;
     void update();

@@ -46,7 +46,7 @@ void BVTreeHover::setIndex(const QModelIndex &index)
     repaint(before);
     if (before.isValid())
         onLeave(before);
-    if (!view || !after.isValid())
+    if (!view || !after.isValid() || m_hoverIndex.isValid()) // or a slot has chosen another one
         return;
     m_hoverIndex = after;
     repaint(after);

@@ -28,7 +28,7 @@ void BVTreeSort::sort(BVTreeViewItem *parent, int column, Qt::SortOrder order) c
     QModelIndexList after;
     after.reserve(before.size());
     for (int i = 0; i < before.size(); ++i)
-        after.append(m_model->cell(items[i], before[i].column()));
+        after.append(m_model->index(items[i], before[i].column())); // invalid for rows long gone
     m_model->changePersistentIndexList(before, after);
     Q_EMIT m_model->layoutChanged(parents, QAbstractItemModel::VerticalSortHint);
 }

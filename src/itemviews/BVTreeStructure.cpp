@@ -5,6 +5,8 @@
 #include "itemviews/BVTreeViewModel.h"
 #include "itemviews/BVTreeVisit_p.h"
 
+#include <algorithm>
+
 void BVTreeStructure::enter(const BVItemSpan &items)
 {
     visitTree(items, [this](BVTreeViewItem *item) {
@@ -56,11 +58,35 @@ QVector<BVTreeViewItem *> BVTreeStructure::takeAll(BVTreeViewItem *parent)
     return takeRows(parent, 0, parent->childCount());
 }
 
+void BVTreeStructure::deleteAll(BVTreeViewItem *parent)
+{
+    if (!m_model->flushFor(parent) || parent->childCount() == 0)
+        return;
+    BVTreeViewItem doomed;
+    doomed.adopt(0, release(parent, 0, parent->childCount()));
+    m_model->endRemoveItems();
+}
+
 QVector<BVTreeViewItem *> BVTreeStructure::takeRows(BVTreeViewItem *parent, int row, int count)
 {
-    m_model->beginRemoveItems(parent, row, count);
-    const QVector<BVTreeViewItem *> items = parent->release(row, count);
-    depart(items);
+    const Items items = release(parent, row, count);
     m_model->endRemoveItems();
+    return items;
+}
+
+void BVTreeStructure::deleteRows(BVTreeViewItem *parent, int row, int count)
+{
+    Items items = release(parent, row, count);
+    std::reverse(items.begin(), items.end());
+    BVTreeViewItem doomed;
+    doomed.adopt(0, items);
+    m_model->endRemoveItems();
+}
+
+QVector<BVTreeViewItem *> BVTreeStructure::release(BVTreeViewItem *parent, int row, int count)
+{
+    m_model->beginRemoveItems(parent, row, count);
+    const Items items = parent->release(row, count);
+    depart(items);
     return items;
 }

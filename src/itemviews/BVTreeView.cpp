@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVTreeView.h"
 
+#include "itemviews/BVCellHover_p.h"
 #include "itemviews/BVContextMenuPlace_p.h"
 #include "itemviews/BVCustomHeaderView.h"
 #include "itemviews/BVDelegateManager.h"
@@ -11,9 +12,8 @@
 #include "itemviews/BVTreeEditController_p.h"
 #include "itemviews/BVTreeGrid_p.h"
 #include "itemviews/BVTreeHeaderChecks_p.h"
-#include "itemviews/BVTreeHover_p.h"
 #include "itemviews/BVTreeModelLink_p.h"
-#include "itemviews/BVTreeViewModel.h"
+#include "itemviews/BVTreeSizeHint_p.h"
 #include "itemviews/BVTreeVisibleRows_p.h"
 #include "itemviews/TreeViewContextMenu.h"
 #include "itemviews/TreeViewCopyHandler.h"
@@ -23,42 +23,12 @@
 #include <QPainter>
 #include <QScrollBar>
 
-namespace {
-
-constexpr int s_spaceRowHeight = 20; // px, of a row of space below the content
-constexpr int s_frameSpace = 2;      // px, without rows of space
-
-/// Has the view tell of the cell under the mouse.
-class CellHover : public BVTreeHover
-{
-public:
-    explicit CellHover(BVTreeView *view)
-        : BVTreeHover(view)
-        , m_view(view)
-    {
-    }
-
-protected:
-    void onEnter(const QModelIndex &index) override
-    {
-        Q_EMIT m_view->sigItemHoverEnter(index, index.column());
-    }
-    void onLeave(const QModelIndex &index) override
-    {
-        Q_EMIT m_view->sigItemHoverLeave(index, index.column());
-    }
-    void onMouseLeft() override { Q_EMIT m_view->sigLeaveEvent(); }
-
-private:
-    BVTreeView *m_view;
-};
-
-} // namespace
+#include <utility>
 
 BVTreeView::BVTreeView(QWidget *parent)
     : QTreeView(parent)
     , m_editController(std::make_unique<BVTreeEditController>(this))
-    , m_hover(std::make_unique<CellHover>(this))
+    , m_hover(std::make_unique<BVCellHover>(this))
     , m_contentHeight(std::make_unique<BVTreeContentHeight>(this))
     , m_headerChecks(std::make_unique<BVTreeHeaderChecks>(this))
     , m_visibleRows(std::make_unique<BVTreeVisibleRows>(this))
@@ -244,44 +214,22 @@ void BVTreeView::setOnlyAdjustOnTopLevelItems(bool adjust)
 
 int BVTreeView::calculateRowHeight(const QModelIndex &parent) const
 {
-    using Children = BVTreeContentHeight::Children;
-    const Children children = m_onlyAdjustOnTopLevelItems ? Children::None
-                              : m_adjustOnChildItems      ? Children::Expanded
-                                                          : Children::All;
-    if (parent == rootIndex())
-        return m_contentHeight->rowsHeight(children);
-    return m_contentHeight->rowsHeight(parent, children);
+    return BVTreeSizeHint(this, m_contentHeight.get()).rowsHeight(parent);
 }
 
 int BVTreeView::calculateHeight() const
 {
-    int height = m_contentHeight->headerHeight() + calculateRowHeight(rootIndex());
-    const QScrollBar *bar = horizontalScrollBar();
-    if (bar->minimum() < bar->maximum())
-        height += bar->sizeHint().height();
-    return qMax(height, qMax(minimumHeight(), m_minimumResizableHeight));
+    return BVTreeSizeHint(this, m_contentHeight.get()).contentHeight();
 }
 
 QSize BVTreeView::sizeHint() const
 {
-    QSize size = QTreeView::sizeHint();
-    if (m_resizable)
-        size.setHeight(m_customFixedHeight >= 0 ? m_customFixedHeight : calculateHeight());
-    constexpr int mostRows = QWIDGETSIZE_MAX / s_spaceRowHeight;
-    if (m_spaceToAdd == 0)
-        size.rheight() += s_frameSpace;
-    else if (m_spaceToAdd > 0)
-        size.rheight() += qMin(m_spaceToAdd, mostRows) * s_spaceRowHeight;
-    return size;
+    return BVTreeSizeHint(this, m_contentHeight.get()).preferred(QTreeView::sizeHint());
 }
 
-/// A resizable view may be as low as its content, and scrolls where a form has less space.
 QSize BVTreeView::minimumSizeHint() const
 {
-    QSize size = QTreeView::minimumSizeHint();
-    if (m_resizable)
-        size.setHeight(qMax(qMin(size.height(), sizeHint().height()), m_minimumResizableHeight));
-    return size;
+    return BVTreeSizeHint(this, m_contentHeight.get()).minimum(QTreeView::minimumSizeHint());
 }
 
 // Header
@@ -323,15 +271,12 @@ void BVTreeView::setHeader(QHeaderView *header)
 
 void BVTreeView::useCheckStateHeader(int column, Qt::Alignment alignment)
 {
-    m_headerChecks->makeHeader();
-    setCheckBoxVisible(true, column);
-    m_headerChecks->setHeaderData(column, BVTreeViewModel::HeaderCheckBoxAlignmentRole,
-                                  int(alignment));
+    m_headerChecks->showBox(column, alignment);
 }
 
 void BVTreeView::setCheckBoxVisible(bool visible, int column)
 {
-    m_headerChecks->setHeaderData(column, BVTreeViewModel::HeaderCheckBoxRole, visible);
+    m_headerChecks->setBoxVisible(column, visible);
 }
 
 bool BVTreeView::setCheckBoxChecked(bool checked, int column)
@@ -543,8 +488,10 @@ bool BVTreeView::isCopySelectedActionEnabled() const
 
 void BVTreeView::setDragAndDropManager(BVDragAndDropManager *manager)
 {
-    m_dragAndDropManager = manager;
+    const QPointer<BVDragAndDropManager> before = std::exchange(m_dragAndDropManager, manager);
     viewport()->update();
+    if (before && before != manager)
+        before->retire(); // may be the end of the view
 }
 
 BVDragAndDropManager *BVTreeView::initDragAndDropManager()
@@ -563,6 +510,11 @@ void BVTreeView::setDragEnabled(bool enable)
 void BVTreeView::setDraggingState(BVDragAndDropManager::DragState state)
 {
     BVDragHost::setDraggingState(this, state, isEditingState());
+}
+
+void BVTreeView::endPress()
+{
+    m_editController->endPress();
 }
 
 // Painting
@@ -595,13 +547,7 @@ void BVTreeView::paintEvent(QPaintEvent *event)
     m_visibleRows->settleSight();
     const BVCustomHeaderView *custom = m_headerChecks->header();
     const int column = m_paintHeaderSelection && custom ? custom->focusedCheckBox() : -1;
-    if (m_showGrid || column >= 0) {
-        QPainter painter(viewport());
-        const BVTreeGrid grid(this);
-        if (m_showGrid)
-            grid.paintLines(painter, m_gridSecondFlag);
-        grid.paintColumn(painter, column);
-    }
+    BVTreeGrid(this).paint(column);
     {
         const BVDragHost::IndicatorHider hider(this, m_dragAndDropManager);
         QTreeView::paintEvent(event);

@@ -113,6 +113,8 @@ public:
     void setDragEnabled(bool enable);
     /// Called by the manager while something is dragged over the view.
     void setDraggingState(BVDragAndDropManager::DragState state);
+    /// Called by the manager when a press has been a drag, whose release selects nothing.
+    void endPress();
 
     /// The handler belongs to the view. Null until copying is enabled.
     TreeViewCopyHandler *getCopyHandler() const { return m_copyHandler; }

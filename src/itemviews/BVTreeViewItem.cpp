@@ -5,10 +5,8 @@
 #include "itemviews/BVCheckCounters_p.h"
 #include "itemviews/BVCheckPush_p.h"
 #include "itemviews/BVItemBranch_p.h"
-#include "itemviews/BVItemSpan_p.h"
 #include "itemviews/BVItemValues_p.h"
 #include "itemviews/BVModelWatch_p.h"
-#include "itemviews/BVTreeSort_p.h"
 #include "itemviews/BVTreeStructure_p.h"
 #include "itemviews/BVTreeViewModel.h"
 
@@ -18,8 +16,6 @@
 #include <utility>
 
 namespace {
-
-constexpr int s_nearRows = 16; // rows around the hint that are worth a look
 
 BVBlockPool s_items(sizeof(BVTreeViewItem));
 
@@ -44,6 +40,29 @@ void BVTreeViewItem::operator delete(void *item, size_t size)
         s_items.give(item);
     else
         ::operator delete(item);
+}
+
+void *BVTreeViewItem::operator new(size_t size, std::align_val_t alignment)
+{
+    return ::operator new(size, alignment);
+}
+
+void BVTreeViewItem::operator delete(void *item, std::align_val_t alignment)
+{
+    ::operator delete(item, alignment);
+}
+
+void *BVTreeViewItem::operator new(size_t size, const std::nothrow_t &) noexcept
+try {
+    return operator new(size);
+} catch (const std::bad_alloc &) {
+    return nullptr;
+}
+
+void *BVTreeViewItem::operator new(size_t size, std::align_val_t alignment,
+                                   const std::nothrow_t &) noexcept
+{
+    return ::operator new(size, alignment, std::nothrow);
 }
 
 BVTreeViewItem::BVTreeViewItem()
@@ -130,33 +149,6 @@ BVTreeViewItem::~BVTreeViewItem()
     deleteChildren();
 }
 
-/// Deletes level by level instead of by recursion, which a long chain of items would overflow. The
-/// items deleted by the loop leave their own children to it.
-void BVTreeViewItem::deleteChildren()
-{
-    thread_local std::vector<BVTreeViewItem *> *s_doomed = nullptr;
-    if (m_childCount == 0)
-        return;
-    std::vector<BVTreeViewItem *> doomed;
-    const bool isOutermost = !s_doomed;
-    if (isOutermost)
-        s_doomed = &doomed;
-    const QVector<BVTreeViewItem *> children = std::exchange(m_branch->children, {});
-    m_childCount = 0;
-    for (auto child = children.crbegin(); child != children.crend(); ++child) {
-        (*child)->m_parent = nullptr;
-        (*child)->m_model = nullptr;
-        s_doomed->push_back(*child);
-    }
-    while (isOutermost && !doomed.empty()) {
-        const BVTreeViewItem *item = doomed.back();
-        doomed.pop_back();
-        delete item;
-    }
-    if (isOutermost)
-        s_doomed = nullptr;
-}
-
 // Values
 
 BVItemValues *BVTreeViewItem::copyOf(const BVItemValues *values)
@@ -205,17 +197,19 @@ void BVTreeViewItem::write(int column, int role, QVariant &&value)
         announce(column, role);
 }
 
-/// False if the model, and this with it, has not outlived the notification.
+/// False if the model, and this with it, has not outlived the notification, or has fewer columns.
 bool BVTreeViewItem::setModelColumns(int count)
 {
     const BVModelWatch watch(m_model, this);
     m_model->setColumnCount(count);
-    return watch.isModelAlive();
+    return watch.isModelAlive() && m_columnCount >= count;
 }
 
 /// False if nothing has changed or the item is gone.
 bool BVTreeViewItem::change(int column, int role, QVariant &&value)
 {
+    if (role != Qt::CheckStateRole && role != BVTreeViewModel::CountsForParentCheckRole)
+        return store(column, storedRole(role), std::move(value));
     if (isPushingDown())
         BVCheckCounters::forget(m_parent); // they know the state from before
     BVCheckCounters::Change change(this, column);
@@ -253,8 +247,11 @@ bool BVTreeViewItem::store(int column, int role, QVariant &&value)
         *stored = std::move(value);
         return true;
     }
-    if (!m_values || m_values->isFull())
-        m_values.reset(BVItemValues::enlarge(m_values.release()));
+    if (!m_values || m_values->isFull()) {
+        BVItemValues *larger = BVItemValues::enlarge(m_values.get());
+        m_values.release(); // it is destroyed
+        m_values.reset(larger);
+    }
     m_values->insert(column, role, std::move(value));
     return true;
 }
@@ -328,12 +325,19 @@ void BVTreeViewItem::notify(int column, int role)
         m_model->notify(this, column, {role});
 }
 
+const QVector<int> &BVTreeViewItem::checkStateRoles()
+{
+    static const QVector<int> s_roles{Qt::CheckStateRole};
+    return s_roles;
+}
+
 /// Each step may run slots that change the tree.
 void BVTreeViewItem::notifyCheckState(int column)
 {
-    static const QVector<int> s_roles{Qt::CheckStateRole};
     BVTreeViewItem *item = this;
-    while (item->m_model->notify(item, column, s_roles)) {
+    const quint64 shifts = m_model->m_columnShifts;
+    while (item->m_model->notify(item, item->m_model->columnSince(shifts, column),
+                                 checkStateRoles())) {
         item = item->m_parent;
         if (!item || !(item->m_flags & Qt::ItemIsAutoTristate))
             return;
@@ -374,10 +378,23 @@ QString BVTreeViewItem::text(int column) const
 
 void BVTreeViewItem::setText(int column, const QString &text)
 {
-    if (isPlain())
-        write(column, Qt::DisplayRole, text); // without a copy of the value on the way
-    else
+    auto *stored = const_cast<QVariant *>(find(column, Qt::DisplayRole));
+    if (!isPlain())
         setData(column, Qt::DisplayRole, text);
+    else if (!stored || stored->userType() != QMetaType::QString)
+        write(column, Qt::DisplayRole, text);
+    else
+        replaceText(static_cast<QString *>(stored->data()), column, text);
+}
+
+/// As write(), which most texts do not need.
+void BVTreeViewItem::replaceText(QString *stored, int column, const QString &text)
+{
+    if (*stored == text)
+        return;
+    *stored = text;
+    if (m_model)
+        announce(column, Qt::DisplayRole);
 }
 
 void BVTreeViewItem::setIcon(int column, const QIcon &icon)
@@ -444,227 +461,4 @@ bool BVTreeViewItem::inTree(const BVTreeViewItem *root) const
             return true;
     }
     return root && m_model && root == m_model->m_rootItem.get() && !isHeader();
-}
-
-// Places
-
-/// The item in whose list this one stands; the invisible root for a top-level item.
-BVTreeViewItem *BVTreeViewItem::holder() const
-{
-    if (m_parent || !m_model)
-        return m_parent;
-    BVTreeViewItem *root = m_model->m_rootItem.get();
-    return this == root || isHeader() ? nullptr : root;
-}
-
-BVTreeViewItem *BVTreeViewItem::child(int row) const
-{
-    return row >= 0 && row < m_childCount ? m_branch->children.at(row) : nullptr;
-}
-
-const QVector<BVTreeViewItem *> &BVTreeViewItem::children() const
-{
-    static const QVector<BVTreeViewItem *> s_none;
-    return m_branch ? m_branch->children : s_none;
-}
-
-BVTreeViewItem::Branch &BVTreeViewItem::branch()
-{
-    if (!m_branch)
-        m_branch = std::make_unique<Branch>();
-    return *m_branch;
-}
-
-int BVTreeViewItem::row() const
-{
-    const BVTreeViewItem *parent = holder();
-    return parent ? parent->rowOf(this) : -1;
-}
-
-int BVTreeViewItem::indexOfChild(const BVTreeViewItem *child) const
-{
-    return child && child->holder() == this ? rowOf(child) : -1;
-}
-
-/// The row of an item that is known to be a child.
-int BVTreeViewItem::rowOf(const BVTreeViewItem *child) const
-{
-    return m_branch->rowDoubt == 0 ? child->m_row : findRow(child);
-}
-
-/// Once rows were inserted or taken in front, the hint is mostly off by a few rows. Where many rows
-/// are asked for, all hints are made anew, at a cost that does not weigh much among so many.
-int BVTreeViewItem::findRow(const BVTreeViewItem *child) const
-{
-    const bool isAskedOften = ++m_branch->rowDoubt > m_childCount / s_nearRows;
-    for (int distance = 0; distance <= s_nearRows && !isAskedOften; ++distance) {
-        for (const int row : {child->m_row - distance, child->m_row + distance}) {
-            if (row >= 0 && row < m_childCount && m_branch->children.at(row) == child) {
-                child->m_row = row;
-                return row;
-            }
-        }
-    }
-    numberChildren(0);
-    return child->m_row;
-}
-
-void BVTreeViewItem::doubtRows()
-{
-    m_branch->rowDoubt = qMax(m_branch->rowDoubt, 1);
-}
-
-/// The rows in front of @p from are known to be right if all were.
-void BVTreeViewItem::numberChildren(int from) const
-{
-    for (int row = from; row < m_childCount; ++row)
-        m_branch->children.at(row)->m_row = row;
-    if (from == 0)
-        m_branch->rowDoubt = 0;
-}
-
-void BVTreeViewItem::appendChild(BVTreeViewItem *child)
-{
-    if (!m_model || m_model->flushFor(this))
-        insert(m_childCount, BVItemSpan(&child));
-}
-
-void BVTreeViewItem::appendChildren(const QVector<BVTreeViewItem *> &children)
-{
-    if (!m_model || m_model->flushFor(this))
-        insertChildren(m_childCount, children);
-}
-
-void BVTreeViewItem::insertChild(int row, BVTreeViewItem *child)
-{
-    insert(row, BVItemSpan(&child));
-}
-
-void BVTreeViewItem::insertChildren(int row, const QVector<BVTreeViewItem *> &children)
-{
-    const QVector<BVTreeViewItem *> kept = children; // whatever slots do
-    insert(row, kept);
-}
-
-void BVTreeViewItem::insert(int row, const BVItemSpan &items)
-{
-    const auto isPossible = [&] { return row >= 0 && row <= m_childCount && !isHeader(); };
-    if (!isPossible() || (m_model && (!m_model->flushFor(this) || !isPossible())))
-        return;
-    if (items.size() != 1)
-        insertFree(row, insertable(items));
-    else if (isInsertable(items[0]))
-        insertFree(row, items);
-}
-
-void BVTreeViewItem::insertFree(int row, const BVItemSpan &items)
-{
-    if (items.size() == 0)
-        return;
-    if (m_model)
-        BVTreeStructure(m_model).insert(this, row, items);
-    else
-        adopt(row, items);
-}
-
-bool BVTreeViewItem::isInsertable(const BVTreeViewItem *item) const
-{
-    return item && item != this && !item->m_model && !item->m_parent &&
-           (item->m_childCount == 0 || !inTree(item));
-}
-
-QVector<BVTreeViewItem *> BVTreeViewItem::insertable(const BVItemSpan &items) const
-{
-    // Free items have no row of their own: the hint can tell where in the list each stands first.
-    for (int i = items.size() - 1; i >= 0; --i) {
-        if (items[i] && !items[i]->m_model && !items[i]->m_parent)
-            items[i]->m_row = i;
-    }
-    QVector<BVTreeViewItem *> result;
-    result.reserve(items.size());
-    for (int i = 0; i < items.size(); ++i) {
-        if (isInsertable(items[i]) && items[i]->m_row == i)
-            result.append(items[i]);
-    }
-    return result;
-}
-
-/// Takes free items into the list, without a word to anyone.
-void BVTreeViewItem::adopt(int row, const BVItemSpan &items)
-{
-    if (s_pushDowns)
-        BVCheckCounters::forget(this); // it may hold states from before
-    else
-        BVCheckCounters::join(this, items);
-    BVTreeViewItem *parent = isRoot() ? nullptr : this;
-    const bool isLast = row == m_childCount;
-    QVector<BVTreeViewItem *> &children = branch().children;
-    if (items.size() == 1) {
-        children.insert(row, items[0]);
-    } else {
-        children.insert(row, items.size(), nullptr);
-        std::copy(items.begin(), items.end(), children.begin() + row);
-    }
-    m_childCount = children.size();
-    for (int i = 0; i < items.size(); ++i) {
-        items[i]->m_parent = parent;
-        items[i]->m_row = row + i;
-    }
-    if (!isLast && items.size() > s_nearRows)
-        numberChildren(row + items.size());
-    else if (!isLast)
-        doubtRows();
-}
-
-void BVTreeViewItem::removeChild(BVTreeViewItem *child)
-{
-    takeChild(indexOfChild(child));
-}
-
-BVTreeViewItem *BVTreeViewItem::takeChild(int row)
-{
-    if (row < 0 || row >= m_childCount)
-        return nullptr;
-    if (m_model)
-        return BVTreeStructure(m_model).take(this, row);
-    return release(row, 1).front();
-}
-
-QVector<BVTreeViewItem *> BVTreeViewItem::takeChildren()
-{
-    if (m_model)
-        return BVTreeStructure(m_model).takeAll(this);
-    return release(0, m_childCount);
-}
-
-void BVTreeViewItem::removeChildren()
-{
-    const QVector<BVTreeViewItem *> children = takeChildren();
-    qDeleteAll(children);
-}
-
-/// Gives items out of the list, without a word to anyone.
-QVector<BVTreeViewItem *> BVTreeViewItem::release(int row, int count)
-{
-    const QVector<BVTreeViewItem *> items = children().mid(row, count);
-    if (s_pushDowns)
-        BVCheckCounters::forget(this);
-    else
-        BVCheckCounters::leave(this, items);
-    if (count > 0)
-        m_branch->children.remove(row, count);
-    m_childCount -= count;
-    for (BVTreeViewItem *item : items)
-        item->m_parent = nullptr;
-    if (count > s_nearRows)
-        numberChildren(row);
-    else if (row < m_childCount)
-        doubtRows();
-    return items;
-}
-
-void BVTreeViewItem::sortChildren(int column, Qt::SortOrder order)
-{
-    if (m_model)
-        BVTreeSort(m_model).sort(this, column, order);
 }

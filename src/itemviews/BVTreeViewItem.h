@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <typeinfo>
 
 class BVItemSpan;
@@ -60,8 +61,15 @@ public:
     /// Items of this class itself come from a pool.
     static void *operator new(size_t size);
     static void operator delete(void *item, size_t size);
-    static void *operator new(size_t /*size*/, void *place) { return place; }
-    static void operator delete(void * /*item*/, void * /*place*/) {}
+    /// Subclasses of a stricter alignment come from the heap.
+    static void *operator new(size_t size, std::align_val_t alignment);
+    static void operator delete(void *item, std::align_val_t alignment);
+    /// Null when there is no memory. What a constructor throws costs the block then.
+    static void *operator new(size_t size, const std::nothrow_t &) noexcept;
+    static void *operator new(size_t size, std::align_val_t alignment,
+                              const std::nothrow_t &) noexcept;
+    static void *operator new(size_t /*size*/, void *place) noexcept { return place; }
+    static void operator delete(void * /*item*/, void * /*place*/) noexcept {}
 
     virtual QVariant data(int column, int role) const;
     /// Stores a value and tells the model's views, unless it is there already. A column that does
@@ -132,6 +140,7 @@ private:
     friend class BVTreeViewModel;
 
     struct Branch;
+    struct Deletion;
     struct PushDown;
     struct ValuesDeleter
     {
@@ -141,6 +150,7 @@ private:
     static int storedRole(int role) { return role == Qt::EditRole ? int(Qt::DisplayRole) : role; }
     const QVariant *find(int column, int role) const;
     void write(int column, int role, QVariant &&value);
+    void replaceText(QString *stored, int column, const QString &text);
     bool store(int column, int role, QVariant &&value);
     static BVItemValues *copyOf(const BVItemValues *values);
     void shiftColumns(int column, int count);
@@ -158,6 +168,7 @@ private:
     void announce(int column, int role);
     void notify(int column, int role);
     void notifyCheckState(int column);
+    static const QVector<int> &checkStateRoles();
     void releaseFlags();
     void changeFlags(Qt::ItemFlags flags);
     void setEnabledFlag(bool enabled);
@@ -175,9 +186,11 @@ private:
     void numberChildren(int from) const;
     Branch &branch();
     void deleteChildren();
+    void handChildrenTo(BVTreeViewItem *doomed);
 
     static qint64 s_nextId;
     static PushDown *s_pushDowns; // running ones, innermost first
+    static Deletion *s_deletions; // likewise
 
     // One line of a processor's cache: rows are many, and reached in any order.
     BVTreeViewItem *m_parent = nullptr;

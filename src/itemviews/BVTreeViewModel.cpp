@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVTreeViewModel.h"
 
-#include "itemviews/BVChangeFlush_p.h"
+#include "itemviews/BVItemBranch_p.h"
 #include "itemviews/BVItemIdMap_p.h"
 #include "itemviews/BVItemValues_p.h"
 #include "itemviews/BVModelWatch_p.h"
@@ -9,10 +9,7 @@
 #include "itemviews/BVTreeStructure_p.h"
 #include "itemviews/BVTreeVisit_p.h"
 
-#include <QMetaMethod>
-#include <QTimer>
-
-#include <algorithm>
+#include <utility>
 
 BVTreeViewModel::BVTreeViewModel(QObject *parent)
     : QAbstractItemModel(parent)
@@ -39,8 +36,14 @@ BVTreeViewModel::~BVTreeViewModel()
 /// Without a word, even if the items' own classes have something to say when they go.
 void BVTreeViewModel::deleteRows()
 {
-    visitTree(m_rootItem->children(), [](BVTreeViewItem *item) { item->m_model = nullptr; });
-    m_rootItem->deleteChildren();
+    BVTreeViewItem doomed;
+    visitTree(m_rootItem->children(), [&](BVTreeViewItem *item) {
+        item->m_model = nullptr;
+        if (!item->m_parent)
+            item->m_parent = &doomed;
+    });
+    doomed.m_branch = std::move(m_rootItem->m_branch);
+    doomed.m_childCount = std::exchange(m_rootItem->m_childCount, 0);
 }
 
 // Items and indexes
@@ -52,9 +55,12 @@ BVTreeViewItem *BVTreeViewModel::item(const QModelIndex &index) const
     return static_cast<const BVTreeViewItem *>(index.internalPointer())->child(index.row());
 }
 
-BVTreeViewItem *BVTreeViewModel::itemOrRoot(const QModelIndex &index) const
+/// Null for an index that has no rows: they stand below the first column.
+BVTreeViewItem *BVTreeViewModel::holderOfRows(const QModelIndex &parent) const
 {
-    return index.isValid() ? item(index) : m_rootItem.get();
+    if (!parent.isValid())
+        return m_rootItem.get();
+    return parent.column() == 0 ? item(parent) : nullptr;
 }
 
 BVTreeViewItem *BVTreeViewModel::itemOfId(qint64 id) const
@@ -78,7 +84,7 @@ QModelIndex BVTreeViewModel::cell(const BVTreeViewItem *item, int column) const
 
 QModelIndex BVTreeViewModel::index(int row, int column, const QModelIndex &parent) const
 {
-    BVTreeViewItem *parentItem = itemOrRoot(parent);
+    BVTreeViewItem *parentItem = holderOfRows(parent);
     if (!parentItem || row < 0 || row >= parentItem->childCount() || column < 0 ||
         column >= columnCount())
         return QModelIndex();
@@ -94,7 +100,7 @@ QModelIndex BVTreeViewModel::parent(const QModelIndex &index) const
 
 int BVTreeViewModel::rowCount(const QModelIndex &parent) const
 {
-    const BVTreeViewItem *parentItem = parent.column() > 0 ? nullptr : itemOrRoot(parent);
+    const BVTreeViewItem *parentItem = holderOfRows(parent);
     return parentItem ? parentItem->childCount() : 0;
 }
 
@@ -214,198 +220,6 @@ bool BVTreeViewModel::setHeaderData(int section, Qt::Orientation orientation, co
     return true;
 }
 
-// Notification
-
-/// Tells of a change unless nobody is to hear of it. False if a slot has taken the item out.
-bool BVTreeViewModel::notify(BVTreeViewItem *item, int column, const QVector<int> &roles)
-{
-    return m_updateMode == BlockedUpdate || signalsBlocked() || item == m_rootItem.get() ||
-           emitDataChanged(item, column, roles);
-}
-
-bool BVTreeViewModel::emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles)
-{
-    if (item == m_headerItem.get())
-        return emitHeader(column);
-    if (m_updateMode != DelayedUpdate)
-        return emitCells(item, column, roles);
-    const BVTreeViewItem *parent = item->m_parent ? item->m_parent : m_rootItem.get();
-    m_pendingChanges->add(column, parent->id(), item->id(), roles);
-    if (!m_delayTimer->isActive())
-        m_delayTimer->start();
-    return !m_sendItemsChangedImmediately || emitItem(item, column, roles);
-}
-
-bool BVTreeViewModel::emitHeader(int column)
-{
-    const BVModelWatch watch(this, m_headerItem.get());
-    const bool all = column == s_allColumns;
-    if (columnCount() > 0)
-        Q_EMIT headerDataChanged(Qt::Horizontal, all ? 0 : column,
-                                 all ? columnCount() - 1 : column);
-    return watch.isModelAlive();
-}
-
-void BVTreeViewModel::connectNotify(const QMetaMethod & /*signal*/)
-{
-    m_listenersChanged = true;
-}
-
-void BVTreeViewModel::disconnectNotify(const QMetaMethod & /*signal*/)
-{
-    m_listenersChanged = true;
-}
-
-/// Not to be called while connections change: locks are held then.
-void BVTreeViewModel::findListeners()
-{
-    m_listenersChanged = false;
-    m_isShown = isSignalConnected(QMetaMethod::fromSignal(&BVTreeViewModel::dataChanged));
-    m_isHeard = isSignalConnected(QMetaMethod::fromSignal(&BVTreeViewModel::itemsChanged));
-}
-
-bool BVTreeViewModel::emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles)
-{
-    if (isShown()) {
-        const BVModelWatch watch(this, item);
-        const bool all = column == s_allColumns;
-        const QModelIndex first = index(item, all ? 0 : column);
-        if (first.isValid())
-            Q_EMIT dataChanged(first, all ? first.sibling(first.row(), columnCount() - 1) : first,
-                               roles);
-        if (!watch.isItemAlive())
-            return false;
-    }
-    return emitItem(item, column, roles);
-}
-
-bool BVTreeViewModel::emitItem(BVTreeViewItem *item, int column, const QVector<int> &roles)
-{
-    if (!isHeard())
-        return true;
-    const BVModelWatch watch(this, item);
-    Q_EMIT itemsChanged({item}, column, roles);
-    return watch.isItemAlive();
-}
-
-/// What slots change meanwhile has to wait in its turn. False if one of them has deleted the model.
-bool BVTreeViewModel::flushPendingChanges()
-{
-    if (m_pendingChanges->isEmpty())
-        return true;
-    if (m_delayTimer)
-        m_delayTimer->stop();
-    if (!isShown() && !isHeard()) {
-        m_pendingChanges->clear();
-        return true;
-    }
-    const std::vector<BVPendingGroup> groups = m_pendingChanges->take();
-    return std::all_of(groups.cbegin(), groups.cend(), [this](const BVPendingGroup &group) {
-        return BVChangeFlush(this).tell(group); // last when it has deleted this
-    });
-}
-
-/// False if a slot has taken the item out, or deleted the model.
-bool BVTreeViewModel::flushFor(const BVTreeViewItem *item)
-{
-    if (m_pendingChanges->isEmpty())
-        return true;
-    const BVModelWatch watch(this, item);
-    flushPendingChanges();
-    return watch.isItemAlive();
-}
-
-void BVTreeViewModel::updateModel()
-{
-    updateModel(index(0, 0), index(rowCount() - 1, columnCount() - 1));
-}
-
-void BVTreeViewModel::updateModel(const QModelIndex &topLeft, const QModelIndex &bottomRight)
-{
-    if (item(topLeft) && item(bottomRight))
-        Q_EMIT dataChanged(topLeft, bottomRight);
-}
-
-// Modes
-
-void BVTreeViewModel::useDelayedUpdate(bool on, int intervalMs)
-{
-    if (!on) {
-        leaveMode(DelayedUpdate);
-        return;
-    }
-    if (!m_delayTimer) {
-        m_delayTimer = new QTimer(this);
-        m_delayTimer->setSingleShot(true);
-        connect(m_delayTimer, &QTimer::timeout, this, &BVTreeViewModel::flushPendingChanges);
-    }
-    m_delayTimer->setInterval(qMax(0, intervalMs));
-    enterMode(DelayedUpdate);
-}
-
-void BVTreeViewModel::setBlockUpdates(bool block)
-{
-    if (block)
-        enterMode(BlockedUpdate);
-    else
-        leaveMode(BlockedUpdate);
-}
-
-void BVTreeViewModel::enterMode(UpdateMode mode)
-{
-    if (m_updateMode != mode && flushPendingChanges() && m_updateMode != mode)
-        setModes(mode, m_updateMode);
-}
-
-void BVTreeViewModel::leaveMode(UpdateMode mode)
-{
-    if (!flushPendingChanges())
-        return;
-    const UpdateMode restored = m_savedUpdateMode == mode ? ImmediateUpdate : m_savedUpdateMode;
-    setModes(restored, restored);
-}
-
-void BVTreeViewModel::setModes(UpdateMode mode, UpdateMode saved)
-{
-    m_updateMode = mode;
-    m_savedUpdateMode = saved;
-    if (m_delayTimer && mode != DelayedUpdate && saved != DelayedUpdate) {
-        m_delayTimer->stop();
-        m_delayTimer->deleteLater(); // it may be what calls
-        m_delayTimer = nullptr;
-    }
-    if (mode != DelayedUpdate)
-        flushPendingChanges(); // what slots have added
-}
-
-void BVTreeViewModel::sendItemsChangedImmediately(bool on)
-{
-    m_sendItemsChangedImmediately = on;
-}
-
-void BVTreeViewModel::setKeepSelectedAfterSorting(bool keep)
-{
-    m_keepSelectedAfterSorting = keep;
-}
-
-void BVTreeViewModel::setItemChangedCallback(const ItemChangedCallback &callback)
-{
-    m_itemChangedCallback = callback;
-}
-
-void BVTreeViewModel::setActivateBulkItemChangedCallback(const BulkItemChangedCallback &callback)
-{
-    m_activateBulkItemChangedCallback = callback;
-}
-
-void BVTreeViewModel::activateBulkItemChanged(bool on)
-{
-    if (!m_activateBulkItemChangedCallback)
-        return;
-    const BulkItemChangedCallback callback = m_activateBulkItemChangedCallback;
-    callback(on);
-}
-
 // Structure
 
 void BVTreeViewModel::beginInsertItems(BVTreeViewItem *parent, int row, int count)
@@ -432,7 +246,7 @@ void BVTreeViewModel::endRemoveItems()
 
 bool BVTreeViewModel::insertRows(int row, int count, const QModelIndex &parent)
 {
-    BVTreeViewItem *parentItem = parent.column() > 0 ? nullptr : itemOrRoot(parent);
+    BVTreeViewItem *parentItem = holderOfRows(parent);
     const auto isPossible = [&] {
         return row <= parentItem->childCount() && count <= s_maximumRows;
     };
@@ -449,14 +263,12 @@ bool BVTreeViewModel::insertRows(int row, int count, const QModelIndex &parent)
 
 bool BVTreeViewModel::removeRows(int row, int count, const QModelIndex &parent)
 {
-    BVTreeViewItem *parentItem = parent.column() > 0 ? nullptr : itemOrRoot(parent);
+    BVTreeViewItem *parentItem = holderOfRows(parent);
     const auto isPossible = [&] { return row <= parentItem->childCount() - count; };
     if (!parentItem || count < 1 || row < 0 || !isPossible() || !flushFor(parentItem) ||
         !isPossible())
         return false;
-    const QVector<BVTreeViewItem *> items = BVTreeStructure(this).takeRows(parentItem, row, count);
-    for (auto item = items.crbegin(); item != items.crend(); ++item)
-        delete *item;
+    BVTreeStructure(this).deleteRows(parentItem, row, count);
     return true;
 }
 
@@ -506,6 +318,7 @@ bool BVTreeViewModel::insertColumns(int column, int count, const QModelIndex &pa
 
 void BVTreeViewModel::shiftColumns(int column, int count)
 {
+    ++m_columnShifts;
     m_headerItem->shiftColumns(column, count);
     m_headerItem->m_columnCount = qMax(m_headerItem->m_columnCount, column + count);
     visitTree(m_rootItem->children(),

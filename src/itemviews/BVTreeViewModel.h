@@ -97,6 +97,8 @@ public:
     bool updatesBlocked() const { return m_updateMode == BlockedUpdate; }
     /// In delayed mode, whether itemsChanged() is emitted at once all the same.
     void sendItemsChangedImmediately(bool on);
+    /// The column last sorted by, by which operator< compares; 0 at first.
+    int sortColumn() const { return m_sortColumn; }
     /// Whether selections, and whatever else holds persistent indexes, follow their items when the
     /// model is sorted; otherwise they stay with their rows.
     void setKeepSelectedAfterSorting(bool keep);
@@ -145,7 +147,8 @@ Q_SIGNALS:
     void itemsChanged(QVector<BVTreeViewItem *> items, int column, QVector<int> roles);
 
 protected:
-    /// These keep track of who listens to changes, so that none is described to nobody.
+    /// These keep track of who listens to changes, so that none is described to nobody. Subclasses
+    /// that override them should call them; without, each change asks who listens.
     void connectNotify(const QMetaMethod &signal) override;
     void disconnectNotify(const QMetaMethod &signal) override;
 
@@ -158,27 +161,25 @@ private:
 
     static constexpr int s_allColumns = -1;
 
-    BVTreeViewItem *itemOrRoot(const QModelIndex &index) const;
+    /// What to tell a change of a column as, if @p shifts were all when it happened.
+    int columnSince(quint64 shifts, int column) const
+    {
+        return shifts == m_columnShifts ? column : s_allColumns;
+    }
+    BVTreeViewItem *holderOfRows(const QModelIndex &parent) const;
     BVTreeViewItem *itemOfId(qint64 id) const;
     QModelIndex cell(const BVTreeViewItem *item, int column) const;
     bool notify(BVTreeViewItem *item, int column, const QVector<int> &roles);
     bool emitDataChanged(BVTreeViewItem *item, int column, const QVector<int> &roles);
+    bool callsNobody();
     bool emitHeader(int column);
     bool emitCells(BVTreeViewItem *item, int column, const QVector<int> &roles);
     bool emitItem(BVTreeViewItem *item, int column, const QVector<int> &roles);
     void findListeners();
-    bool isShown()
-    {
-        if (m_listenersChanged)
-            findListeners();
-        return m_isShown;
-    }
-    bool isHeard()
-    {
-        if (m_listenersChanged)
-            findListeners();
-        return m_isHeard;
-    }
+    bool isShown() { return isKnown(m_isShown) ? m_isShown : (findListeners(), m_isShown); }
+    bool isHeard() { return isKnown(m_isHeard) ? m_isHeard : (findListeners(), m_isHeard); }
+    /// Emitting to nobody does no harm, so that only a missed connection matters.
+    bool isKnown(bool listens) const { return !m_listenersChanged && (listens || m_isPlain); }
     bool flushPendingChanges();
     bool flushFor(const BVTreeViewItem *item);
     void enterMode(UpdateMode mode);
@@ -211,9 +212,11 @@ private:
     std::unique_ptr<BVItemIdMap> m_itemsById; // the root and all rows
     bool m_isShown = false;                   // dataChanged() is connected
     bool m_isHeard = false;                   // itemsChanged() is connected
-    bool m_listenersChanged = false;          // since those were found out
+    bool m_listenersChanged = true;           // since those were found out
+    bool m_isPlain = false;                   // connectNotify() is certainly this class's own
     BVModelWatch *m_watches = nullptr;        // innermost first
     quint64 m_structure = 0;                  // another one after each change of the structure
+    quint64 m_columnShifts = 0;               // how often columns have moved
 };
 
 /// What a view does with an item's row, also through proxy models. False, or nothing done, for an

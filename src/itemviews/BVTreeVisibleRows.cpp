@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVTreeVisibleRows_p.h"
 
+#include "itemviews/BVRowWalk_p.h"
+#include "itemviews/BVShownColumns_p.h"
 #include "itemviews/BVTreeView.h"
 
 #include <QAccessible>
-#include <QHeaderView>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -14,33 +15,15 @@ namespace {
 
 constexpr int s_mostWithheld = 64; // rows; for more it is faster to lay out all anew
 
-/// The rows of the index and the indexes above it, outermost first.
-QVector<int> pathOf(QModelIndex index)
-{
-    QVector<int> path;
-    for (; index.isValid(); index = index.parent())
-        path.prepend(index.row());
-    return path;
-}
-
-/// Whether a row stands above another one when all branches are open.
-bool isAbove(const QVector<int> &path, const QVector<int> &other)
-{
-    return std::lexicographical_compare(path.cbegin(), path.cend(), other.cbegin(), other.cend());
-}
-
-/// Visits the columns that are not hidden, in the order of their places, until @p visit answers
-/// with something valid.
+/// Visits the columns that are shown until @p visit answers with something valid.
 template <typename Result, typename Visit>
 Result firstOfColumns(const QTreeView &view, Visit &&visit)
 {
-    const QHeaderView *header = view.header();
     Result result;
-    for (int visual = 0; visual < header->count() && !result.isValid(); ++visual) {
-        const int column = header->logicalIndex(visual);
-        if (!header->isSectionHidden(column))
-            result = visit(column);
-    }
+    BVShownColumns::visit(*view.header(), [&](int column) {
+        result = visit(column);
+        return !result.isValid();
+    });
     return result;
 }
 
@@ -85,8 +68,8 @@ bool BVTreeVisibleRows::isInClosedBranch(const QModelIndex &index) const
 
 bool BVTreeVisibleRows::isInSight(const QModelIndex &first, const QModelIndex &last) const
 {
-    return m_first.isEmpty() || (!isAbove(pathOf(last), m_first) &&
-                                 (m_last.isEmpty() || !isAbove(m_last, pathOf(first))));
+    return m_first.isEmpty() || (!(BVRowWalk::pathTo(last) < m_first) &&
+                                 (m_last.isEmpty() || !(m_last < BVRowWalk::pathTo(first))));
 }
 
 // Keeping back
@@ -164,7 +147,7 @@ void BVTreeVisibleRows::layOut()
 bool BVTreeVisibleRows::settle()
 {
     if (m_isPassing || (!m_isStale && m_withheld.isEmpty()) ||
-        m_view->state() == QAbstractItemView::CollapsingState)
+        m_view->state() == BVTreeView::CollapsingState)
         return false;
     const QScopedValueRollback<bool> passing(m_isPassing, true);
     if (m_isStale)
@@ -192,8 +175,8 @@ void BVTreeVisibleRows::settleSight()
 /// Finds out which rows are in sight. False if they are the same as before.
 bool BVTreeVisibleRows::moveSight()
 {
-    const QVector<int> first = pathOf(rowAt(*m_view, 0));
-    const QVector<int> last = pathOf(rowAt(*m_view, m_view->viewport()->height() - 1));
+    const QVector<int> first = BVRowWalk::pathTo(rowAt(*m_view, 0));
+    const QVector<int> last = BVRowWalk::pathTo(rowAt(*m_view, m_view->viewport()->height() - 1));
     if (first == m_first && last == m_last)
         return false;
     m_first = first;

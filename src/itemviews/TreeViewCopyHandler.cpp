@@ -6,13 +6,13 @@
 #include "itemviews/BVRowTexts_p.h"
 #include "itemviews/BVRowWalk_p.h"
 #include "itemviews/BVSelectedRows_p.h"
+#include "itemviews/BVShownColumns_p.h"
 #include "itemviews/BVTableMimeData_p.h"
 #include "itemviews/TreeViewContextMenu.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QTreeView>
@@ -168,12 +168,11 @@ bool TreeViewCopyHandler::canCopy() const
 QVector<int> TreeViewCopyHandler::copiedColumns() const
 {
     QVector<int> columns;
-    const QHeaderView *header = m_view->header();
-    for (int position = 0; position < header->count(); ++position) {
-        const int column = header->logicalIndex(position);
-        if (!header->isSectionHidden(column) && !m_ignoredColumns.contains(column))
+    BVShownColumns::visit(*m_view->header(), [&](int column) {
+        if (!m_ignoredColumns.contains(column))
             columns << column;
-    }
+        return true;
+    });
     return columns;
 }
 

@@ -5,7 +5,10 @@
 #include "itemviews/BVTreeView.h"
 #include "itemviews/BVTreeViewModel.h"
 
+#include <QApplication>
+#include <QDropEvent>
 #include <QMimeData>
+#include <QMouseEvent>
 
 /// A tree whose owner moves rows by their names: "a(b!,c),d-" has the rows a and d, and below a the
 /// rows b, which takes drops, and c; d cannot be dragged.
@@ -83,3 +86,23 @@ struct DragTree
     QPointer<BVTreeView> m_view = new BVTreeView;
     QPointer<BVDragAndDropManager> m_manager = m_view->initDragAndDropManager();
 };
+
+/// "a.2", for the parent and the row at which rows are to be inserted; ".-1" is the end.
+inline QString placeOf(const DragDropInfo &info)
+{
+    return info.dropParent().data().toString() + '.' + QString::number(info.dropRow());
+}
+
+inline void sendMove(QWidget *widget, const QPoint &pos, Qt::MouseButtons buttons = Qt::LeftButton)
+{
+    QMouseEvent move(QEvent::MouseMove, pos, Qt::NoButton, buttons, Qt::NoModifier);
+    QApplication::sendEvent(widget, &move);
+}
+
+template <typename Event>
+bool send(QWidget *widget, const QPoint &pos, const QMimeData *mime, Qt::DropActions actions = Qt::MoveAction)
+{
+    Event event(pos, actions, mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+    return event.isAccepted();
+}

@@ -16,6 +16,9 @@
 #include <QTest>
 #include <QToolButton>
 
+#include <memory>
+#include <utility>
+
 namespace {
 
 /// A shown control with a tool bar, dragging and the rows "a(b,c),d,e".
@@ -52,21 +55,22 @@ public:
     }
 };
 
-/// What another process drags over a row, and drops there. Whether it was taken.
-bool dropForeign(const List &list, const QMimeData &mime, QChar row)
+/// What another process drags to a height of a row (0 is its top), and drops there. Gives the action agreed on.
+Qt::DropAction dropForeign(const List &list, const QMimeData &mime, QChar row, double height = 0.5, Qt::DropActions actions = Qt::CopyAction)
 {
     QWidget *viewport = list.tree()->viewport();
-    const QPoint pos = list.tree()->visualItemRect(TreeText::item(*list.tree(), row)).center();
-    QDragEnterEvent enter(pos, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-    QDragMoveEvent move(pos, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-    QDropEvent drop(pos, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    const QRect rect = list.tree()->visualItemRect(TreeText::item(*list.tree(), row));
+    const QPoint pos(rect.center().x(), rect.top() + qRound(height * rect.height()));
+    QDragEnterEvent enter(pos, actions, &mime, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(pos, actions, &mime, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(pos, actions, &mime, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(viewport, &enter);
     if (enter.isAccepted())
         QCoreApplication::sendEvent(viewport, &move);
     QDragLeaveEvent leave; // the toolkit keeps what it has entered until a leave or drop
     QEvent &end = move.isAccepted() ? static_cast<QEvent &>(drop) : leave;
     QCoreApplication::sendEvent(viewport, &end);
-    return move.isAccepted() && drop.isAccepted();
+    return move.isAccepted() && drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
 }
 
 QByteArray streamed(int count, const QVariantList &values)
@@ -94,10 +98,15 @@ private Q_SLOTS:
 
     void keysMoveRows_data();
     void keysMoveRows();
+    void keysMoveRowsToAnotherList_data();
     void keysMoveRowsToAnotherList();
     void ownerRefusesTargets();
     void foreignData_data();
     void foreignData();
+    void disabledTakesNothing();
+    void asksAboutTheShownPlace();
+    void slotsDeleteRows_data();
+    void slotsDeleteRows();
     void toolBar_data();
     void toolBar();
     void applicationActions();
@@ -138,22 +147,36 @@ void tst_BVContainerListControl::keysMoveRows()
     QCOMPARE(dropped.size(), data.isEmpty() ? 0 : 1);
 }
 
+void tst_BVContainerListControl::keysMoveRowsToAnotherList_data()
+{
+    QTest::addColumn<QByteArray>("rows");
+    QTest::addColumn<QByteArray>("current");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("behind the current row") << QByteArray("x,y") << QByteArray("x") << "x,a(b,c),d,y";
+    QTest::newRow("full second list whose rows take no children")
+        << QByteArray("x(f,g,h,i,j,k,l,m,n,o,p,q,r,s,t,u)") << QByteArray() << "x(f,g,h,i,j,k,l,m,n,o,p,q,r,s,t,u),a(b,c),d";
+}
+
 void tst_BVContainerListControl::keysMoveRowsToAnotherList()
 {
+    QFETCH(const QByteArray, rows);
+    QFETCH(const QByteArray, current);
     QWidget window;
     auto *left = new List;
-    auto *right = new List("x,y");
+    auto *right = new List(rows);
+    for (QTreeWidgetItemIterator row(right->tree()); *row; ++row)
+        (*row)->setFlags((*row)->flags() & ~Qt::ItemIsDropEnabled);
     left->setParent(&window);
     right->setParent(&window);
     right->move(400, 0);
     left->tree()->getDragAndDropManager()->setSecondTreeView(right->tree());
     window.show();
-    right->select("x");
+    right->select(current);
     left->select("ad");
     QSignalSpy gone(left, &BVContainerListControl::sigItemsTakenOver);
     QTest::keyClick(left->tree(), Qt::Key_Right, Qt::AltModifier);
     QCOMPARE(left->rows(), QStringLiteral("e"));
-    QCOMPARE(right->rows(), QStringLiteral("x,a(b,c),d,y"));
+    QTEST(right->rows(), "expected");
     QCOMPARE(TreeText::selection(*right->tree()), QStringLiteral("ad|a"));
     QCOMPARE(TreeText::selection(*left->tree()), QStringLiteral("e|e"));
     QCOMPARE(gone.size(), 1);
@@ -169,7 +192,8 @@ void tst_BVContainerListControl::ownerRefusesTargets()
     QCOMPARE(list.rows(), before);
     QMimeData mime;
     mime.setData(QStringLiteral("application/bvplannel"), streamed(1, {7}));
-    QVERIFY(!dropForeign(list, mime, 'a'));
+    QSignalSpy values(&list, &BVContainerListControl::sigValuesDropped);
+    QCOMPARE(dropForeign(list, mime, 'a'), Qt::IgnoreAction);
     TreeText::item(*list.tree(), 'a')->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
     list.select("b");
     QTest::keyClick(list.tree(), Qt::Key_Down, Qt::AltModifier); // below a, which takes no drops
@@ -180,30 +204,97 @@ void tst_BVContainerListControl::foreignData_data()
 {
     QTest::addColumn<QString>("format");
     QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<int>("actions");
     QTest::addColumn<bool>("taken");
     const QString format = QStringLiteral("application/bvplannel");
-    QTest::newRow("two values") << format << streamed(2, {7, QStringLiteral("seven")}) << true;
-    QTest::newRow("two thousand million") << format << streamed(2000000000, {7}) << false;
-    QTest::newRow("other format") << "text/plain" << QByteArray("seven") << false;
+    const QByteArray two = streamed(2, {7, QStringLiteral("seven")});
+    const int copy = Qt::CopyAction;
+    QTest::newRow("two values") << format << two << copy << true;
+    QTest::newRow("to be copied or moved") << format << two << int(Qt::MoveAction | Qt::CopyAction) << true;
+    QTest::newRow("to be moved") << format << two << int(Qt::MoveAction) << false;
+    QTest::newRow("other format") << "text/plain" << QByteArray("seven") << copy << false;
 }
 
 void tst_BVContainerListControl::foreignData()
 {
     QFETCH(QString, format);
     QFETCH(QByteArray, data);
+    QFETCH(int, actions);
     QFETCH(bool, taken);
     List list;
     QMimeData mime;
     mime.setData(format, data);
+    QCOMPARE(dropForeign(list, mime, 'd'), Qt::IgnoreAction); // nobody listens
     QSignalSpy values(&list, &BVContainerListControl::sigValuesDropped);
-    QCOMPARE(dropForeign(list, mime, 'd'), taken);
+    QCOMPARE(dropForeign(list, mime, 'd', 0.5, Qt::DropActions(actions)), taken ? Qt::CopyAction : Qt::IgnoreAction);
     QCOMPARE(list.rows(), QStringLiteral("a(b,c),d,e"));
     QCOMPARE(values.size(), taken ? 1 : 0);
-    if (!taken)
-        return;
-    QCOMPARE(values[0][0].toList(), QVariantList({7, QStringLiteral("seven")}));
-    QCOMPARE(values[0][1].value<QTreeWidgetItem *>(), TreeText::item(*list.tree(), 'd'));
-    QCOMPARE(values[0][2].toInt(), -1);
+    if (taken)
+        QCOMPARE(values[0], QVariantList({QVariantList{7, QStringLiteral("seven")}, QVariant::fromValue(TreeText::item(*list.tree(), 'd')), -1}));
+}
+
+/// Neither the list nor its tree alone, which the toolkit would fill with rows of any other tree.
+void tst_BVContainerListControl::disabledTakesNothing()
+{
+    List list;
+    list.setDragAndDropEnabled(false);
+    QVERIFY(!list.tree()->acceptDrops());
+    list.tree()->setAcceptDrops(true);
+    const List other("x");
+    const std::unique_ptr<QMimeData> mime(other.tree()->model()->mimeData({other.tree()->model()->index(0, 0)}));
+    QCOMPARE(dropForeign(list, *mime, 'd'), Qt::IgnoreAction);
+    QCOMPARE(list.rows(), QStringLiteral("a(b,c),d,e"));
+}
+
+/// The owner is asked about the place that is shown, in narrow bands as in wide ones.
+void tst_BVContainerListControl::asksAboutTheShownPlace()
+{
+    List list;
+    QMimeData mime;
+    mime.setData(QStringLiteral("application/bvplannel"), streamed(1, {7}));
+    QList<QTreeWidgetItem *> parents;
+    connect(&list, &BVContainerListControl::sigItemDragEnter, this, [&parents](QTreeWidgetItem *target) { parents << target; });
+    connect(&list, &BVContainerListControl::sigValuesDropped, this, [&parents](const QVariantList &, QTreeWidgetItem *parent) { parents << parent; });
+    QTreeWidgetItem *d = TreeText::item(*list.tree(), 'd');
+    for (const bool line : {true, false}) {
+        list.tree()->getDragAndDropManager()->setUseMoveVisualizationLine(line);
+        dropForeign(list, mime, 'd', 0.15);
+    }
+    QCOMPARE(parents, QList<QTreeWidgetItem *>({nullptr, nullptr, nullptr, d, d, d}));
+}
+
+void tst_BVContainerListControl::slotsDeleteRows_data()
+{
+    QTest::addColumn<QString>("signal");
+    QTest::addColumn<QString>("deleted");
+    QTest::addColumn<QString>("rows"); // of both lists
+    const auto add = [](const char *signal, const char *deleted, const char *rows) {
+        QTest::addRow("%s %s", signal, deleted) << signal << deleted << rows;
+    };
+    add("enter", "ad", "e|x");
+    add("enter", "x", "e|a(b,c),d");
+    add("select", "a", "e|x,d");
+    add("drop", "a", "e|x,d");
+}
+
+void tst_BVContainerListControl::slotsDeleteRows()
+{
+    QFETCH(QString, signal);
+    QFETCH(QString, deleted);
+    List left;
+    List right("x");
+    const auto strike = [&](const char *name) {
+        for (const QChar row : signal == QLatin1String(name) ? std::exchange(deleted, QString()) : QString())
+            qDeleteAll(TreeText::items(*left.tree(), row) + TreeText::items(*right.tree(), row));
+    };
+    connect(&right, &BVContainerListControl::sigItemDragEnter, this, [&] { strike("enter"); });
+    connect(right.tree(), &QTreeWidget::itemSelectionChanged, this, [&] { strike("select"); });
+    connect(&right, &BVContainerListControl::sigItemsDropped, this, [&] { strike("drop"); });
+    right.move(400, 0);
+    left.select("ad");
+    left.tree()->getDragAndDropManager()->setSecondTreeView(right.tree());
+    QTest::keyClick(left.tree(), Qt::Key_Right, Qt::AltModifier);
+    QTEST(left.rows() + '|' + right.rows(), "rows");
 }
 
 void tst_BVContainerListControl::toolBar_data()

@@ -22,7 +22,10 @@ private Q_SLOTS:
     void movesRows_data();
     void movesRows();
     void movedRowsKeepWhatTheyHave();
+    void movedRowStaysTheOnlySelectedOne();
     void takesRowsOverFromAnotherTree();
+    void leavesSortedRowsAlone();
+    void slotsDeleteRows();
     void userLeavesNoCurrentItem_data();
     void userLeavesNoCurrentItem();
     void focusMakesNoCurrentItem();
@@ -96,6 +99,18 @@ void tst_BVDragTreeWidget::movedRowsKeepWhatTheyHave()
     QCOMPARE(expanded.size(), 1); // that of f, so that the rows are seen
 }
 
+/// The toolkit selects a neighbour of the row that is taken.
+void tst_BVDragTreeWidget::movedRowStaysTheOnlySelectedOne()
+{
+    BVDragTreeWidget tree;
+    tree.setSelectionMode(QAbstractItemView::SingleSelection);
+    TreeText::build(tree, QStringLiteral("a,b,c"));
+    tree.setCurrentItem(TreeText::item(tree, 'b'));
+    QVERIFY(tree.moveItems({TreeText::item(tree, 'b')}, nullptr, 0));
+    QCOMPARE(TreeText::text(tree), QStringLiteral("b,a,c"));
+    QCOMPARE(TreeText::selection(tree), QStringLiteral("b|b"));
+}
+
 void tst_BVDragTreeWidget::takesRowsOverFromAnotherTree()
 {
     QTreeWidget source;
@@ -113,6 +128,42 @@ void tst_BVDragTreeWidget::takesRowsOverFromAnotherTree()
     QVERIFY(!tree.moveItems({TreeText::item(tree, 'x')}, source.invisibleRootItem(), 0));
 }
 
+void tst_BVDragTreeWidget::leavesSortedRowsAlone()
+{
+    BVDragTreeWidget tree;
+    TreeText::build(tree, QStringLiteral("c,b(x),a"));
+    tree.setSortingEnabled(true);
+    tree.sortItems(0, Qt::AscendingOrder);
+    QVERIFY(!tree.moveItems({TreeText::item(tree, 'a')}, nullptr, 3));
+    QVERIFY(tree.moveItems(TreeText::items(tree, QStringLiteral("bx")), TreeText::item(tree, 'a'), -1));
+    QVERIFY(tree.moveItems({TreeText::item(tree, 'x')}, nullptr, 0));
+    QCOMPARE(TreeText::text(tree), QStringLiteral("a(b),c,x"));
+}
+
+/// Both while rows are taken and while the trees tell of it.
+void tst_BVDragTreeWidget::slotsDeleteRows()
+{
+    QTreeWidget source;
+    BVDragTreeWidget tree;
+    TreeText::build(source, QStringLiteral("a(b),c,d,e"));
+    TreeText::build(tree, QStringLiteral("x"));
+    source.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    source.selectAll();
+    source.setCurrentItem(TreeText::item(source, 'a'), 0, QItemSelectionModel::NoUpdate);
+    int told = 0;
+    connect(source.model(), &QAbstractItemModel::rowsRemoved, this, [&source] { delete TreeText::item(source, 'c'); });
+    connect(tree.model(), &QAbstractItemModel::rowsInserted, this, [&tree] { delete TreeText::item(tree, 'b'); });
+    connect(source.selectionModel(), &QItemSelectionModel::selectionChanged, this, [&source] { delete TreeText::item(source, 'e'); });
+    connect(&source, &QTreeWidget::itemSelectionChanged, this, [&tree, &told] {
+        ++told;
+        delete TreeText::item(tree, 'd');
+    });
+    connect(&tree, &QTreeWidget::itemSelectionChanged, this, [&tree] { delete TreeText::item(tree, 'x'); });
+    QVERIFY(tree.moveItems(TreeText::items(source, QStringLiteral("acde")), nullptr, 0));
+    QCOMPARE(TreeText::text(source) + TreeText::text(tree), QStringLiteral("a,e"));
+    QCOMPARE(told, 1);
+}
+
 void tst_BVDragTreeWidget::userLeavesNoCurrentItem_data()
 {
     QTest::addColumn<int>("mode");
@@ -123,20 +174,16 @@ void tst_BVDragTreeWidget::userLeavesNoCurrentItem_data()
 
     const int single = QAbstractItemView::SingleSelection;
     const int extended = QAbstractItemView::ExtendedSelection;
-    QTest::newRow("empty space") << single << "-" << false << "|"
-                                 << "b|b";
-    QTest::newRow("empty space, many") << extended << "-" << false << "|"
-                                       << "b|b";
-    QTest::newRow("current with Control") << single << "b" << true << "|"
-                                          << "b|b";
-    QTest::newRow("current with Control, many") << extended << "b" << true << "|"
-                                                << "|b";
-    QTest::newRow("other with Control, many") << extended << "a" << true << "ab|a"
-                                              << "ab|a";
-    QTest::newRow("current") << single << "b" << false << "b|b"
-                             << "b|b";
-    QTest::newRow("space bar with Control") << single << " " << true << "|"
-                                            << "b|b";
+    const auto add = [](const char *name, int mode, const char *action, bool control, const char *enabled, const char *disabled) {
+        QTest::newRow(name) << mode << action << control << enabled << disabled;
+    };
+    add("empty space", single, "-", false, "|", "b|b");
+    add("empty space, many", extended, "-", false, "|", "b|b");
+    add("current with Control", single, "b", true, "|", "b|b");
+    add("current with Control, many", extended, "b", true, "|", "|b");
+    add("other with Control, many", extended, "a", true, "ab|a", "ab|a");
+    add("current", single, "b", false, "b|b", "b|b");
+    add("space bar with Control", single, " ", true, "|", "b|b");
 }
 
 void tst_BVDragTreeWidget::userLeavesNoCurrentItem()
@@ -191,7 +238,7 @@ void tst_BVDragTreeWidget::currentItemGoesToNeighbours()
 void tst_BVDragTreeWidget::hover()
 {
     BVDragTreeWidget tree;
-    TreeText::build(tree, QStringLiteral("a,b"));
+    TreeText::build(tree, QStringLiteral("a,b,c,d"));
     tree.setColumnCount(2);
     QStringList log;
     connect(&tree, &BVDragTreeWidget::sigItemHoverEnter, this, [&log](QTreeWidgetItem *item) { log << QStringLiteral("+") + item->text(0); });
@@ -226,6 +273,12 @@ void tst_BVDragTreeWidget::hover()
     QCOMPARE(tree.getHoverItem(), nullptr);
     tree.setHoverItem(nullptr);
     QCOMPARE(log.join(' '), QStringLiteral("+a -a +b -b +a -a +b"));
+
+    QTreeWidgetItem *c = TreeText::item(tree, 'c');
+    connect(&tree, &BVDragTreeWidget::sigItemHoverLeave, this, [&tree, c] { tree.setHoverItem(c); });
+    tree.setHoverItem(a);
+    tree.setHoverItem(TreeText::item(tree, 'd'));
+    QCOMPARE(tree.getHoverItem(), c);
 }
 
 void tst_BVDragTreeWidget::heightFollowsOpenBranches()

@@ -8,6 +8,9 @@
 #include <QTest>
 #include <QTreeView>
 
+#include <array>
+#include <new>
+
 namespace {
 
 constexpr int s_unchecked = Qt::Unchecked;
@@ -130,6 +133,45 @@ public:
     int m_checkState = s_unchecked;
 };
 
+/// An item that does something when it goes.
+class LastWordItem : public BVTreeViewItem
+{
+public:
+    explicit LastWordItem(BVTreeViewItem *parent)
+        : BVTreeViewItem(parent)
+    {
+        s_living.append(this);
+    }
+    ~LastWordItem() override
+    {
+        s_living.removeOne(this);
+        if (m_lastWord)
+            m_lastWord();
+    }
+    static inline QVector<LastWordItem *> s_living;
+    std::function<void()> m_lastWord;
+};
+
+class RefusingItem : public BVTreeViewItem
+{
+public:
+    using BVTreeViewItem::BVTreeViewItem;
+    void setData(int, int, const QVariant &) override { throw 1; }
+};
+
+class alignas(64) AlignedItem : public BVTreeViewItem
+{
+public:
+    double m_value = 1;
+};
+
+/// A model that keeps to itself who listens.
+class SecretiveModel : public BVTreeViewModel
+{
+protected:
+    void connectNotify(const QMetaMethod &) override {}
+};
+
 } // namespace
 
 class tst_BVTreeViewModel : public QObject
@@ -142,11 +184,16 @@ private Q_SLOTS:
     void derivesCheckState();
     void pushesCheckStateDown();
     void tellsChanges();
+    void tellsWhoeverListens_data();
+    void tellsWhoeverListens();
+    void tellsMovedColumns();
     void collectsChanges();
     void modesCanBeLeftInAnyOrder();
     void widensItemsAndModel();
     void insertsOnlyFreeItems();
     void takenAndDeletedItemsLeaveTheModel();
+    void destructorsMayDelete();
+    void allocatesAnyItem();
     void slotsMayChangeTheTree();
     void sortsWholeTreeAtOnce();
     void sortsLikeOperatorLess();
@@ -236,6 +283,28 @@ void tst_BVTreeViewModel::pushesCheckStateDown()
     top->setData(0, Qt::CheckStateRole, s_checked);
     QCOMPARE(checkState(top), s_checked);
     QVERIFY2(log.contains(QStringLiteral("d0@0:10")), qPrintable(log.taken()));
+
+    // Whoever looks in the middle sees what is so, and leaves it so.
+    for (const char name : {'d', 'e', 'c'})
+        find(*m_model, QLatin1Char(name))->setData(1, Qt::CheckStateRole, s_checked);
+    stateless->setData(1, BVTreeViewModel::CountsForParentCheckRole, false);
+    const auto look = [&] {
+        for (const BVTreeViewItem *item : m_model->getAllItems()) {
+            for (const int column : {0, 1})
+                QCOMPARE(checkState(item, column), derived(item, column));
+        }
+    };
+    m_model->setActivateBulkItemChangedCallback([&](bool) { look(); });
+    connect(m_model.get(), &BVTreeViewModel::itemsChanged, this, look);
+    for (const int state : {s_unchecked, s_checked}) {
+        find(*m_model, QLatin1Char('B'))->setData(0, Qt::CheckStateRole, state);
+        look();
+    }
+
+    new RefusingItem({{{Qt::CheckStateRole, s_checked}}}, top);
+    QVERIFY_EXCEPTION_THROWN(top->setData(0, Qt::CheckStateRole, s_unchecked), int);
+    QVERIFY(top->flags() & Qt::ItemIsAutoTristate);
+    QCOMPARE(checkState(top), s_partly);
 }
 
 void tst_BVTreeViewModel::tellsChanges()
@@ -273,6 +342,70 @@ void tst_BVTreeViewModel::tellsChanges()
     QCOMPARE(m_model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Force"));
 }
 
+void tst_BVTreeViewModel::tellsWhoeverListens_data()
+{
+    QTest::addColumn<bool>("isSecretive");
+    QTest::newRow("model") << false;
+    QTest::newRow("subclass") << true;
+}
+
+void tst_BVTreeViewModel::tellsWhoeverListens()
+{
+    QFETCH(bool, isSecretive);
+    m_model.reset(isSecretive ? new SecretiveModel : new BVTreeViewModel);
+    m_model->setColumnCount(1);
+    auto *item = new BVTreeViewItem(m_model->invisibleRootItem());
+    item->setText(0, QStringLiteral("nobody listens"));
+    QSignalSpy byName(m_model.get(), SIGNAL(itemsChanged(QVector<BVTreeViewItem *>, int, QVector<int>)));
+    item->setText(0, QStringLiteral("one listens"));
+    QCOMPARE(byName.count(), 1);
+    QSortFilterProxyModel proxy;
+    proxy.setSourceModel(m_model.get());
+    QSignalSpy behindProxy(&proxy, &QAbstractItemModel::dataChanged);
+    QObject inSlot;
+    int heard = 0;
+    connect(m_model.get(), &BVTreeViewModel::itemsChanged, &inSlot,
+            [&] { connect(m_model.get(), &QAbstractItemModel::dataChanged, &inSlot, [&] { ++heard; }); });
+    item->setText(0, QStringLiteral("more listen"));
+    QCOMPARE(behindProxy.count(), 1);
+    item->setText(0, QStringLiteral("all listen"));
+    QCOMPARE(heard, 1);
+    m_model->blockSignals(true);
+    item->setText(0, QStringLiteral("none hears"));
+    QCOMPARE(byName.count(), 3);
+}
+
+/// In the middle of telling changes.
+void tst_BVTreeViewModel::tellsMovedColumns()
+{
+    build(m_model->invisibleRootItem(), QStringLiteral("A(b)"));
+    QVector<QPair<int, int>> told;
+    bool isFirst = true;
+    connect(m_model.get(), &QAbstractItemModel::dataChanged, this, [&](const QModelIndex &first, const QModelIndex &last) {
+        told.append({first.column(), last.column()});
+        if (std::exchange(isFirst, false))
+            m_model->insertColumns(0, 1);
+    });
+    QSignalSpy items(m_model.get(), &BVTreeViewModel::itemsChanged);
+    find(*m_model, QLatin1Char('b'))->setData(1, Qt::CheckStateRole, s_checked);
+    QCOMPARE(told, (QVector<QPair<int, int>>{{1, 1}, {0, 2}}));
+    told.clear();
+    isFirst = true;
+    m_model->useDelayedUpdate(true);
+    m_model->getTopLevelItemFromIndex(0)->setText(1, QStringLiteral("x"));
+    m_model->getTopLevelItemFromIndex(0)->setText(2, QStringLiteral("y"));
+    m_model->useDelayedUpdate(false);
+    QCOMPARE(told, (QVector<QPair<int, int>>{{1, 1}, {0, 3}}));
+    for (const QList<QVariant> &arguments : items)
+        QCOMPARE(arguments[1].toInt(), -1);
+
+    isFirst = true;
+    connect(m_model.get(), &QAbstractItemModel::columnsInserted, this, [&] { m_model->setColumnCount(0); });
+    m_model->clear();
+    m_model->setHeaderData(6, Qt::Horizontal, QStringLiteral("far"));
+    QCOMPARE(m_model->columnCount(), 0);
+}
+
 void tst_BVTreeViewModel::collectsChanges()
 {
     build(m_model->invisibleRootItem(), QStringLiteral("a,b,c,d,e(f)"));
@@ -297,7 +430,11 @@ void tst_BVTreeViewModel::collectsChanges()
     m_model->sort(0, Qt::DescendingOrder);
     QCOMPARE(log.taken(), QStringLiteral("d2@0:256 i1@0"));
 
+    find(*m_model, QLatin1Char('c'))->setData(0, Qt::UserRole, 3);
+    m_model->sendItemsChangedImmediately(false);
+    QCOMPARE(log.taken(), QString());
     m_model->sendItemsChangedImmediately(true);
+    QCOMPARE(log.taken(), QStringLiteral("d2@0:256 i1@0"));
     find(*m_model, QLatin1Char('a'))->setData(0, Qt::UserRole, 3);
     QCOMPARE(log.taken(), QStringLiteral("i1@0"));
     m_model->useDelayedUpdate(false);
@@ -368,6 +505,7 @@ void tst_BVTreeViewModel::insertsOnlyFreeItems()
     QVERIFY(child->inTree(parent) && !parent->inTree(child));
     QVERIFY(!m_model->insertRows(5, 1) && !m_model->insertRows(0, 0) && !m_model->removeRows(3, 2));
     QVERIFY(!m_model->insertRows(0, 1, m_model->index(2, 1)));
+    QVERIFY(!m_model->index(0, 0, m_model->index(2, 1)).isValid());
     QVERIFY(m_model->insertRows(1, 2, m_model->index(2, 0)));
     QVERIFY(m_model->removeRows(0, 2));
     QCOMPARE(treeText(*m_model), QStringLiteral("p(q,,),b"));
@@ -393,6 +531,51 @@ void tst_BVTreeViewModel::takenAndDeletedItemsLeaveTheModel()
     QCOMPARE(m_model->childCount(), 0);
     m_model->appendTopLevelItem(new BVTreeViewItem(copy));
     QCOMPARE(treeText(*m_model), QStringLiteral("b"));
+}
+
+/// What deletes an item may meet others that are on their way out as well.
+void tst_BVTreeViewModel::destructorsMayDelete()
+{
+    const std::function<void()> deletions[] = {
+        [&] { m_model->clear(); },
+        [&] { m_model.reset(); },
+        [&] { m_model->removeRows(0, 1); },
+        [&] { m_model->getTopLevelItemFromIndex(0)->removeChildren(); },
+        [&] { m_model->removeRows(0, 5, m_model->index(0, 0)); },
+        [&] { delete m_model->takeTopLevelItem(0); },
+    };
+    for (const auto &destroy : deletions) {
+        init();
+        BVTreeViewModel inner;
+        auto *top = new BVTreeViewItem(m_model->invisibleRootItem());
+        for (int i = 0; i < 5; ++i)
+            new LastWordItem(new LastWordItem(top));
+        new LastWordItem(inner.invisibleRootItem());
+        static_cast<LastWordItem *>(top->child(2))->m_lastWord = [&] {
+            inner.clear();
+            QVERIFY(!LastWordItem::s_living.isEmpty());
+            delete LastWordItem::s_living.first();
+            delete LastWordItem::s_living.last();
+        };
+        destroy();
+        QVERIFY(LastWordItem::s_living.isEmpty());
+    }
+}
+
+void tst_BVTreeViewModel::allocatesAnyItem()
+{
+    for (int i = 0; i < 8; ++i) {
+        auto *item = new AlignedItem;
+        QCOMPARE(quintptr(item) % alignof(AlignedItem), quintptr(0));
+        m_model->appendTopLevelItem(item);
+        m_model->appendTopLevelItem(new (std::nothrow) BVTreeViewItem);
+        m_model->appendTopLevelItem(new (std::nothrow) AlignedItem);
+    }
+    alignas(BVTreeViewItem) std::array<char, sizeof(BVTreeViewItem)> place;
+    auto *placed = new (place.data()) BVTreeViewItem(m_model->invisibleRootItem());
+    QCOMPARE(m_model->childCount(), 25);
+    placed->~BVTreeViewItem();
+    QCOMPARE(m_model->childCount(), 24);
 }
 
 void tst_BVTreeViewModel::slotsMayChangeTheTree()
@@ -466,6 +649,13 @@ void tst_BVTreeViewModel::sortsWholeTreeAtOnce()
     QCOMPARE(first.row(), 0);
     QCOMPARE(first.data().toString(), QStringLiteral("c"));
     QCOMPARE(m_model->parent(m_model->index(0, 0, m_model->index(1, 0))), m_model->index(1, 0));
+
+    m_model->setKeepSelectedAfterSorting(true);
+    const QModelIndex last = m_model->index(2, 0);
+    m_model->removeRows(2, 1);
+    const QPersistentModelIndex stale(last);
+    m_model->sort(0);
+    QVERIFY(!stale.isValid());
 }
 
 void tst_BVTreeViewModel::sortsLikeOperatorLess()
@@ -487,6 +677,7 @@ void tst_BVTreeViewModel::sortsLikeOperatorLess()
             return order == Qt::AscendingOrder ? comparison < 0 : comparison > 0;
         });
         m_model->sort(1, order);
+        QCOMPARE(m_model->sortColumn(), 1);
         QCOMPARE(m_model->getTopLevelItems(), expected);
     }
     m_model->clear();
@@ -555,12 +746,23 @@ void tst_BVTreeViewModel::randomChanges()
         QAbstractItemModelTester tester(m_model.get(), QAbstractItemModelTester::FailureReportingMode::QtTest);
         QAbstractItemModelTester proxyTester(&proxy, QAbstractItemModelTester::FailureReportingMode::QtTest);
         QRandomGenerator random(seed);
+        const auto readAny = [&] {
+            const QVector<BVTreeViewItem *> items = m_model->getAllItems();
+            for (const BVTreeViewItem *item : items.mid(random.bounded(items.size() + 1), 1)) {
+                const int column = random.bounded(2);
+                QCOMPARE(checkState(item, column), derived(item, column));
+            }
+        };
         connect(m_model.get(), &BVTreeViewModel::itemsChanged, this, [&](const QVector<BVTreeViewItem *> &items) {
             for (const BVTreeViewItem *item : items) {
                 QCOMPARE(item->model(), m_model.get());
                 checkState(random.bounded(2) == 1 && item->parentItem() ? item->parentItem() : item, random.bounded(2));
             }
+            readAny();
         });
+        connect(m_model.get(), &QAbstractItemModel::dataChanged, this, readAny);
+        m_model->setActivateBulkItemChangedCallback([&](bool) { readAny(); });
+        BVTreeViewModel other;
         const auto anyItem = [&] {
             const QVector<BVTreeViewItem *> items = m_model->getAllItems();
             return items.isEmpty() || random.bounded(5) == 0 ? m_model->invisibleRootItem() : items[random.bounded(items.size())];
@@ -577,8 +779,9 @@ void tst_BVTreeViewModel::randomChanges()
             [&] { m_model->removeRows(0, 1 + random.bounded(2), anyRow()); },
             [&] {
                 BVTreeViewItem *moved = anyItem()->takeChild(0);
-                if (moved)
-                    anyItem()->appendChild(moved);
+                other.appendTopLevelItem(moved);
+                anyItem()->appendChild(moved); // not while it is elsewhere
+                anyItem()->appendChild(other.takeTopLevelItem(0));
             },
             [&] { anyItem()->setText(random.bounded(3), QString::number(random.bounded(99))); },
             [&] { write(Qt::CheckStateRole, random.bounded(3)); },
