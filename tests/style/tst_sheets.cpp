@@ -388,6 +388,10 @@ void tst_Sheets::everySheetIsUsedAndIconsRender()
     }
     for (QDirIterator it(QStringLiteral(":/Style"), QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
         const QString path = it.next();
+        if (path.endsWith(QLatin1String("_dot.svg"))) { // drawn by code
+            icons.insert(path);
+            continue;
+        }
         QVERIFY2(used.contains(path), qPrintable(path));
     }
     for (QDirIterator it(QStringLiteral(":/Icons"), QDir::Files); it.hasNext();)
