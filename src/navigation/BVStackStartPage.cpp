@@ -210,11 +210,14 @@ void BVStackStartPage::leave(const Control &control)
 /// The other button of the row is alone now, or the row is empty.
 void BVStackStartPage::leaveRow(QBoxLayout *row)
 {
-    for (Control &control : m_controls) {
-        if (control.m_row == row)
-            setComposition(control.m_button, QVariant());
+    bool isEmpty = true; // a hidden button is none to the layout
+    for (const Control &control : qAsConst(m_controls)) {
+        if (control.m_row != row)
+            continue;
+        setComposition(control.m_button, QVariant());
+        isEmpty = false;
     }
-    if (row->isEmpty())
+    if (isEmpty)
         delete row;
 }
 
@@ -398,7 +401,8 @@ void BVStackStartPage::fly(QAction *action, BVStartPageButton *button)
         onAnimationFinished(action);
         return;
     }
-    m_animation->setGeometry(m_animation->parentWidget()->rect());
+    if (const QWidget *sky = m_animation->parentWidget())
+        m_animation->setGeometry(sky->rect());
     m_animation->startAnimation(&image, start, action);
 }
 

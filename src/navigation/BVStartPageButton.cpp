@@ -11,6 +11,7 @@ BVStartPageButton::BVStartPageButton(QAction *action, const QIcon &icon, QWidget
     , m_action(action)
     , m_page(page)
     , m_ownIcon(icon)
+    , m_arrow(this->icon())
 {
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed, QSizePolicy::PushButton);
     policy.setHeightForWidth(true);
@@ -25,8 +26,7 @@ void BVStartPageButton::updateButton()
     setText(m_action->text());
     setDescription(m_action->statusTip());
     setAccessibleDescription(m_action->statusTip());
-    if (!icon.isNull()) // else the arrow of the style stays
-        setIcon(icon);
+    setIcon(icon.isNull() ? m_arrow : icon);
     setToolTip(m_action->toolTip());
     setEnabled(m_action->isEnabled());
     setVisible(m_action->isVisible());

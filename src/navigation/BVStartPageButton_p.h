@@ -43,4 +43,5 @@ private:
     QPointer<QWidget> m_page;
     QPointer<BVStartPageButton> m_partner; // in the same row
     QIcon m_ownIcon;                       // instead of the action's
+    QIcon m_arrow;                         // of the style, without either
 };

@@ -91,12 +91,14 @@ void tst_BVStackStartPage::clicks_data()
     }) << nothing << "started finished | " << true;
     QTest::newRow("the button goes") << nothing << Step([](Scene &scene) { scene.m_page->removeControl(scene.m_actions[0]); })
                                      << "started | a finished " << true;
-    QTest::newRow("the action gets disabled") << nothing << Step([](Scene &scene) { scene.m_actions[0]->setEnabled(false); }) << "started | a finished "
-                                              << true;
+    QTest::newRow("the action gets disabled") << nothing << Step([](Scene &scene) { scene.m_actions[0]->setEnabled(false); })
+                                              << "started | a finished " << true;
     QTest::newRow("the flight is deleted") << nothing << Step([](Scene &scene) { delete scene.m_page->animationWidget(); }) << "started | a finished "
                                            << true;
     QTest::newRow("there is no flight") << Step([](Scene &scene) { delete scene.m_page->animationWidget(); }) << nothing << "started a finished | "
                                         << true;
+    QTest::newRow("the flight has no parent") << Step([](Scene &scene) { scene.m_page->animationWidget()->setParent(nullptr); }) << nothing
+                                              << "started | a finished " << true;
     QTest::newRow("an action that starts it again")
         << Step([](Scene &scene) { connect(scene.m_actions[0], &QAction::triggered, scene.m_page, &BVStackStartPage::startAnimation); }) << nothing
         << "started | a finished " << true;
@@ -180,6 +182,18 @@ void tst_BVStackStartPage::controls()
 
     scene.m_page->removeControl(c);
     QCOMPARE(scene.m_page->getWidgetFromAction(c), nullptr);
+    scene.m_page->addControl(c);
+    c->setVisible(true);
+    b->setIcon(QIcon(":/Icons/new.svg"));
+    b->setIcon(QIcon()); // the arrow is back
+    QCOMPARE(scene.button(b)->icon().pixmap(20).toImage(), scene.button(c)->icon().pixmap(20).toImage());
+    QAction *d = scene.add("Delta");
+    QAction *e = scene.add("Epsilon");
+    scene.m_page->addControl(d, e);
+    d->setVisible(false);
+    scene.m_page->removeControl(e); // the row stays for the hidden one
+    d->setVisible(true);
+    QTRY_VERIFY(scene.button(d)->isVisible() && scene.button(d)->width() > 100);
     QVERIFY(!scene.button(b)->property("composition").isValid());
     delete b;
     QCOMPARE(scene.m_page->getWidgetFromAction(b), nullptr);
