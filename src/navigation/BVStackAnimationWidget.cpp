@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QHideEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -119,7 +120,8 @@ bool BVStackAnimationWidget::isAnimated() const
         QGuiApplication::platformName() == QLatin1String("windows");
     if (s_systemReportsEffects && !QApplication::isEffectEnabled(Qt::UI_General))
         return false;
-    return parentWidget() && style()->styleHint(QStyle::SH_Widget_Animate, nullptr, this) != 0 &&
+    return parentWidget() && parentWidget()->isVisible() &&
+           style()->styleHint(QStyle::SH_Widget_Animate, nullptr, this) != 0 &&
            style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
 }
 
@@ -212,6 +214,17 @@ void BVStackAnimationWidget::fade(const QImage &source, double factor, QImage *f
 bool BVStackAnimationWidget::eventFilter(QObject *, QEvent *event)
 {
     return m_inputBlock->blocks(event);
+}
+
+/// The parent is hidden. Not at once, since the receiver may delete either.
+void BVStackAnimationWidget::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    if (event->spontaneous() || m_timeLine.state() != QTimeLine::Running)
+        return;
+    m_timeLine.stop();
+    QCoreApplication::instance()->removeEventFilter(this);
+    m_atOnce.start(0);
 }
 
 void BVStackAnimationWidget::paintEvent(QPaintEvent *)

@@ -32,8 +32,9 @@ class QAction;
 /// report; if the end widget is, the image flies on to where it was.
 ///
 /// **No animations.** Where the style or the system wants none (a widget animation duration of 0,
-/// on Windows also the user-interface effects turned off), or without a parent, nothing is shown or
-/// blocked, and finished() follows as soon as control is back in the event loop.
+/// on Windows also the user-interface effects turned off), or without a visible parent, nothing is
+/// shown or blocked, and finished() follows as soon as control is back in the event loop. A flight
+/// whose parent is hidden ends as soon.
 class BVWIDGETS_EXPORT BVStackAnimationWidget : public QWidget
 {
     Q_OBJECT
@@ -106,6 +107,7 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -195,6 +195,17 @@ void tst_BVStackAnimation::reportsEveryFlight()
     QCOMPARE(scene.inputThatArrives(), QString("key click F7"));
     QVERIFY(scene.m_finished.count() == 2 && scene.m_flight->isHidden());
     QTRY_COMPARE(scene.m_finished.count(), 3);
+
+    scene.m_flight->setStyle(nullptr);
+    scene.m_flight->setDuration(100000);
+    scene.m_window.hide();
+    scene.start(scene.m_action);
+    QTRY_COMPARE(scene.m_finished.count(), 4);
+    scene.m_window.show();
+    scene.start(scene.m_action);
+    QVERIFY(scene.m_flight->isVisible());
+    scene.m_window.hide();
+    QTRY_COMPARE(scene.m_finished.count(), 5);
 }
 
 QTEST_MAIN(tst_BVStackAnimation)
