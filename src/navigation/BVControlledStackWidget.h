@@ -252,6 +252,7 @@ protected:
 private:
     friend class BVControlledStackItem;
     friend class BVControlledStackWidgetInterface;
+    friend class BVStackControllerWidget;
     friend class BVStackEntries;
     friend class BVStackNavigation;
 

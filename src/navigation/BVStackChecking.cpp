@@ -112,6 +112,10 @@ void BVStackChecking::checkOnly(QTreeWidgetItem *row)
     auto *tree = qobject_cast<BVDragTreeWidget *>(row->treeWidget());
     if (!tree)
         return;
+    if (!isCheckable(row)) {
+        checkAll(tree, Qt::Unchecked);
+        return;
+    }
     const Row kept(row, columnOf(row));
     const auto isOther = [row](const QTreeWidgetItem *other) {
         return other != row && !isLinked(other, row);

@@ -39,6 +39,13 @@ bool holds(QTreeWidget *tree, const BVControlledStackItem *item)
     return false;
 }
 
+QTreeWidgetItem *rowOfEntry(QTreeWidgetItem *row)
+{
+    while (row && !BVControlledStackItem::itemFromTreeItem(row))
+        row = row->parent();
+    return row;
+}
+
 /// What an action is about: the row that it is for, or null, and its tree.
 struct Scope
 {
@@ -48,10 +55,7 @@ struct Scope
 
     QTreeWidgetItem *subject() const { return BVStackChecking::checkableAround(m_row); }
     QTreeWidgetItem *parent() const { return m_row ? m_row->parent() : nullptr; }
-    QTreeWidgetItem *current() const
-    {
-        return BVStackChecking::checkableAround(m_tree->currentItem());
-    }
+    QTreeWidgetItem *current() const { return rowOfEntry(m_tree->currentItem()); }
 };
 
 bool mayRename(const Scope &scope)
@@ -66,8 +70,10 @@ bool mayRename(const Scope &scope)
 bool mayShowOnly(const Scope &scope)
 {
     QTreeWidgetItem *current = scope.current();
-    return current && (BVStackChecking::differs(current, Qt::Checked) ||
-                       BVStackChecking::anyDiffers(scope.m_tree, Qt::Unchecked, current));
+    if (!current || BVStackChecking::differs(current, Qt::Checked))
+        return current;
+    const bool isKept = BVStackChecking::isCheckable(current);
+    return BVStackChecking::anyDiffers(scope.m_tree, Qt::Unchecked, isKept ? current : nullptr);
 }
 
 /// The rules and effects of the actions that check: whose state they set to which.
@@ -176,8 +182,15 @@ void BVStackContextMenu::create(int options)
             action->setText(Controller::tr(option.text));
         action->setData(option.option);
         connect(action, &QAction::triggered, this, [this, action] { onTriggered(action); });
+        connect(action, &QObject::destroyed, this, [this, action] { forget(action); });
         m_actions.append(action);
     }
+}
+
+void BVStackContextMenu::forget(QAction *action)
+{
+    m_actions.removeOne(action);
+    m_wasEnabled.remove(action);
 }
 
 QAction *BVStackContextMenu::action(int option) const
@@ -228,12 +241,13 @@ void BVStackContextMenu::show(BVDragTreeWidget *tree, QTreeWidgetItem *row, cons
     fill(&menu);
     if (handlerGuard)
         handlerGuard->addActions(opened.m_item, menu.getMenu());
+    const QList<QAction *> own = m_actions; // a slot may make them anew
     QAction *chosen = nullptr;
     menu.show(&chosen);
     if (!guard)
         return;
     reset();
-    if (chosen && !m_actions.contains(chosen))
+    if (chosen && !own.contains(chosen))
         report(opened, chosen);
 }
 

@@ -57,6 +57,7 @@ private:
     static Opened placeOf(BVDragTreeWidget *tree, QTreeWidgetItem *row);
     void fill(TreeViewContextMenu *menu);
     void prepare(QAction *action);
+    void forget(QAction *action);
     void reset();
     void onTriggered(QAction *action);
     void report(const Opened &place, QAction *action);

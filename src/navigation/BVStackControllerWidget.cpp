@@ -2,11 +2,13 @@
 #include "navigation/BVStackControllerWidget.h"
 
 #include "itemviews/BVContainerListControl.h"
+#include "itemviews/BVContextMenuPlace_p.h"
 #include "itemviews/BVDragTreeWidget.h"
 #include "itemviews/BVItemDelegate.h"
 #include "navigation/BVControlledStackWidget.h"
 #include "navigation/BVStackContextHandler.h"
 #include "navigation/BVStackContextMenu_p.h"
+#include "navigation/BVStackEntries_p.h"
 #include "navigation/BVStackFilterLine_p.h"
 #include "platform/PropertyChangeFilter.h"
 
@@ -50,6 +52,10 @@ BVStackControllerWidget::BVStackControllerWidget(QWidget *parent, BVDragTreeWidg
 /// The tree tells of its end, and whoever listens finds no tree here any more.
 BVStackControllerWidget::~BVStackControllerWidget()
 {
+    if (m_stack)
+        m_stack->m_entries->leaveTree();
+    if (tree())
+        BVStackEntries::keepModel(tree());
     const QWidget *listControl = m_listControl;
     m_listControl = nullptr;
     delete listControl;
@@ -101,6 +107,8 @@ BVControlledStackWidget *BVStackControllerWidget::getControlledStack() const
 void BVStackControllerWidget::setControlledStack(BVControlledStackWidget *stack)
 {
     m_stack = stack;
+    if (stack && m_isOnTop)
+        stack->updateMargins(true, true);
 }
 
 // Place
@@ -191,7 +199,8 @@ void BVStackControllerWidget::addAdditionalCentered(QWidget *widget)
 void BVStackControllerWidget::updateMinimumWidth()
 {
     const BVDragTreeWidget *tree = this->tree();
-    if (!tree->isResizable() || tree->sizePolicy().horizontalPolicy() == QSizePolicy::Fixed)
+    if (minimumWidth() == maximumWidth() || !tree->isResizable() ||
+        tree->sizePolicy().horizontalPolicy() == QSizePolicy::Fixed)
         return;
     const bool scrolls = tree->sizeHint().height() > tree->height();
     const int width = tree->minimumWidth() + (scrolls ? s_scrollBarWidth : 0);
@@ -315,11 +324,13 @@ BVStackContextHandler *BVStackControllerWidget::customContextMenuHandler() const
 bool BVStackControllerWidget::openMenuByKey()
 {
     BVDragTreeWidget *tree = this->tree();
-    if (tree->contextMenuPolicy() != Qt::CustomContextMenu || !tree->currentItem())
+    if (tree->contextMenuPolicy() != Qt::CustomContextMenu)
         return false;
     QTreeWidgetItem *item = tree->currentItem();
-    tree->scrollToItem(item);
-    showCustomContextMenu(tree, item, tree->visualItemRect(item).center());
+    if (item)
+        tree->scrollToItem(item);
+    const QPoint place = item ? tree->visualItemRect(item).center() : BVContextMenuPlace::s_nowhere;
+    showCustomContextMenu(tree, item, place);
     return true;
 }
 

@@ -29,10 +29,11 @@ class QVBoxLayout;
 /// scroll bar.
 ///
 /// **Context menu.** createCustomContextMenu() says what is in it. The menu key opens it at the
-/// current entry. While it is open, "Show", "Don't Show" and "Show Current" bear the name of the
-/// entry they are for: the entry itself, or the next checkable one above one that is not checkable.
-/// An action that would change nothing is disabled. The actions also work while the menu is closed:
-/// on the current entry. What the user checks this way is reported like a click.
+/// current entry, or for none. While it is open, "Show" and "Don't Show" bear the name of the entry
+/// they are for: the entry itself, or the next checkable one above one that is not checkable; "Show
+/// Current" bears that of the current entry. An action that would change nothing is disabled. The
+/// actions also work while the menu is closed: on the current entry. What the user checks this way
+/// is reported like a click.
 class BVWIDGETS_EXPORT BVStackControllerWidget : public QFrame
 {
     Q_OBJECT
@@ -44,7 +45,7 @@ public:
     /// of each action is its option.
     enum MenuOptions {
         Rename = 16,
-        ShowCurrent = 2048, ///< unchecks all entries but the current one
+        ShowCurrent = 2048, ///< unchecks all but the current entry, which is checked
         Show = 32,
         DontShow = 64,
         ShowAllNeighbors = 128,    ///< checks the parent, if it is checkable

@@ -11,6 +11,7 @@
 #include "navigation/BVStackedWidget.h"
 
 #include "foundation/BVWidgetStatusChangedEvent.h"
+#include "foundation/BlockSignals.h"
 #include "itemviews/BVDragTreeWidget.h"
 
 #include <QCoreApplication>
@@ -18,46 +19,6 @@
 #include <QVector>
 
 #include <memory>
-
-/// What is left of removed entries: whoever is in the middle of a call with them still finds them.
-class BVStackRemains : public QObject
-{
-public:
-    /// Belongs to the tree, so that a slot may delete even the stack.
-    explicit BVStackRemains(BVControlledStackWidget *stack)
-        : QObject(stack->tree() ? static_cast<QObject *>(stack->tree()) : stack)
-        , m_tree(stack->tree())
-    {
-        if (m_tree) // its selection ends before its children do
-            connect(m_tree, &QObject::destroyed, this, [this] { m_tree = nullptr; });
-        deleteLater();
-    }
-    ~BVStackRemains() override
-    {
-        forgetCurrentRow();
-        for (BVControlledStackItem *item : qAsConst(m_items))
-            delete item;
-    }
-
-    void add(BVControlledStackItem *item) { m_items.append(item); }
-    void setRow(std::unique_ptr<QTreeWidgetItem> row) { m_row = std::move(row); }
-
-private:
-    /// A row that goes while it is being selected becomes the current one of the toolkit's
-    /// selection nevertheless.
-    void forgetCurrentRow() const
-    {
-        const QTreeWidgetItem *current = m_row && m_tree ? m_tree->currentItem() : nullptr;
-        while (current && current != m_row.get())
-            current = current->parent();
-        if (current)
-            m_tree->selectionModel()->clearCurrentIndex();
-    }
-
-    QPointer<BVDragTreeWidget> m_tree;
-    QVector<BVControlledStackItem *> m_items;
-    std::unique_ptr<QTreeWidgetItem> m_row;
-};
 
 namespace {
 
@@ -72,6 +33,50 @@ QVector<QTreeWidgetItem *> branchOf(QTreeWidgetItem *row)
 }
 
 } // namespace
+
+/// What is left of removed entries: whoever is in the middle of a call with them still finds them.
+class BVStackRemains : public QObject
+{
+public:
+    /// Belongs to the application, so that a slot may delete even the stack and the tree.
+    explicit BVStackRemains(BVControlledStackWidget *stack)
+        : QObject(QCoreApplication::instance())
+        , m_tree(stack->tree())
+    {
+        deleteLater();
+    }
+    ~BVStackRemains() override
+    {
+        forgetCurrentRow();
+        qDeleteAll(m_rows);
+        for (BVControlledStackItem *item : qAsConst(m_items))
+            delete item;
+    }
+
+    void add(BVControlledStackItem *item) { m_items.append(item); }
+    /// The rows get apart: one that is being written tells those above in its tree, which may go.
+    void addRow(QTreeWidgetItem *row)
+    {
+        const QVector<QTreeWidgetItem *> rows = branchOf(row);
+        for (QTreeWidgetItem *branchRow : rows) {
+            branchRow->takeChildren();
+            m_rows.append(branchRow);
+        }
+    }
+
+private:
+    /// A row that goes while it is being selected becomes the current one of the toolkit's
+    /// selection nevertheless.
+    void forgetCurrentRow() const
+    {
+        if (m_tree && m_rows.contains(m_tree->currentItem()))
+            m_tree->selectionModel()->clearCurrentIndex();
+    }
+
+    QPointer<BVDragTreeWidget> m_tree;
+    QVector<BVControlledStackItem *> m_items;
+    QVector<QTreeWidgetItem *> m_rows;
+};
 
 BVStackEntries::BVStackEntries(BVControlledStackWidget *stack)
     : QObject(stack)
@@ -123,8 +128,35 @@ void BVStackEntries::removeRow(QTreeWidgetItem *row)
     if (!guard || !tree || !remains)
         return;
     std::unique_ptr<QTreeWidgetItem> taken(tree->takeItem(row));
-    if (remains)
-        remains->setRow(std::move(taken));
+    if (remains && taken)
+        remains->addRow(taken.release());
+}
+
+/// Changes are held for ever, as there is nothing left to tell of.
+void BVStackEntries::leaveTree()
+{
+    const QPointer<BVDragTreeWidget> tree(m_stack->tree());
+    if (!tree)
+        return;
+    const QPointer<BVStackEntries> guard(this);
+    m_stack->m_navigation->hold();
+    const QPointer<BVStackRemains> remains(detachBranch(tree->invisibleRootItem()));
+    if (!guard || !tree || !remains)
+        return;
+    const BlockSignals blocker{tree.data()};
+    const QList<QTreeWidgetItem *> rows = tree->invisibleRootItem()->takeChildren();
+    for (QTreeWidgetItem *row : rows)
+        remains->addRow(row);
+    m_stack->updateStackVisibility();
+}
+
+void BVStackEntries::keepModel(BVDragTreeWidget *tree)
+{
+    QAbstractItemModel *model = tree->model();
+    connect(tree, &QObject::destroyed, model, [model] {
+        model->setParent(QCoreApplication::instance());
+        model->deleteLater();
+    });
 }
 
 void BVStackEntries::clear()

@@ -6,6 +6,7 @@
 
 class BVControlledStackItem;
 class BVControlledStackWidget;
+class BVDragTreeWidget;
 class BVStackRemains;
 class QTreeWidgetItem;
 class QWidget;
@@ -27,6 +28,11 @@ public:
     /// Removes a row with all below, whether they are entries or not.
     void removeRow(QTreeWidgetItem *row);
     void clear();
+    /// Takes all rows out of the tree, which is about to go.
+    void leaveTree();
+    /// Has the model of the tree, which is about to go, outlive it: a row that is being written
+    /// goes on to speak to it.
+    static void keepModel(BVDragTreeWidget *tree);
     /// The row of the entry is being deleted.
     static void rowDeleted(BVControlledStackItem *item);
 

@@ -50,6 +50,8 @@ public:
 
     explicit BVStackNavigation(BVControlledStackWidget *stack);
 
+    /// Reports no changes from here on.
+    void hold();
     void holdUntilRowsAreRemoved();
     /// Makes an enabled row current and then selects it. The view would do so in an order that does
     /// not bear slots that remove the row.
@@ -75,7 +77,6 @@ private:
     void placeEntry(BVControlledStackItem *item, bool isTopLevel);
     void updateParent(BVControlledStackItem *item, bool isChecked);
     void onDragEnter(QTreeWidgetItem *target, bool *mayDrop);
-    void hold();
     void release();
 
     BVControlledStackWidget *m_stack; // the parent

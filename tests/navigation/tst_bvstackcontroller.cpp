@@ -248,8 +248,8 @@ void tst_BVStackController::effects_data()
                                    << "a B B1 B2 c"
                                    << "a b b2 ";
     QTest::newRow("current without a check box") << 2048 << int(Stack::TopLevelItemsCheckable) << "b1"
-                                                 << "a B b1 b2 c"
-                                                 << "a b ";
+                                                 << "a b b1 b2 c"
+                                                 << "a ";
     QTest::newRow("show") << 32 << all << "c"
                           << "A b- B1 b2 C"
                           << "c ";
@@ -373,12 +373,19 @@ void tst_BVStackController::menuByKey()
     QCOMPARE(spy.size(), 1);
     QCOMPARE(spy[0][0].value<Entry *>(), entry);
     QVERIFY(tree->findChild<QLineEdit *>()); // the editor
+
+    tree->setCurrentItem(nullptr);
+    whenMenuOpens([&](QMenu *) { place = QPoint(); });
+    QApplication::sendEvent(tree, &event);
+    QVERIFY(place.isNull());
 }
 
 void tst_BVStackController::handler()
 {
     Scene scene;
-    scene.m_controller.createCustomContextMenu(16, true);
+    scene.m_controller.createCustomContextMenu(16 | 32, true);
+    delete scene.m_controller.menuAction(Controller::Show);
+    QCOMPARE(scene.m_controller.menuActions().size(), 1);
     auto handler = std::make_unique<Handler>();
     scene.m_controller.setCustomContextMenuHandler(handler.get());
     QSignalSpy spy(&scene.m_controller, &Controller::onCustomActionTriggeredOnTree);
@@ -419,9 +426,35 @@ void tst_BVStackController::deletion()
     controller.show();
     QAction *action = controller.menuAction(Controller::ShowAll);
     connect(action, &QAction::triggered, &controller, [&] { controller.createCustomContextMenu(16, true); }); // anew, from within
-    whenMenuOpens([&](QMenu *) { action->trigger(); });
+    connect(&controller, &Controller::onCustomActionTriggeredOnTree, this, [&] { controller.createCustomContextMenu(16, true); });
+    spy.clear();
+    whenMenuOpens([&](QMenu *menu) {
+        menu->setActiveAction(action);
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
     controller.showCustomContextMenu(controller.tree(), scene->entry("c")->treeItem(), QPoint(5, 5));
     QCOMPARE(controller.menuActions().size(), 1);
+    QCOMPARE(spy.size(), 1);
+
+    for (const char *name : {"c", "b1", "b"}) { // all go, from within a slot
+        for (bool isControllerOnly : {false, true}) {
+            auto owner = std::make_unique<Controller>();
+            auto going = std::make_unique<BVControlledStackWidget>(owner.get());
+            for (const char *text : {"b", "c"})
+                going->addItem(new QWidget, -1)->setText(text);
+            going->itemAt(0)->addItem(new QWidget)->setText("b1");
+            going->setCheckableItems(BVControlledStackWidget::AllItemsCheckable);
+            connect(going.get(), &BVControlledStackWidget::itemToggled, this, [&] {
+                if (!isControllerOnly)
+                    going.reset();
+                owner.reset();
+            });
+            owner->createCustomContextMenu(32, true);
+            going->getItemByText(name)->setCurrent();
+            owner->menuAction(Controller::Show)->trigger();
+            QVERIFY(!owner && (!going || going->itemCount(true) == 0));
+        }
+    }
 
     auto *mortal = new Controller(nullptr, nullptr, true); // goes while its menu is open, before its stack
     BVControlledStackWidget stack(mortal);
