@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "TourHands.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
@@ -35,6 +37,19 @@ void activate(QWidget *window)
     timer.start();
     while (!window->isActiveWindow() && timer.elapsed() < s_windowTime)
         QApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+void waitForClearButton(QLineEdit *edit)
+{
+    const auto *button = edit->findChild<QAbstractButton *>();
+    const double shown = edit->text().isEmpty() ? 0.0 : 1.0;
+    QElapsedTimer timer;
+    timer.start();
+    while (button && button->property("opacity").toDouble() != shown &&
+           timer.elapsed() < s_windowTime)
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+    // No event loop runs here that would delete the animation.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void sendKey(QWidget *widget, int key, const QString &text, Qt::KeyboardModifiers modifiers)

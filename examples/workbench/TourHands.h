@@ -6,6 +6,7 @@
 #include <QString>
 #include <Qt>
 
+class QLineEdit;
 class QPoint;
 class QWidget;
 
@@ -16,6 +17,8 @@ namespace TourHands {
 void settle();
 /// Waits for the window to become the active one; not every window system makes it that.
 void activate(QWidget *window);
+/// Waits until the clear button of an edit has faded in or out.
+void waitForClearButton(QLineEdit *edit);
 void sendKey(QWidget *widget, int key, const QString &text = QString(),
              Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void sendMouse(QWidget *widget, QEvent::Type type, const QPoint &position);

@@ -139,10 +139,12 @@ bool Tour::searchResults()
     page->onlyBeyondBox()->setChecked(true);
     page->filterEdit()->setFocus(Qt::TabFocusReason);
     typeText(QStringLiteral("th"));
+    waitForClearButton(page->filterEdit());
     const bool shown = expect(page->view()->model()->rowCount() == 3,
                               QStringLiteral("three operations hold what is searched")) &&
                        picture(QStringLiteral("results_searched"));
     page->filterEdit()->clear();
+    waitForClearButton(page->filterEdit());
     page->onlyBeyondBox()->setChecked(false);
     return shown;
 }
