@@ -6,11 +6,10 @@
 #include "itemviews/BVDragHost_p.h"
 #include "itemviews/BVItemDelegate.h"
 #include "itemviews/BVTreeContentHeight_p.h"
+#include "itemviews/BVTreeCopying_p.h"
 #include "itemviews/BVTreeHover_p.h"
 #include "itemviews/BVTreeItemMove_p.h"
 #include "itemviews/BVTreeItems_p.h"
-#include "itemviews/TreeViewContextMenu.h"
-#include "itemviews/TreeViewCopyHandler.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -59,6 +58,7 @@ BVDragTreeWidget::BVDragTreeWidget(QWidget *parent)
     : QTreeWidget(parent)
     , m_hover(std::make_unique<RowHover>(this))
     , m_contentHeight(std::make_unique<BVTreeContentHeight>(this))
+    , m_copying(std::make_unique<BVTreeCopying>(this))
 {
     setObjectName(QStringLiteral("bv_dragtreewidget"));
     setFocusPolicy(Qt::StrongFocus);
@@ -376,51 +376,40 @@ void BVDragTreeWidget::contextMenuEvent(QContextMenuEvent *event)
 
 void BVDragTreeWidget::showContextMenu(const QPoint &position)
 {
-    TreeViewContextMenu menu(this, position);
-    if (m_copyHandler)
-        m_copyHandler->addCopyActionsToMenu(menu);
-    menu.show();
+    m_copying->showMenu(position);
 }
 
 // Copying
 
-void BVDragTreeWidget::makeCopyHandler()
+TreeViewCopyHandler *BVDragTreeWidget::getCopyHandler() const
 {
-    if (!m_copyHandler)
-        m_copyHandler = new TreeViewCopyHandler(this);
+    return m_copying->handler();
 }
 
 void BVDragTreeWidget::enableCopyAllAction(bool enable)
 {
-    if (enable)
-        makeCopyHandler();
-    if (m_copyHandler)
-        m_copyHandler->enableCopyAllAction(enable);
+    m_copying->enableAll(enable);
 }
 
 bool BVDragTreeWidget::isCopyAllActionEnabled() const
 {
-    return m_copyHandler && m_copyHandler->isCopyAllActionEnabled();
+    return m_copying->isAllEnabled();
 }
 
 void BVDragTreeWidget::enableCopySelectedAction(bool enable)
 {
-    if (enable)
-        makeCopyHandler();
-    if (m_copyHandler)
-        m_copyHandler->enableCopySelectedAction(enable);
+    m_copying->enableSelected(enable);
 }
 
 bool BVDragTreeWidget::isCopySelectedActionEnabled() const
 {
-    return m_copyHandler && m_copyHandler->isCopySelectedActionEnabled();
+    return m_copying->isSelectedEnabled();
 }
 
 void BVDragTreeWidget::setSelectionModel(QItemSelectionModel *selectionModel)
 {
     QTreeWidget::setSelectionModel(selectionModel);
-    if (m_copyHandler)
-        m_copyHandler->selectionModelChanged();
+    m_copying->selectionModelChanged();
 }
 
 // Painting

@@ -12,6 +12,7 @@
 #include <memory>
 
 class BVTreeContentHeight;
+class BVTreeCopying;
 class BVTreeItemMove;
 class TreeViewCopyHandler;
 
@@ -88,7 +89,7 @@ public:
     void setDraggingState(BVDragAndDropManager::DragState state);
 
     /// The handler belongs to the tree. Null until copying is enabled.
-    TreeViewCopyHandler *getCopyHandler() const { return m_copyHandler; }
+    TreeViewCopyHandler *getCopyHandler() const;
     /// Whether all rows, or those selected, can be copied, by the context menu and, those
     /// selected, by the standard keys. Off at first.
     void enableCopyAllAction(bool enable);
@@ -138,7 +139,6 @@ private:
     friend class BVContainerListControl;
     class RowHover;
 
-    void makeCopyHandler();
     int contentHeight() const;
     void onContentChanged();
     void leaveBranches(const QModelIndex &parent, int start, int end);
@@ -150,8 +150,8 @@ private:
 
     std::unique_ptr<RowHover> m_hover;
     std::unique_ptr<BVTreeContentHeight> m_contentHeight;
+    std::unique_ptr<BVTreeCopying> m_copying;
     QPointer<BVDragAndDropManager> m_dragAndDropManager;
-    TreeViewCopyHandler *m_copyHandler = nullptr; // child of this
     QPersistentModelIndex m_tintedRow;
     QColor m_hoverColor; // of it
     QPoint m_pressPosition;

@@ -9,14 +9,13 @@
 #include "itemviews/BVItemDelegate.h"
 #include "itemviews/BVRowWalk_p.h"
 #include "itemviews/BVTreeContentHeight_p.h"
+#include "itemviews/BVTreeCopying_p.h"
 #include "itemviews/BVTreeEditController_p.h"
 #include "itemviews/BVTreeGrid_p.h"
 #include "itemviews/BVTreeHeaderChecks_p.h"
 #include "itemviews/BVTreeModelLink_p.h"
 #include "itemviews/BVTreeSizeHint_p.h"
 #include "itemviews/BVTreeVisibleRows_p.h"
-#include "itemviews/TreeViewContextMenu.h"
-#include "itemviews/TreeViewCopyHandler.h"
 #include "platform/PropertyChangeFilter.h"
 
 #include <QContextMenuEvent>
@@ -30,6 +29,7 @@ BVTreeView::BVTreeView(QWidget *parent)
     , m_editController(std::make_unique<BVTreeEditController>(this))
     , m_hover(std::make_unique<BVCellHover>(this))
     , m_contentHeight(std::make_unique<BVTreeContentHeight>(this))
+    , m_copying(std::make_unique<BVTreeCopying>(this))
     , m_headerChecks(std::make_unique<BVTreeHeaderChecks>(this))
     , m_visibleRows(std::make_unique<BVTreeVisibleRows>(this))
     , m_modelLink(std::make_unique<BVTreeModelLink>(this))
@@ -80,8 +80,7 @@ void BVTreeView::onStructureChanged()
 void BVTreeView::setSelectionModel(QItemSelectionModel *selectionModel)
 {
     QTreeView::setSelectionModel(selectionModel);
-    if (m_copyHandler)
-        m_copyHandler->selectionModelChanged();
+    m_copying->selectionModelChanged();
     viewport()->update();
 }
 
@@ -444,44 +443,34 @@ void BVTreeView::contextMenuEvent(QContextMenuEvent *event)
 
 void BVTreeView::showContextMenu(const QPoint &position)
 {
-    TreeViewContextMenu menu(this, position);
-    if (m_copyHandler)
-        m_copyHandler->addCopyActionsToMenu(menu);
-    menu.show();
+    m_copying->showMenu(position);
 }
 
 // Copying
 
-void BVTreeView::makeCopyHandler()
+TreeViewCopyHandler *BVTreeView::getCopyHandler() const
 {
-    if (!m_copyHandler)
-        m_copyHandler = new TreeViewCopyHandler(this);
+    return m_copying->handler();
 }
 
 void BVTreeView::enableCopyAllAction(bool enable)
 {
-    if (enable)
-        makeCopyHandler();
-    if (m_copyHandler)
-        m_copyHandler->enableCopyAllAction(enable);
+    m_copying->enableAll(enable);
 }
 
 bool BVTreeView::isCopyAllActionEnabled() const
 {
-    return m_copyHandler && m_copyHandler->isCopyAllActionEnabled();
+    return m_copying->isAllEnabled();
 }
 
 void BVTreeView::enableCopySelectedAction(bool enable)
 {
-    if (enable)
-        makeCopyHandler();
-    if (m_copyHandler)
-        m_copyHandler->enableCopySelectedAction(enable);
+    m_copying->enableSelected(enable);
 }
 
 bool BVTreeView::isCopySelectedActionEnabled() const
 {
-    return m_copyHandler && m_copyHandler->isCopySelectedActionEnabled();
+    return m_copying->isSelectedEnabled();
 }
 
 // Drag and drop

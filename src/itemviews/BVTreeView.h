@@ -12,6 +12,7 @@
 #include <memory>
 
 class BVTreeContentHeight;
+class BVTreeCopying;
 class BVTreeEditController;
 class BVTreeGrid;
 class BVTreeHeaderChecks;
@@ -117,7 +118,7 @@ public:
     void endPress();
 
     /// The handler belongs to the view. Null until copying is enabled.
-    TreeViewCopyHandler *getCopyHandler() const { return m_copyHandler; }
+    TreeViewCopyHandler *getCopyHandler() const;
     /// Whether all rows, or those selected, can be copied, by the context menu and, those
     /// selected, by the standard keys. Off at first.
     void enableCopyAllAction(bool enable);
@@ -217,16 +218,15 @@ private:
     void onContentChanged();
     void onStructureChanged();
     void updateGeometryIfResizable();
-    void makeCopyHandler();
 
     std::unique_ptr<BVTreeEditController> m_editController;
     std::unique_ptr<BVTreeHover> m_hover;
     std::unique_ptr<BVTreeContentHeight> m_contentHeight;
+    std::unique_ptr<BVTreeCopying> m_copying;
     std::unique_ptr<BVTreeHeaderChecks> m_headerChecks;
     std::unique_ptr<BVTreeVisibleRows> m_visibleRows;
     std::unique_ptr<BVTreeModelLink> m_modelLink;
     QPointer<BVDragAndDropManager> m_dragAndDropManager;
-    TreeViewCopyHandler *m_copyHandler = nullptr; // child of this
     bool m_resizable = false;
     int m_spaceToAdd = 0; // rows
     int m_minimumResizableHeight = 0;
