@@ -14,6 +14,8 @@
 #include "itemviews/BVContainerListControl.h"
 #include "itemviews/BVDragTreeWidget.h"
 
+#include <utility>
+
 // Guards
 
 BVStackNavigation::Hold::Hold(BVStackNavigation *navigation)
@@ -80,6 +82,14 @@ void BVStackNavigation::reportHeldSelection()
         onSelectionChanged();
 }
 
+/// A selection that is kept silent is told of by those who do so.
+void BVStackNavigation::onRowsAboutToBeRemoved()
+{
+    const BVDragTreeWidget *tree = m_stack->tree();
+    if (tree && !tree->selectionModel()->signalsBlocked())
+        holdUntilRowsAreRemoved();
+}
+
 void BVStackNavigation::holdUntilRowsAreRemoved()
 {
     hold();
@@ -142,6 +152,8 @@ void BVStackNavigation::watchTree(BVDragTreeWidget *tree)
     connect(tree, &QTreeWidget::itemExpanded, this, forward(&Stack::itemExpanded));
     connect(tree, &BVDragTreeWidget::sigItemHoverEnter, this, forward(&Stack::itemHoverEnter));
     connect(tree, &BVDragTreeWidget::sigItemHoverLeave, this, forward(&Stack::itemHoverLeave));
+    connect(tree, &BVDragTreeWidget::sigRowsAboutToBeRemoved, this,
+            &BVStackNavigation::onRowsAboutToBeRemoved);
 }
 
 /// Every change of the structure passes here, whoever makes it.
@@ -319,6 +331,7 @@ void BVStackNavigation::onRowsRemoved(const QModelIndex &parent)
         if (tree->rootIsDecorated())
             m_stack->updateAutoRootDecoration();
     }
-    for (; guard && m_deletedRows > 0; --m_deletedRows)
+    // Slots may remove more rows, which hold and release on their own account.
+    for (int holds = std::exchange(m_deletedRows, 0); guard && holds > 0; --holds)
         release();
 }

@@ -72,6 +72,7 @@ private:
     void reportToggle(BVControlledStackItem *item);
     bool hasNews(BVControlledStackItem *item) const;
 
+    void onRowsAboutToBeRemoved();
     void onRowsInserted(const QModelIndex &parent, int first, int last);
     void onRowsRemoved(const QModelIndex &parent);
     void placeEntry(BVControlledStackItem *item, bool isTopLevel);
