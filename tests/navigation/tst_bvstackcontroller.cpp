@@ -517,6 +517,14 @@ void tst_BVStackController::tabs()
     QCOMPARE(tabs.tabBar()->tabStatus(1), BVWidgetStatus::Stati(BVWidgetStatus::NeedInput));
     stack->itemAt(2)->setText("d");
     QCOMPARE(tabs.tabBar()->tabText(2), QString("d"));
+    below->setEnabled(false);
+    tabs.setCurrentIndex(1);
+    QCOMPARE(stack->getCurrentItem(), stack->itemAt(1)); // enabled, though its page is not
+    stack->itemAt(0)->setEnabled(false);
+    tabs.setCurrentIndex(0);
+    QCOMPARE(tabs.currentIndex(), 1);
+    stack->itemAt(0)->setEnabled(true);
+    stack->itemAt(2)->setCurrent();
     stack->removeItem(stack->itemAt(2));
     QCOMPARE(tabs.count(), 2);
     QTRY_VERIFY(stack->getCurrentItem());
