@@ -50,6 +50,26 @@ BVStackNavigation::Unreported::~Unreported()
     }
 }
 
+BVStackNavigation::NetToggles::NetToggles(BVControlledStackItem *item)
+    : m_navigation(item && item->stackWidget() ? item->stackWidget()->m_navigation : nullptr)
+{
+    for (; m_navigation && item; item = item->parent()) {
+        m_items.append(item);
+        m_navigation->m_waiting.insert(item);
+    }
+}
+
+BVStackNavigation::NetToggles::~NetToggles()
+{
+    for (BVControlledStackItem *item : qAsConst(m_items)) {
+        if (!m_navigation)
+            return;
+        m_navigation->m_waiting.remove(item);
+        if (m_navigation->m_stack->isOwn(item))
+            m_navigation->reportToggle(item);
+    }
+}
+
 /// Remembers what was current before rows go.
 void BVStackNavigation::hold()
 {
@@ -257,7 +277,8 @@ void BVStackNavigation::onItemChanged(QTreeWidgetItem *row, int column)
 /// A row that was never checked by the program is new to the user when it is no longer unchecked.
 bool BVStackNavigation::hasNews(BVControlledStackItem *item) const
 {
-    if (!m_stack->isCheckableItems() || !item->isCheckable() || m_reporting.contains(item))
+    if (!m_stack->isCheckableItems() || !item->isCheckable() || m_reporting.contains(item) ||
+        m_waiting.contains(item))
         return false;
     return BVStackChecks::isReported(item) ? item->checkStateHasChanged()
                                            : item->getCheckState() != Qt::Unchecked;

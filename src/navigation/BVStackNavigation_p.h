@@ -48,6 +48,22 @@ public:
         QList<BVControlledStackItem *> m_items;
     };
 
+    /// While an object of this class lives, toggles of the entry and those above wait. In the end
+    /// each is told of if its state differs from the one that was told last.
+    class NetToggles
+    {
+    public:
+        /// Null for none.
+        explicit NetToggles(BVControlledStackItem *item);
+        ~NetToggles();
+        NetToggles(const NetToggles &) = delete;
+        NetToggles &operator=(const NetToggles &) = delete;
+
+    private:
+        QPointer<BVStackNavigation> m_navigation;
+        QList<BVControlledStackItem *> m_items;
+    };
+
     explicit BVStackNavigation(BVControlledStackWidget *stack);
 
     /// Reports no changes from here on.
@@ -82,6 +98,7 @@ private:
 
     BVControlledStackWidget *m_stack; // the parent
     QSet<const BVControlledStackItem *> m_unreported;
+    QSet<const BVControlledStackItem *> m_waiting;   // their toggle waits
     QSet<const BVControlledStackItem *> m_reporting; // their toggle is being delivered
     int m_holdCount = 0;
     int m_deletedRows = 0; // each of them holds

@@ -244,6 +244,9 @@ void tst_BVStackController::effects_data()
     QTest::newRow("current below a group") << 2048 << all << "b1"
                                            << "a b- B1 b2 c"
                                            << "a ";
+    QTest::newRow("current in a group that stays as it is") << 2048 << all << "b2"
+                                                            << "a b- b1 B2 c"
+                                                            << "a b1 b2 ";
     QTest::newRow("current group") << 2048 << all << "b"
                                    << "a B B1 B2 c"
                                    << "a b b2 ";
