@@ -16,6 +16,8 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace {
 
 constexpr int s_width = 130; // px, as all below
@@ -106,9 +108,13 @@ BVControlledStackWidget *BVStackControllerWidget::getControlledStack() const
 
 void BVStackControllerWidget::setControlledStack(BVControlledStackWidget *stack)
 {
-    m_stack = stack;
+    if (stack && stack->tree() != tree())
+        return;
+    BVControlledStackWidget *const before = std::exchange(m_stack, stack);
     if (stack && m_isOnTop)
         stack->updateMargins(true, true);
+    if (before && before != stack)
+        before->leaveController();
 }
 
 // Place

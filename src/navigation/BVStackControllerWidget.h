@@ -67,8 +67,10 @@ public:
     /// These are null only once someone else has deleted them.
     BVDragTreeWidget *tree() const;
     BVContainerListControl *listControl() const;
-    /// The stack that is served, or null. Set by the stack itself.
+    /// The stack that is served, or null.
     BVControlledStackWidget *getControlledStack() const;
+    /// Called by the stack itself. The one before loses its entries and this controller. Ignored
+    /// for a stack of another controller and for one that was let go.
     void setControlledStack(BVControlledStackWidget *stack);
 
     // Place
