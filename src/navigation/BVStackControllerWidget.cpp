@@ -31,6 +31,25 @@ constexpr QMargins s_checkMargins(0, 2, 2, 2);
 constexpr char s_leftRight[] = "leftRight";
 constexpr char s_alignRight[] = "alignRight"; // of the header, set by the stack
 
+/// The row itself, or the next one above that is neither hidden nor in a closed branch; null for
+/// none.
+QTreeWidgetItem *inSightAtOrAbove(QTreeWidgetItem *row)
+{
+    QTreeWidgetItem *inSight = row;
+    for (; row; row = row->parent())
+        if (row->isHidden() || (row->parent() && !row->parent()->isExpanded()))
+            inSight = row->parent();
+    return inSight;
+}
+
+/// The middle of what can be seen of the row.
+QPoint placeOf(BVDragTreeWidget *tree, QTreeWidgetItem *row)
+{
+    tree->scrollToItem(row);
+    const QRect inSight = tree->visualItemRect(row) & tree->viewport()->rect();
+    return inSight.isEmpty() ? BVContextMenuPlace::s_nowhere : inSight.center();
+}
+
 } // namespace
 
 BVStackControllerWidget::BVStackControllerWidget(QWidget *parent, BVDragTreeWidget *tree,
@@ -332,11 +351,9 @@ bool BVStackControllerWidget::openMenuByKey()
     BVDragTreeWidget *tree = this->tree();
     if (tree->contextMenuPolicy() != Qt::CustomContextMenu)
         return false;
-    QTreeWidgetItem *item = tree->currentItem();
-    if (item)
-        tree->scrollToItem(item);
-    const QPoint place = item ? tree->visualItemRect(item).center() : BVContextMenuPlace::s_nowhere;
-    showCustomContextMenu(tree, item, place);
+    QTreeWidgetItem *inSight = inSightAtOrAbove(tree->currentItem());
+    const QPoint place = inSight ? placeOf(tree, inSight) : BVContextMenuPlace::s_nowhere;
+    showCustomContextMenu(tree, tree->currentItem(), place);
     return true;
 }
 

@@ -28,12 +28,12 @@ class QVBoxLayout;
 /// controller is never narrower than its tree, and 15 pixels wider while the tree has a vertical
 /// scroll bar.
 ///
-/// **Context menu.** createCustomContextMenu() says what is in it. The menu key opens it at the
-/// current entry, or for none. While it is open, "Show" and "Don't Show" bear the name of the entry
-/// they are for: the entry itself, or the next checkable one above one that is not checkable; "Show
-/// Current" bears that of the current entry. An action that would change nothing is disabled. The
-/// actions also work while the menu is closed: on the current entry. What the user checks this way
-/// is reported like a click.
+/// **Context menu.** createCustomContextMenu() says what is in it. The menu key opens it for the
+/// current entry, or for none, at what can be seen of its row, or else of one above. While it is
+/// open, "Show" and "Don't Show" bear the name of the entry they are for: the entry itself, or the
+/// next checkable one above one that is not checkable; "Show Current" bears that of the current
+/// entry. An action that would change nothing is disabled. The actions also work while the menu is
+/// closed: on the current entry. What the user checks this way is reported like a click.
 class BVWIDGETS_EXPORT BVStackControllerWidget : public QFrame
 {
     Q_OBJECT

@@ -377,6 +377,18 @@ void tst_BVStackController::menuByKey()
     QCOMPARE(spy[0][0].value<Entry *>(), entry);
     QVERIFY(tree->findChild<QLineEdit *>()); // the editor
 
+    const auto keyPlace = [&](Entry *current) {
+        current->setCurrent();
+        tree->collapseAll();
+        whenMenuOpens([&](QMenu *menu) { place = menu->pos(); });
+        QApplication::sendEvent(tree, &event);
+        return tree->viewport()->mapFromGlobal(place);
+    };
+    QVERIFY(tree->visualItemRect(scene.entry("b")->treeItem()).contains(keyPlace(scene.entry("b2"))));
+    QVERIFY(!scene.entry("b")->isExpanded());
+    scene.entry("a")->treeItem()->setHidden(true);
+    QCOMPARE(keyPlace(scene.entry("a")), QPoint());
+
     tree->setCurrentItem(nullptr);
     whenMenuOpens([&](QMenu *) { place = QPoint(); });
     QApplication::sendEvent(tree, &event);
