@@ -54,7 +54,12 @@ struct Scope
     QTreeWidgetItem *m_row;
 
     QTreeWidgetItem *subject() const { return BVStackChecking::checkableAround(m_row); }
-    QTreeWidgetItem *parent() const { return m_row ? m_row->parent() : nullptr; }
+    /// The row above that of the entry, which a plain row belongs to.
+    QTreeWidgetItem *parent() const
+    {
+        const QTreeWidgetItem *row = rowOfEntry(m_row);
+        return row ? row->parent() : nullptr;
+    }
     QTreeWidgetItem *current() const { return rowOfEntry(m_tree->currentItem()); }
 };
 

@@ -268,6 +268,9 @@ void tst_BVStackController::effects_data()
     QTest::newRow("neighbors") << 128 << all << "b1"
                                << "A B B1 B2 c"
                                << "b b2 ";
+    QTest::newRow("neighbors of a plain row's entry") << 128 << all << "a+"
+                                                      << "A b- B1 b2 c"
+                                                      << "";
     QTest::newRow("no neighbors") << 256 << all << "b2"
                                   << "A b b1 b2 c"
                                   << "b b1 ";
@@ -298,7 +301,10 @@ void tst_BVStackController::effects()
     Scene scene;
     scene.check(BVControlledStackWidget::CheckableItems(mode), {"a", "b1"});
     scene.m_controller.createCustomContextMenu(s_allOptions, true);
-    scene.entry(current)->setCurrent();
+    Entry *entry = scene.entry(current.left(current.size() - current.count('+')));
+    entry->setCurrent();
+    if (current.contains('+'))
+        scene.m_controller.tree()->setCurrentItem(entry->addChildItem(nullptr, "note"));
     QSignalSpy spy(&scene.m_controller, &Controller::onCustomActionTriggeredOnTree);
     QAction *action = scene.m_controller.menuAction(Controller::MenuOptions(option));
     action->trigger();
@@ -310,7 +316,7 @@ void tst_BVStackController::effects()
     };
     QCOMPARE(sorted(scene.m_toggled), sorted(toggled));
     QCOMPARE(spy.size(), 1);
-    QCOMPARE(spy[0][0].value<Entry *>(), scene.entry(current));
+    QCOMPARE(spy[0][0].value<Entry *>(), entry);
     QCOMPARE(spy[0][1].value<QAction *>(), action);
 }
 
