@@ -359,6 +359,13 @@ bool BVStackControllerWidget::openMenuByKey()
 
 // Events
 
+void BVStackControllerWidget::changeEvent(QEvent *event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        m_contextMenu->retranslate();
+}
+
 bool BVStackControllerWidget::eventFilter(QObject *watched, QEvent *event)
 {
     if (tree() && watched == headerWidget() && event->type() == QEvent::DynamicPropertyChange)

@@ -86,7 +86,7 @@ public:
     void stretchVertical();
     /// The space below the tree: @p height in pixels, or what is left for -1. Less is ignored.
     void setBottomSpacer(int height);
-    /// -1 keeps a margin.
+    /// In pixels. -1 keeps a margin, as does any other negative number.
     void setMainLayoutMargins(int left, int top, int right, int bottom);
     /// Puts a widget, which is taken over, below what is there and above the bottom spacer. Null is
     /// ignored.
@@ -124,7 +124,8 @@ public:
     void createCustomContextMenu(int options, bool customPolicy, int argument = -1);
     int menuArgument() const { return m_menuArgument; }
     QList<QAction *> menuActions() const;
-    /// Null if the option is not in the menu.
+    /// Null if the option is not in the menu. A text that the application sets stays as it is; one
+    /// that it disables stays disabled.
     QAction *menuAction(MenuOptions option) const;
     /// Enables or disables the actions with that option.
     void enableMenuOption(MenuOptions option, bool enable);
@@ -148,6 +149,7 @@ Q_SIGNALS:
     void onCustomActionTriggeredOnTree(BVControlledStackItem *item, QAction *action);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
 
 private:

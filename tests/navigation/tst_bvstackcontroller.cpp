@@ -19,6 +19,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QTranslator>
 
 #include <functional>
 
@@ -99,6 +100,16 @@ struct Handler : BVStackContextHandler
     Entry *m_item = nullptr;
 };
 
+struct Translator : QTranslator
+{
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *text, const char *comment, int) const override
+    {
+        const QString note = comment ? QString("|") + QString(comment).remove("%1") : QString();
+        return QString("[%1%2]").arg(QString(text), note);
+    }
+};
+
 constexpr int s_allOptions = 16 | 2048 | 32 | 64 | 128 | 256 | 512 | 1024 | 4096;
 
 } // namespace
@@ -121,6 +132,7 @@ private Q_SLOTS:
     void effects();
     void openMenu_data();
     void openMenu();
+    void applicationsActions();
     void menuByKey();
     void handler();
     void deletion();
@@ -357,6 +369,40 @@ void tst_BVStackController::openMenu()
     QCOMPARE(shown, menu);
     QCOMPARE(scene.m_controller.menuAction(Controller::Show)->text(), QString("Show")); // as before
     QVERIFY(scene.m_controller.menuAction(Controller::Rename)->isEnabled());
+}
+
+/// What the application makes of the actions stays, also while the menu is open.
+void tst_BVStackController::applicationsActions()
+{
+    Scene scene;
+    scene.check(BVControlledStackWidget::AllItemsCheckable, {"a"});
+    scene.m_controller.createCustomContextMenu(s_allOptions, true);
+    const auto action = [&](Controller::MenuOptions option) { return scene.m_controller.menuAction(option); };
+    action(Controller::DontShow)->setText("Skip");
+    action(Controller::ShowAll)->setEnabled(false);
+    scene.entry("a")->setCurrent();
+    scene.m_controller.show();
+    QString shown;
+    whenMenuOpens([&](QMenu *menu) {
+        shown = contents(menu).section(" | ", 1, 1);
+        action(Controller::HideAll)->setEnabled(false);
+        action(Controller::ShowCurrent)->setText("Alone");
+    });
+    scene.m_controller.showCustomContextMenu(scene.m_controller.tree(), scene.entry("a")->treeItem(), QPoint(5, 5));
+    QCOMPARE(shown, QString("(Show Only a) (Show a) Skip"));
+    QVERIFY(!action(Controller::ShowAll)->isEnabled() && !action(Controller::HideAll)->isEnabled());
+    QVERIFY(action(Controller::Show)->isEnabled());
+
+    Translator translator;
+    QCoreApplication::installTranslator(&translator);
+    QTRY_COMPARE(action(Controller::Show)->text(), QString("[Show]"));
+    QCOMPARE(action(Controller::DontShow)->text() + action(Controller::ShowCurrent)->text(), QString("SkipAlone"));
+    scene.m_stack.setCheckableItems(BVControlledStackWidget::TopLevelItemsCheckable);
+    for (const auto &[name, menu] : {std::pair{"b", "[Show b| is name of the item]"}, {"b1", "[Show b| is name of the parent item]"}}) {
+        whenMenuOpens([&](QMenu *) { shown = action(Controller::Show)->text(); });
+        scene.m_controller.showCustomContextMenu(scene.m_controller.tree(), scene.entry(name)->treeItem(), QPoint(5, 5));
+        QCOMPARE(shown, QString(menu));
+    }
 }
 
 void tst_BVStackController::menuByKey()
