@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "FieldEditor.h"
+#include "FieldGroup.h"
 #include "PreferencesDialog.h"
 #include "SetupFields.h"
 #include "SetupFile.h"
-#include "SetupForm.h"
+#include "SetupStack.h"
 #include "StatusSummary.h"
 #include "TestSupport.h"
 #include "WorkbenchSettings.h"
@@ -75,11 +76,17 @@ public:
 
     WorkbenchWindow *operator->() { return &m_window; }
     FieldEditor *field(const char *path) { return m_window.form()->editor(fieldIndex(path)); }
-    QWidget *edit(const char *path) { return field(path)->edit(); }
+    /// Its page comes into sight.
+    QWidget *edit(const char *path)
+    {
+        m_window.showPageOf(field(path)->edit());
+        return field(path)->edit();
+    }
     const BVWidgetInterface *status(const char *path) { return field(path)->status(); }
     BVSlider *slider(const char *path)
     {
         const QString key = QString::fromLatin1(path).section(QLatin1Char('/'), 1);
+        edit(path);
         return m_window.findChild<BVSlider *>(key + QStringLiteral("Slider"));
     }
     double value(const char *path) { return m_window.form()->setup().number(fieldIndex(path)); }
@@ -405,8 +412,8 @@ void tst_Workbench::typedValueIsConvertedAndMarked()
 void tst_Workbench::unacceptableTextReachesFormAndGoes()
 {
     Bench bench;
-    QWidget *group = bench->form()->groupBox(SetupFields::findGroup(QStringLiteral("tools")));
-    QWidget *other = bench->form()->groupBox(SetupFields::findGroup(QStringLiteral("press")));
+    QWidget *group = bench->form()->group(SetupFields::findGroup(QStringLiteral("tools")));
+    QWidget *other = bench->form()->group(SetupFields::findGroup(QStringLiteral("press")));
     for (const QString &text : {QStringLiteral("5 kg"), QStringLiteral("101"), QStringLiteral("5 k")}) {
         bench.type("tools/gap", text);
         QCOMPARE(bench.field("tools/gap")->text(), text);
