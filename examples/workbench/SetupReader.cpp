@@ -66,13 +66,13 @@ bool SetupReader::refuseMalformed()
 bool SetupReader::nextChild()
 {
     while (!m_xml.atEnd()) {
-        const QXmlStreamSetupReader::TokenType token = m_xml.readNext();
+        const QXmlStreamReader::TokenType token = m_xml.readNext();
         m_line = m_xml.lineNumber();
-        if (token == QXmlStreamSetupReader::StartElement)
+        if (token == QXmlStreamReader::StartElement)
             return true;
-        if (token == QXmlStreamSetupReader::EndElement)
+        if (token == QXmlStreamReader::EndElement)
             return false;
-        if (token == QXmlStreamSetupReader::Characters && !checkText())
+        if (token == QXmlStreamReader::Characters && !checkText())
             return false;
     }
     refuseMalformed();
@@ -243,8 +243,8 @@ bool SetupReader::readField(const SetupField &field, int index, FieldValues &val
 bool SetupReader::readText(QString &text)
 {
     const QString name = m_xml.name().toString();
-    text = m_xml.readElementText(QXmlStreamSetupReader::ErrorOnUnexpectedElement);
-    if (m_xml.error() == QXmlStreamSetupReader::UnexpectedElementError)
+    text = m_xml.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
+    if (m_xml.error() == QXmlStreamReader::UnexpectedElementError)
         return refuse(tr("<%1> holds an element; it takes a plain value.").arg(name));
     return !m_xml.hasError() || refuseMalformed();
 }

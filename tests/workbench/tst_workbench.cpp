@@ -268,7 +268,7 @@ void tst_Workbench::refusesFile()
         {"too large in its unit", "\"mm\">150</length", "\"m\">150</length", "length", "150 m in"},
         {"empty value", ">0.144<", "> <", "<friction", "<friction> has no value"},
         {"empty name", "Mild steel<", "<", "<name", "<name> has no value"},
-        {"value missing", "<friction>0.144</friction>", "", "</processSetup>", "<friction> is missing"},
+        {"value missing", "<prestrain>0.007117</prestrain>", "", "</processSetup>", "<prestrain> is missing"},
         {"value twice", "<friction>", "<friction>0.1</friction>\n<friction>", "<friction>0.144", "twice"},
         {"group twice", "</tools>", "</tools>\n<tools/>", "<tools/>", "twice"},
         {"element in a value", ">0.144<", "><b>1</b><", "<friction", "holds an element"},
