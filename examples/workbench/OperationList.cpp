@@ -2,6 +2,7 @@
 #include "OperationList.h"
 
 #include "OperationPage.h"
+#include "StepHeader.h"
 
 #include <BVContainerListControl.h>
 #include <BVControlledStackItem.h>
@@ -156,7 +157,7 @@ void OperationList::onRenamed(BVControlledStackItem *item)
         return;
     const QString name = FieldValues::storableText(item->getText());
     if (name.isEmpty()) {
-        item->setText(pageOf(item)->title());
+        item->setText(pageOf(item)->header()->title());
         return;
     }
     item->setText(name);

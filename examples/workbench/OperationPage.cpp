@@ -4,6 +4,7 @@
 #include "FieldGroup.h"
 #include "OperationKinds.h"
 #include "SetupFields.h"
+#include "StepHeader.h"
 
 #include <BVInfoArea.h>
 
@@ -11,7 +12,7 @@ namespace {
 
 FieldGroup *createGroup(const OperationKind &kind)
 {
-    return new FieldGroup(SetupFields::translated(kind.name), kind.fields, 0);
+    return new FieldGroup(OperationPage::tr("&Parameters"), kind.fields, 0);
 }
 
 } // namespace
@@ -41,7 +42,7 @@ OperationSetup OperationPage::operation() const
 void OperationPage::setName(const QString &name)
 {
     m_operation.name = name;
-    setTitle(name);
+    header()->setTitle(name);
 }
 
 void OperationPage::setSkipped(bool skip)

@@ -16,9 +16,9 @@ constexpr SetupField::Kind Text = SetupField::Text;
 
 // clang-format off
 const std::vector<SetupGroup> s_groups = {
-    {"blank",    TEXT("&Blank")},
-    {"material", TEXT("&Material")},
-    {"tools",    TEXT("&Tools")},
+    {"blank",    TEXT("&Dimensions")},
+    {"material", TEXT("&Properties")},
+    {"tools",    TEXT("&Geometry and friction")},
     {"press",    TEXT("&Press")},
 };
 

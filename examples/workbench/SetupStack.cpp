@@ -8,6 +8,7 @@
 #include "OperationPage.h"
 #include "SetupFields.h"
 #include "StartPage.h"
+#include "StepHeader.h"
 
 #include <BVControlledStackItem.h>
 #include <BVControlledStackWidget.h>
@@ -19,6 +20,7 @@
 
 #include <QHBoxLayout>
 #include <QSplitter>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -27,6 +29,7 @@ namespace {
 constexpr int s_navigationWidth = 190;        // px, at first
 constexpr int s_minimumNavigationWidth = 150; // px
 constexpr int s_pagesWidth = 850;             // px, beside a navigation of the width above
+constexpr int s_startPageWidth = 600;         // px, at most
 constexpr int s_noThreshold = -1;             // the start page is shown when the program says so
 
 struct Step
@@ -117,9 +120,26 @@ void SetupStack::createOperations()
     connect(m_operations, &OperationList::changed, this, &SetupStack::changed);
     m_startPage = new StartPage(this, [this] { return nextEntryPosition(); });
     connect(m_startPage, &StartPage::operationChosen, this, &SetupStack::addOperation);
-    m_stack->setStartPage(m_startPage, s_noThreshold);
+    m_stack->setStartPage(createStartHolder(), s_noThreshold);
     m_stack->showStartPage(false);
     new NavigationMenu(m_controller, m_operations, m_startPage->kindActions());
+}
+
+/// The start page below a header like those of the other pages.
+QWidget *SetupStack::createStartHolder()
+{
+    auto *holder = new QWidget(this);
+    auto *header = new StepHeader(holder);
+    header->setTitle(tr("Operations"));
+    header->setHint(tr("Choose what is done to the blank. Drag operations into order in the "
+                       "navigation, and uncheck those that are to be skipped."));
+    m_startPage->setMaximumWidth(s_startPageWidth);
+    auto *layout = new QVBoxLayout(holder);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(header);
+    layout->addWidget(m_startPage, 1);
+    return holder;
 }
 
 /// The user arranges operations only.
@@ -204,8 +224,8 @@ ProcessSetup SetupStack::setup() const
 
 void SetupStack::setHeading(const QString &title, const QString &source)
 {
-    m_steps.front()->setTitle(title);
-    m_steps.front()->setHint(source);
+    m_steps.front()->header()->setTitle(title);
+    m_steps.front()->header()->setHint(source);
 }
 
 void SetupStack::acceptAsReference()

@@ -75,6 +75,7 @@ private:
     void createNavigation();
     void createSteps();
     void createOperations();
+    QWidget *createStartHolder();
     BVControlledStackItem *addEntry(QWidget *page, const QString &text);
     void addOperation(int kind);
     QPoint nextEntryPosition() const;

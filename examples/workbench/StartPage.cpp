@@ -14,7 +14,7 @@ constexpr int s_flightTime = 600; // ms
 } // namespace
 
 StartPage::StartPage(QWidget *sky, const std::function<QPoint()> &target, QWidget *parent)
-    : BVStackStartPage(parent, sky, true)
+    : BVStackStartPage(parent, sky)
 {
     addTitleText(tr("Add an operation"));
     for (size_t i = 0; i < OperationKinds::kinds().size(); ++i) {

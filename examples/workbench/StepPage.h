@@ -3,9 +3,9 @@
 
 #include <QWidget>
 
-class BVLabel;
 class FieldGroup;
 class QVBoxLayout;
+class StepHeader;
 
 /// A page of the set-up: a title, what the step is about, and a group of fields, whose status the
 /// page carries. A page that is too low scrolls.
@@ -18,10 +18,7 @@ public:
     StepPage(const QString &title, const QString &hint, FieldGroup *group,
              QWidget *parent = nullptr);
 
-    void setTitle(const QString &title);
-    /// An empty text leaves no room.
-    void setHint(const QString &hint);
-    QString title() const;
+    StepHeader *header() const { return m_header; }
     FieldGroup *group() const { return m_group; }
 
 protected:
@@ -29,11 +26,9 @@ protected:
     void insertAboveGroup(QWidget *widget);
 
 private:
-    QWidget *createHeader();
     QWidget *createContent();
 
-    BVLabel *m_title;
-    BVLabel *m_hint;
+    StepHeader *m_header;
     FieldGroup *m_group;
     QVBoxLayout *m_content = nullptr;
 };

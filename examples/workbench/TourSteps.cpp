@@ -6,6 +6,7 @@
 #include "OperationPage.h"
 #include "SetupStack.h"
 #include "StartPage.h"
+#include "StepHeader.h"
 #include "Tour.h"
 #include "TourHands.h"
 #include "WorkbenchWindow.h"
@@ -114,7 +115,7 @@ bool Tour::arrangeOperations()
     entry(m_window, 2)->setCurrent();
     sendKey(tree, Qt::Key_Space, QStringLiteral(" "));
     settle();
-    return expect(operation(m_window, 1)->title() == QStringLiteral("Trim"),
+    return expect(operation(m_window, 1)->header()->title() == QStringLiteral("Trim"),
                   QStringLiteral("the operation has been moved up")) &&
            expect(operation(m_window, 2)->operation().isSkipped,
                   QStringLiteral("the operation is skipped")) &&

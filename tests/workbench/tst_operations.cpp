@@ -7,6 +7,7 @@
 #include "SetupFile.h"
 #include "SetupStack.h"
 #include "StartPage.h"
+#include "StepHeader.h"
 #include "TestSupport.h"
 #include "WorkbenchSettings.h"
 #include "WorkbenchWindow.h"
@@ -161,7 +162,7 @@ void tst_Operations::operationsAreArranged()
     for (const auto &[typed, name] : {std::pair("  After the press ", "After the press"), std::pair(" ", "After the press")}) {
         bench.entry(0)->treeItem()->setText(0, QString::fromLatin1(typed));
         QCOMPARE(bench.entry(0)->getText(), QString::fromLatin1(name));
-        QCOMPARE(bench.page(0)->title(), QString::fromLatin1(name));
+        QCOMPARE(bench.page(0)->header()->title(), QString::fromLatin1(name));
     }
     bench.form->operations()->remove(bench.entry(1));
     QCOMPARE(bench.names(), QStringList({"After the press", "Trim"}));
