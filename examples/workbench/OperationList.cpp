@@ -135,10 +135,10 @@ QPoint OperationList::nextPosition() const
 {
     const auto *tree = m_group->stackWidget()->tree();
     const int count = m_group->itemCount();
-    const QTreeWidgetItem *row = count ? m_group->itemAt(count - 1)->treeItem()
-                                       : m_group->treeItem();
+    const QTreeWidgetItem *row =
+        count ? m_group->itemAt(count - 1)->treeItem() : m_group->treeItem();
     const QRect rect = tree->visualItemRect(row);
-    const int indent = count ? 0 : tree->indentation();
+    const int indent = count ? 0 : 2 * tree->indentation(); // the group gets a mark to close it
     const int bottom = rect.bottom() + rect.height() / 2;
     return QPoint(rect.left() + indent, std::min(bottom, tree->viewport()->height()));
 }

@@ -155,7 +155,8 @@ bool SetupReader::readGroup(int group)
         const int field = SetupFields::findField(group, name);
         if (field < 0)
             return refuse(tr("<%1> is not known in <%2>.").arg(name, groupName));
-        if (!takeOnce(groupName + QLatin1Char('/') + name) || !readField(SetupFields::field(field), field, m_setup))
+        if (!takeOnce(groupName + QLatin1Char('/') + name) ||
+            !readField(SetupFields::field(field), field, m_setup))
             return false;
     }
     return m_reason.isEmpty();
@@ -185,8 +186,7 @@ bool SetupReader::readOperation()
     if (kind < 0)
         return refuse(tr("There is no kind of operation \"%1\".").arg(key));
     OperationSetup operation(kind);
-    operation.name =
-        FieldValues::storableText(attributes.value(s_nameAttribute).toString());
+    operation.name = FieldValues::storableText(attributes.value(s_nameAttribute).toString());
     if (operation.name.isEmpty())
         return refuse(tr("The operation has no name."));
     if (!readSkipped(operation) || !readOperationFields(operation) || !checkComplete(operation))
@@ -211,8 +211,7 @@ bool SetupReader::readOperationFields(OperationSetup &operation)
         const int field = OperationKinds::findField(operation.kind, name);
         if (field < 0)
             return refuse(tr("<%1> is not known in <%2>.").arg(name, s_operationElement));
-        const SetupField &definition =
-            OperationKinds::kind(operation.kind).fields[size_t(field)];
+        const SetupField &definition = OperationKinds::kind(operation.kind).fields[size_t(field)];
         if (!takeOnce(path + name) || !readField(definition, field, operation.values))
             return false;
     }
@@ -250,7 +249,7 @@ bool SetupReader::readText(QString &text)
 }
 
 bool SetupReader::takeNumber(const SetupField &field, const QString &text, const QString &unit,
-                        double &value)
+                             double &value)
 {
     bool ok = false;
     value = text.toDouble(&ok);

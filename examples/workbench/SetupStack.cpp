@@ -10,9 +10,9 @@
 #include "StartPage.h"
 #include "StepHeader.h"
 
+#include <BVContainerListControl.h>
 #include <BVControlledStackItem.h>
 #include <BVControlledStackWidget.h>
-#include <BVContainerListControl.h>
 #include <BVDragTreeWidget.h>
 #include <BVStackControllerWidget.h>
 #include <BVStatusBatch.h>
@@ -88,8 +88,9 @@ void SetupStack::createNavigation()
     m_controller->listControl()->setDragAndDropEnabled(true);
     m_stack->updateMargins(true, true);
     m_stack->setCheckableItems(BVControlledStackWidget::KeepCheckableFlags);
-    connect(m_stack, QOverload<BVControlledStackItem *, BVControlledStackItem *>::of(
-                         &BVControlledStackWidget::currentChanged),
+    connect(m_stack,
+            QOverload<BVControlledStackItem *, BVControlledStackItem *>::of(
+                &BVControlledStackWidget::currentChanged),
             this, &SetupStack::onCurrentChanged);
 }
 
@@ -98,8 +99,7 @@ void SetupStack::createSteps()
     for (const Step &step : s_steps) {
         const int index = SetupFields::findGroup(QLatin1String(step.group));
         const char *title = SetupFields::groups()[size_t(index)].title;
-        auto *group =
-            new FieldGroup(SetupFields::translated(title), SetupFields::fields(), index);
+        auto *group = new FieldGroup(SetupFields::translated(title), SetupFields::fields(), index);
         m_groups[size_t(index)] = group;
         for (FieldEditor *editor : group->editors())
             m_editors[size_t(editor->index())] = editor;

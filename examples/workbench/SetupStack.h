@@ -19,8 +19,8 @@ class QAction;
 class StartPage;
 class StepPage;
 
-/// The steps of a process set-up: a navigation beside the pages of the stack that it controls. There
-/// is a page for each group of SetupFields, one for each operation, and what the window adds.
+/// The steps of a process set-up: a navigation beside the pages of the stack that it controls.
+/// There is a page for each group of SetupFields, one for each operation, and what the window adds.
 ///
 /// The stack shows the start page while the group of the operations is current. The widget carries
 /// the combined status of all pages.

@@ -232,11 +232,12 @@ bool Tour::turnWheel()
     settle();
     if (!expectText(friction, QStringLiteral("0.162")))
         return false;
+    activate(&m_window);
     friction->edit()->setFocus(Qt::TabFocusReason);
     turnWheelOver(friction->edit(), 1);
     settle();
     sendKey(friction->edit(), Qt::Key_Up);
-    settle();
+    becomes([friction] { return friction->text() == QStringLiteral("0.182"); });
     return expectText(friction, QStringLiteral("0.182")) &&
            write(QStringLiteral("spin_box"), withToolTip(&m_window, friction->edit()));
 }

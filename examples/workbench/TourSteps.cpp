@@ -138,10 +138,9 @@ bool Tour::filterEntries()
     QToolButton *button = needInputButton(m_window.form()->controller());
     button->setChecked(true);
     settle();
-    const bool isWritten =
-        expect(entry(m_window, 0)->treeItem()->isHidden(),
-               QStringLiteral("entries that need no input are out of sight")) &&
-        picture(QStringLiteral("navigation_filtered"));
+    const bool isWritten = expect(entry(m_window, 0)->treeItem()->isHidden(),
+                                  QStringLiteral("entries that need no input are out of sight")) &&
+                           picture(QStringLiteral("navigation_filtered"));
     button->setChecked(false);
     return isWritten;
 }

@@ -51,10 +51,7 @@ struct Bench
             names << operation.name;
         return names;
     }
-    QAction *action(const char *kind)
-    {
-        return form->startPage()->kindActions().value(OperationKinds::find(QLatin1String(kind)));
-    }
+    QAction *action(const char *kind) { return form->startPage()->kindActions().value(OperationKinds::find(QLatin1String(kind))); }
     void type(int page, size_t index, const QString &text)
     {
         FieldEditor *editor = field(page, index);

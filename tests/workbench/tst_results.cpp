@@ -3,7 +3,7 @@
 #include "ResultsDelegate.h"
 #include "ResultsModel.h"
 #include "ResultsPage.h"
-#include "SetupForm.h"
+#include "SetupStack.h"
 #include "TestSupport.h"
 #include "WorkbenchWindow.h"
 
