@@ -75,7 +75,12 @@ SetupStack::SetupStack(QWidget *parent)
     m_stack->setCurrentIndex(0);
 }
 
-SetupStack::~SetupStack() = default;
+/// Fields that are hidden next may still take a text over.
+SetupStack::~SetupStack()
+{
+    blockSignals(true);
+    m_stack->disconnect(this);
+}
 
 void SetupStack::createNavigation()
 {
