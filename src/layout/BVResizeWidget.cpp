@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "layout/BVResizeWidget.h"
 
+#include "foundation/BVCursorTable.h"
 #include "layout/BVGripGeometry_p.h"
 #include "layout/BVResizeWidgetAccessible_p.h"
 
@@ -21,21 +22,22 @@ constexpr int s_keyStep = 10;  // px
 struct Kind
 {
     BVGripGeometry::Grip grip;
-    Qt::CursorShape cursor;
+    BVCursorTable::Cursor cursor;
 };
 
+using Cursor = BVCursorTable::Cursor;
 constexpr Qt::Edges s_noEdges;
 
 // By type.
 const Kind s_kinds[] = {
-    {{Qt::LeftEdge, Qt::LeftEdge}, Qt::SizeHorCursor},
-    {{Qt::LeftEdge | Qt::TopEdge, Qt::LeftEdge | Qt::TopEdge}, Qt::SizeFDiagCursor},
-    {{Qt::TopEdge, Qt::TopEdge}, Qt::SizeVerCursor},
-    {{Qt::TopEdge | Qt::RightEdge, s_noEdges}, Qt::SizeBDiagCursor},
-    {{Qt::RightEdge, s_noEdges}, Qt::SizeHorCursor},
-    {{Qt::RightEdge | Qt::BottomEdge, s_noEdges}, Qt::SizeFDiagCursor},
-    {{Qt::BottomEdge, s_noEdges}, Qt::SizeVerCursor},
-    {{Qt::BottomEdge | Qt::LeftEdge, Qt::LeftEdge}, Qt::SizeBDiagCursor},
+    {{Qt::LeftEdge, Qt::LeftEdge}, Cursor::ResizeHorizontal},
+    {{Qt::LeftEdge | Qt::TopEdge, Qt::LeftEdge | Qt::TopEdge}, Cursor::ResizeFalling},
+    {{Qt::TopEdge, Qt::TopEdge}, Cursor::ResizeVertical},
+    {{Qt::TopEdge | Qt::RightEdge, s_noEdges}, Cursor::ResizeRising},
+    {{Qt::RightEdge, s_noEdges}, Cursor::ResizeHorizontal},
+    {{Qt::RightEdge | Qt::BottomEdge, s_noEdges}, Cursor::ResizeFalling},
+    {{Qt::BottomEdge, s_noEdges}, Cursor::ResizeVertical},
+    {{Qt::BottomEdge | Qt::LeftEdge, Qt::LeftEdge}, Cursor::ResizeRising},
 };
 constexpr int s_kindCount = sizeof(s_kinds) / sizeof(*s_kinds);
 
@@ -98,7 +100,7 @@ void BVResizeWidget::setResizeType(ResizeType type)
     m_isDragging = m_isDragging && type == m_resizeType;
     m_resizeType = type;
     const Kind &kind = s_kinds[type];
-    setCursor(kind.cursor);
+    setCursor(BVCursorTable::cursor(kind.cursor));
     setSizePolicy(kind.grip.edges & s_sides ? QSizePolicy::Fixed : QSizePolicy::Expanding,
                   kind.grip.edges & s_ends ? QSizePolicy::Fixed : QSizePolicy::Expanding);
     updateGeometry();

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include "layout/ResizableScrollArea.h"
+
+#include "layout/BVPanelGeometry_p.h"
+
+#include <QLayout>
+
+#include <utility>
+
+namespace {
+
+using Handle = BVResizableWidgetHandle;
+
+/// The first size, in the directions where it is none the second.
+QSize orElse(const QSize &size, const QSize &other)
+{
+    return QSize(size.width() < 0 ? other.width() : size.width(),
+                 size.height() < 0 ? other.height() : size.height());
+}
+
+bool isInLayout(const QWidget *widget)
+{
+    const QWidget *parent = widget->parentWidget();
+    return parent && parent->layout();
+}
+
+} // namespace
+
+ResizableScrollArea::ResizableScrollArea(QWidget *parent)
+    : QScrollArea(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    useResizeHandle(true);
+}
+
+ResizableScrollArea::~ResizableScrollArea() = default;
+
+bool ResizableScrollArea::hasResizeHandle() const
+{
+    return m_handle;
+}
+
+void ResizableScrollArea::useResizeHandle(bool on)
+{
+    if (on == hasResizeHandle())
+        return;
+    if (on) {
+        m_handle = new Handle(m_position, this);
+        connect(m_handle, &Handle::sigMoveStarted, this, &ResizableScrollArea::onMoveStarted);
+        connect(m_handle, &Handle::sigMoveAbout, this, &ResizableScrollArea::onMoveAbout);
+        connect(m_handle, &Handle::sigMoveCanceled, this, [this] { takeOn(m_userSizeAtPress); });
+        connect(m_handle, &Handle::sigToggleRequested, this,
+                &ResizableScrollArea::onToggleRequested);
+        m_handle->setVisible(true);
+    } else {
+        m_handle->hide();
+        m_handle->deleteLater(); // it may be what asks for this
+        m_handle = nullptr;
+    }
+    updatePlace();
+}
+
+BVResizableWidgetHandle *ResizableScrollArea::resizeHandle() const
+{
+    return m_handle;
+}
+
+void ResizableScrollArea::setHandlePosition(Handle::Position position)
+{
+    if (!BVPanelGeometry::isPosition(position) || position == m_position)
+        return;
+    m_position = position;
+    if (m_handle)
+        m_handle->setPosition(position);
+    updatePlace();
+}
+
+void ResizableScrollArea::setUserSize(const QSize &size)
+{
+    const QSize smallest = minimumSizeHint().expandedTo(minimumSize());
+    const QSize largest = contentSize().expandedTo(smallest).boundedTo(maximumSize());
+    const QSize target = size.expandedTo(smallest).boundedTo(largest);
+    takeOn(QSize(size.width() < 0 ? -1 : target.width(), size.height() < 0 ? -1 : target.height()));
+}
+
+void ResizableScrollArea::unsetUserSize()
+{
+    takeOn(QSize());
+}
+
+QSize ResizableScrollArea::contentSize() const
+{
+    const QSize frame = size() - contentsRect().size();
+    if (!widget())
+        return frame;
+    QSize content = widget()->sizeHint();
+    if (widget()->hasHeightForWidth())
+        content.setHeight(widget()->heightForWidth(contentsRect().width()));
+    return content + frame;
+}
+
+QSize ResizableScrollArea::sizeHint() const
+{
+    return orElse(m_userSize, QScrollArea::sizeHint() + size() - contentsRect().size());
+}
+
+void ResizableScrollArea::resizeAbout(const QSize &growth)
+{
+    resizeAlongHandle(size() + BVPanelGeometry::alongHandle(m_position, growth));
+}
+
+void ResizableScrollArea::onMoveStarted()
+{
+    m_userSizeAtPress = m_userSize;
+    m_wanted = size();
+}
+
+void ResizableScrollArea::onMoveAbout(const QSize &growth)
+{
+    m_wanted += BVPanelGeometry::alongHandle(m_position, growth);
+    resizeAlongHandle(m_wanted);
+}
+
+void ResizableScrollArea::onToggleRequested()
+{
+    const QSize content = contentSize().boundedTo(maximumSize());
+    const BVPanelGeometry::HandlePlace &place = BVPanelGeometry::handlePlace(m_position);
+    const bool isFull = (!place.dragsWidth || width() >= content.width()) &&
+                        (!place.dragsHeight || height() >= content.height());
+    if (isFull)
+        unsetUserSize();
+    else
+        resizeAlongHandle(content);
+}
+
+/// The size in the directions of the handle; the others stay.
+void ResizableScrollArea::resizeAlongHandle(const QSize &size)
+{
+    const BVPanelGeometry::HandlePlace &place = BVPanelGeometry::handlePlace(m_position);
+    setUserSize(QSize(place.dragsWidth ? qMax(0, size.width()) : m_userSize.width(),
+                      place.dragsHeight ? qMax(0, size.height()) : m_userSize.height()));
+}
+
+void ResizableScrollArea::takeOn(const QSize &userSize)
+{
+    if (userSize == m_userSize)
+        return;
+    const QSize former = std::exchange(m_userSize, userSize);
+    updateGeometry();
+    if (isInLayout(this)) {
+        parentWidget()->layout()->activate(); // the next step of a drag begins at the true size
+    } else {
+        const QSize usual(former.width() < 0 ? width() : sizeHint().width(),
+                          former.height() < 0 ? height() : sizeHint().height());
+        const BVPanelGeometry::HandlePlace &place = BVPanelGeometry::handlePlace(m_position);
+        setGeometry(BVPanelGeometry::resized(geometry(), orElse(userSize, usual),
+                                             place.widthSign < 0, place.heightSign < 0));
+    }
+    Q_EMIT sigUserSizeChanged(userSize);
+}
+
+/// Leaves the handle a strip of its own, beside the scroll bars.
+void ResizableScrollArea::updatePlace()
+{
+    const BVPanelGeometry::HandlePlace &place = BVPanelGeometry::handlePlace(m_position);
+    const int across = m_handle && !place.dragsHeight ? Handle::s_thickness : 0;
+    const int along = m_handle && place.dragsHeight ? Handle::s_thickness : 0;
+    setContentsMargins(place.widthSign < 0 ? across : 0, place.heightSign < 0 ? along : 0,
+                       place.widthSign < 0 ? 0 : across, place.heightSign < 0 ? 0 : along);
+    setSizePolicy(m_handle && place.dragsWidth ? QSizePolicy::Maximum : QSizePolicy::Expanding,
+                  m_handle && place.dragsHeight ? QSizePolicy::Maximum : QSizePolicy::Expanding);
+}
