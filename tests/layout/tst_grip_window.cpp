@@ -11,6 +11,8 @@
 
 constexpr int s_minimum = 200; // px, for both directions
 
+Q_DECLARE_METATYPE(QMargins)
+
 /// A main window without a frame that the pointer resizes by its grips.
 class tst_GripWindow : public QObject
 {
