@@ -149,7 +149,6 @@ protected:
     void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     enum HandleKind { Vertical, Horizontal, Diagonal, HandleCount };
@@ -171,7 +170,10 @@ private:
     QSize containerSize() const;
     QRect currentRect() const;
     QSize limitedSize(const QRect &rect, const QSize &wanted) const;
-    void resizeFloating(const QSize &size);
+    QSize enlargedSize(const QRect &rect) const;
+    QRect availableArea() const;
+    void moveTo(const QRect &target);
+    void returnToPlace();
     bool makeFreeFloating();
     void restoreFromFreeFloating();
     void onAnimationFinished(bool returning);
@@ -188,6 +190,8 @@ private:
     QByteArray m_pendingState; // applied when the panel is shown
     QRect m_rectAtPress;       // in the window's coordinates
     QSize m_wantedSize;        // what the drag asks for, within the window or not
+    QRect m_lastRect;          // what the enlarged size goes back to, in the window's coordinates
+    bool m_isFirstMove = true; // of the drag
     bool m_floatedAtPress = false;
     bool m_enlargedAtPress = false;
     HorizontalPosition m_horizontalAnchor = AnchorLeft;

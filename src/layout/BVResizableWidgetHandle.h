@@ -86,6 +86,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     bool event(QEvent *event) override;
@@ -93,6 +94,10 @@ protected:
 
     /// Whether a press has been dragged since it began.
     bool hasMoved() const;
+    /// Goes to the place at the edge of a parent without a layout.
+    void placeAtParent();
+    /// Paints what shows that the handle can be dragged.
+    virtual void paintGrip(QPainter *painter, const QColor &color);
 
 private:
     void press(const QPoint &global);
@@ -101,12 +106,14 @@ private:
     void endPress();
     bool splitterEvent(QEvent *event);
     bool escapeEvent(QEvent *event);
+    void takePosition();
+    void watchParent();
     void watchSplitter();
-    void placeAtParent();
 
     Position m_position;
     bool m_pressing = false;
     bool m_moved = false;             // since the press
+    bool m_showsFocus = false;        // the keyboard is in use
     bool m_pressedOnSplitter = false; // the moves of this press reach the splitter
     QPoint m_lastGlobal;
     QPointer<QObject> m_splitter;

@@ -37,11 +37,11 @@ public Q_SLOTS:
 protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
+    void paintGrip(QPainter *painter, const QColor &color) override;
     void changeEvent(QEvent *event) override;
 
 private:
-    bool isSideways() const;
+    void takeThickness();
     void updateText();
 
     QString m_text;

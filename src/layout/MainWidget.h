@@ -53,11 +53,13 @@ protected:
 
 private:
     void keepInWindow();
-    void raiseWithShadow();
+    void raiseAbove(const QObject *sibling);
+    void leaveWith(const QObject *child);
     void updateShadow();
 
     QPropertyAnimation *m_animation;  // child of this
     QPointer<BVPanelShadow> m_shadow; // child of the window
     QPointer<QWidget> m_content;
+    const QObject *m_contentObject = nullptr; // only compared
     bool m_returning = false;
 };
