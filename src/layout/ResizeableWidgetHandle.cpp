@@ -63,10 +63,13 @@ ResizeableWidgetHandle::ResizeableWidgetHandle(QWidget *widget, Position positio
 ResizeableWidgetHandle::~ResizeableWidgetHandle()
 {
     disconnect();
-    if (m_float && m_widget) // else the widget is going, and its place with it
-        m_float->comeBack();
-    else if (!m_float)
-        deregisterFromMainWindow();
+    deregisterFromMainWindow();
+    // A widget that is going itself has taken its children from their list, and its place goes too.
+    if (!isFloating() || !m_widget || !m_widget->children().contains(this))
+        return;
+    delete m_placeHolder;
+    m_float->comeBack();
+    postClosed();
 }
 
 QWidget *ResizeableWidgetHandle::getResizableWidget()
