@@ -134,14 +134,17 @@ BVPanelFloat::BVPanelFloat(QWidget *panel, QWidget *window)
     : m_panel(panel)
     , m_mainWidget(new MainWidget(window))
 {
+    // A pointer that clears itself does so only when all children of the widget are gone.
+    connect(m_mainWidget, &QObject::destroyed, this, [this] { m_mainWidget = nullptr; });
 }
 
 BVPanelFloat::~BVPanelFloat()
 {
     unwatchAll();
-    if (m_place)
+    if (m_place) {
         m_place->disconnect(this);
-    delete m_place;
+        delete m_place;
+    }
     if (m_mainWidget) { // it cannot go at once, since the panel in it may be going
         m_mainWidget->hide();
         m_mainWidget->deleteLater();
@@ -153,7 +156,7 @@ void BVPanelFloat::comeBack()
     const FocusKeeper focus(m_panel);
     unwatchAll();
     m_place->disconnect(this);
-    const std::unique_ptr<QWidget> place(m_place);
+    const std::unique_ptr<QWidget> place(std::exchange(m_place, nullptr));
     const bool isHidden = place->isHidden();
     QWidget *parent = place->parentWidget();
     m_mainWidget->hide();
@@ -231,5 +234,6 @@ void BVPanelFloat::syncWithPlace()
 
 void BVPanelFloat::onPlaceDestroyed()
 {
+    m_place = nullptr;
     delete m_mainWidget; // and so the panel and this
 }

@@ -50,7 +50,7 @@ private:
     void syncWithPlace();
 
     QWidget *m_panel;
-    QPointer<QWidget> m_place;
-    QPointer<MainWidget> m_mainWidget;
+    QWidget *m_place = nullptr; // null once it is being deleted
+    MainWidget *m_mainWidget;   // likewise
     QVector<QPointer<QObject>> m_watched;
 };

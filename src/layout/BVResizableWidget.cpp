@@ -395,8 +395,8 @@ void BVResizableWidget::onResizeAbout(QSize delta, bool initial)
 
 void BVResizableWidget::onResize(QSize size, QPoint relativePosition)
 {
-    const QSize container = containerSize();
-    if (size.isNull() || !isLarger(size, container))
+    size = size.boundedTo(maximumSize());
+    if (size.isNull() || !isLarger(size, containerSize()))
         return;
     if (m_handles[Horizontal] && m_horizontalAnchor == AnchorRight && lastSize().isValid())
         size.rwidth() += width() - lastSize().width();
@@ -413,7 +413,7 @@ QSize BVResizableWidget::limitedSize(const QRect &rect, const QSize &wanted) con
 {
     const QSize room = BVPanelGeometry::roomFor(availableArea(), rect, keepsRight(), keepsBottom());
     const QSize place = m_float ? m_float->placeRect().size() : rect.size();
-    return wanted.boundedTo(room).expandedTo(place);
+    return wanted.boundedTo(room).boundedTo(maximumSize()).expandedTo(place);
 }
 
 QRect BVResizableWidget::currentRect() const

@@ -21,8 +21,9 @@ class QGridLayout;
 /// When a drag asks for more room than the panel has, the panel leaves its layout, where a place
 /// holder keeps its place, and floats over its main window: the nearest QMainWindow around it, or
 /// its top-most widget. A drag is limited to the window; it never makes the panel smaller than its
-/// place, and a panel dragged back to that size returns when the handle is let go. It floats only
-/// from a layout or splitter that can hold its place, or from a parent without a layout.
+/// place, and a panel dragged back to that size returns when the handle is let go. It
+/// floats from where its place can be kept: a splitter, a stack, the toolkit's other layouts or a
+/// parent without one; not from a scroll area or the middle of a main window.
 ///
 /// While it floats it is visible and enabled as its place is, and it belongs to whatever owns that
 /// place: when the form is deleted, the panel is too.

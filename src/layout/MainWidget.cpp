@@ -7,7 +7,6 @@
 #include <QChildEvent>
 #include <QPropertyAnimation>
 #include <QStyle>
-#include <QVBoxLayout>
 
 MainWidget::MainWidget(QWidget *window)
     : QWidget(window)
@@ -16,8 +15,6 @@ MainWidget::MainWidget(QWidget *window)
 {
     setAttribute(Qt::WA_StyledBackground);
     setAutoFillBackground(true);
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
     m_animation->setEasingCurve(QEasingCurve::OutCubic);
     connect(m_animation, &QPropertyAnimation::finished, this, &MainWidget::onAnimationFinished);
     window->installEventFilter(this);
@@ -33,7 +30,8 @@ void MainWidget::setContent(QWidget *content)
 {
     m_content = content;
     m_contentObject = content;
-    layout()->addWidget(content);
+    content->setParent(this);
+    content->setGeometry(rect());
     content->show();
 }
 
@@ -84,8 +82,12 @@ bool MainWidget::event(QEvent *event)
 {
     const bool result = QWidget::event(event);
     switch (event->type()) {
-    case QEvent::Move:
     case QEvent::Resize:
+        if (m_content)
+            m_content->setGeometry(rect()); // whatever its size policy is
+        updateShadow();
+        break;
+    case QEvent::Move:
     case QEvent::ShowToParent:
     case QEvent::HideToParent:
     case QEvent::ZOrderChange:

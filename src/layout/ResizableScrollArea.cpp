@@ -3,13 +3,36 @@
 
 #include "layout/BVPanelGeometry_p.h"
 
+#include <QEvent>
 #include <QLayout>
 
+#include <functional>
 #include <utility>
 
 namespace {
 
 using Handle = BVResizableWidgetHandle;
+
+/// Stands between the viewport and a scroll bar, where the area places it.
+class AreaHandle : public Handle
+{
+public:
+    AreaHandle(Position position, QWidget *area, std::function<void()> place)
+        : Handle(position, area)
+        , m_place(std::move(place))
+    {
+    }
+
+protected:
+    void showEvent(QShowEvent *event) override
+    {
+        Handle::showEvent(event);
+        m_place();
+    }
+
+private:
+    std::function<void()> m_place;
+};
 
 /// The first size, in the directions where it is none the second.
 QSize orElse(const QSize &size, const QSize &other)
@@ -31,10 +54,21 @@ ResizableScrollArea::ResizableScrollArea(QWidget *parent)
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
+    viewport()->setAutoFillBackground(false);
     useResizeHandle(true);
 }
 
 ResizableScrollArea::~ResizableScrollArea() = default;
+
+void ResizableScrollArea::setWidget(QWidget *widget)
+{
+    if (!widget)
+        return;
+    const bool fills = widget->autoFillBackground();
+    QScrollArea::setWidget(widget);
+    widget->setAutoFillBackground(
+        fills); // the toolkit would hide the surface that the area lies on
+}
 
 bool ResizableScrollArea::hasResizeHandle() const
 {
@@ -46,7 +80,7 @@ void ResizableScrollArea::useResizeHandle(bool on)
     if (on == hasResizeHandle())
         return;
     if (on) {
-        m_handle = new Handle(m_position, this);
+        m_handle = new AreaHandle(m_position, this, [this] { placeHandle(); });
         connect(m_handle, &Handle::sigMoveStarted, this, &ResizableScrollArea::onMoveStarted);
         connect(m_handle, &Handle::sigMoveAbout, this, &ResizableScrollArea::onMoveAbout);
         connect(m_handle, &Handle::sigMoveCanceled, this, [this] { takeOn(m_userSizeAtPress); });
@@ -91,18 +125,39 @@ void ResizableScrollArea::unsetUserSize()
 
 QSize ResizableScrollArea::contentSize() const
 {
-    const QSize frame = size() - contentsRect().size();
-    if (!widget())
-        return frame;
-    QSize content = widget()->sizeHint();
-    if (widget()->hasHeightForWidth())
+    QSize content = widget() ? widget()->sizeHint() : QSize(0, 0);
+    if (widget() && widget()->hasHeightForWidth())
         content.setHeight(widget()->heightForWidth(contentsRect().width()));
-    return content + frame;
+    return content + edges();
 }
 
 QSize ResizableScrollArea::sizeHint() const
 {
-    return orElse(m_userSize, QScrollArea::sizeHint() + size() - contentsRect().size());
+    const QMargins margins = viewportMargins();
+    return orElse(m_userSize, QScrollArea::sizeHint() + QSize(margins.left() + margins.right(),
+                                                              margins.top() + margins.bottom()));
+}
+
+/// What stands around the viewport and the scroll bars.
+QSize ResizableScrollArea::edges() const
+{
+    const QMargins margins = viewportMargins();
+    return size() - contentsRect().size() +
+           QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+}
+
+bool ResizableScrollArea::event(QEvent *event)
+{
+    const bool isHandled = QScrollArea::event(event);
+    if (event->type() == QEvent::Resize)
+        placeHandle();
+    return isHandled;
+}
+
+void ResizableScrollArea::resizeEvent(QResizeEvent *event)
+{
+    QScrollArea::resizeEvent(event); // of the viewport, also when a scroll bar comes or goes
+    placeHandle();
 }
 
 void ResizableScrollArea::resizeAbout(const QSize &growth)
@@ -160,14 +215,24 @@ void ResizableScrollArea::takeOn(const QSize &userSize)
     Q_EMIT sigUserSizeChanged(userSize);
 }
 
-/// Leaves the handle a strip of its own, beside the scroll bars.
+/// Leaves the handle a strip of its own.
 void ResizableScrollArea::updatePlace()
 {
     const BVPanelGeometry::HandlePlace &place = BVPanelGeometry::handlePlace(m_position);
     const int across = m_handle && !place.dragsHeight ? Handle::s_thickness : 0;
     const int along = m_handle && place.dragsHeight ? Handle::s_thickness : 0;
-    setContentsMargins(place.widthSign < 0 ? across : 0, place.heightSign < 0 ? along : 0,
+    setViewportMargins(place.widthSign < 0 ? across : 0, place.heightSign < 0 ? along : 0,
                        place.widthSign < 0 ? 0 : across, place.heightSign < 0 ? 0 : along);
     setSizePolicy(m_handle && place.dragsWidth ? QSizePolicy::Maximum : QSizePolicy::Expanding,
                   m_handle && place.dragsHeight ? QSizePolicy::Maximum : QSizePolicy::Expanding);
+    placeHandle();
+}
+
+void ResizableScrollArea::placeHandle()
+{
+    if (!m_handle)
+        return;
+    const QRect inner = viewport()->geometry().marginsAdded(viewportMargins());
+    const QRect place = BVPanelGeometry::handleRect(m_position, inner.size(), Handle::s_thickness);
+    m_handle->setGeometry(place.translated(inner.topLeft()));
 }

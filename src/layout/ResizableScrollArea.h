@@ -30,6 +30,10 @@ public:
     explicit ResizableScrollArea(QWidget *parent = nullptr);
     ~ResizableScrollArea() override;
 
+    /// Takes @p widget over as the content, which scrolls over the surface that the area lies on;
+    /// null is ignored.
+    void setWidget(QWidget *widget);
+
     bool hasResizeHandle() const;
     /// Gives the area its handle, as at first, or takes it away.
     void useResizeHandle(bool on);
@@ -59,13 +63,19 @@ public Q_SLOTS:
     /// negative ones.
     void resizeAbout(const QSize &growth);
 
+protected:
+    bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
+    QSize edges() const;
     void onMoveStarted();
     void onMoveAbout(const QSize &growth);
     void onToggleRequested();
     void resizeAlongHandle(const QSize &size);
     void takeOn(const QSize &userSize);
     void updatePlace();
+    void placeHandle();
 
     QPointer<BVResizableWidgetHandle> m_handle; // child of this
     QSize m_userSize;                           // px; -1 for none

@@ -93,7 +93,10 @@ bool ResizeableWidgetHandle::checkResizingPossible(QObject *handle, const QSize 
 
 void ResizeableWidgetHandle::onResize(QSize size, QPoint relativePosition)
 {
-    if (!m_widget || size.isNull() || !isLarger(size, m_widget->size()))
+    if (!m_widget || size.isNull())
+        return;
+    size = size.boundedTo(m_widget->maximumSize());
+    if (!isLarger(size, m_widget->size()))
         return;
     // A widget that has no room to grow does not leave its layout first.
     const QRect target(relativePosition, size);
@@ -227,7 +230,7 @@ QRect ResizeableWidgetHandle::grown(const QSize &wanted) const
     const QRect rect = currentRect();
     const QSize room = BVPanelGeometry::roomFor(availableArea(), rect, keepsRight, keepsBottom);
     const QSize least = m_float ? m_float->placeRect().size() : rect.size();
-    const QSize size = wanted.boundedTo(room).expandedTo(least);
+    const QSize size = wanted.boundedTo(room).boundedTo(m_widget->maximumSize()).expandedTo(least);
     return BVPanelGeometry::resized(rect, size, keepsRight, keepsBottom);
 }
 
