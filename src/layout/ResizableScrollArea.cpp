@@ -113,8 +113,7 @@ void ResizableScrollArea::setHandlePosition(Handle::Position position)
 void ResizableScrollArea::setUserSize(const QSize &size)
 {
     const QSize smallest = minimumSizeHint().expandedTo(minimumSize());
-    const QSize largest = contentSize().expandedTo(smallest).boundedTo(maximumSize());
-    const QSize target = size.expandedTo(smallest).boundedTo(largest);
+    const QSize target = size.expandedTo(smallest).boundedTo(maximumSize());
     takeOn(QSize(size.width() < 0 ? -1 : target.width(), size.height() < 0 ? -1 : target.height()));
 }
 
@@ -125,10 +124,12 @@ void ResizableScrollArea::unsetUserSize()
 
 QSize ResizableScrollArea::contentSize() const
 {
-    QSize content = widget() ? widget()->sizeHint() : QSize(0, 0);
-    if (widget() && widget()->hasHeightForWidth())
+    if (!widget())
+        return edges();
+    QSize content = widget()->sizeHint();
+    if (widget()->hasHeightForWidth())
         content.setHeight(widget()->heightForWidth(contentsRect().width()));
-    return content + edges();
+    return content.expandedTo(widget()->minimumSize()).boundedTo(widget()->maximumSize()) + edges();
 }
 
 QSize ResizableScrollArea::sizeHint() const
@@ -189,9 +190,11 @@ void ResizableScrollArea::onToggleRequested()
         resizeAlongHandle(content);
 }
 
-/// The size in the directions of the handle; the others stay.
-void ResizableScrollArea::resizeAlongHandle(const QSize &size)
+/// The size in the directions of the handle, but not beyond what the content fills; the others
+/// stay.
+void ResizableScrollArea::resizeAlongHandle(const QSize &wanted)
 {
+    const QSize size = wanted.boundedTo(contentSize().expandedTo(this->size()));
     const BVPanelGeometry::HandlePlace &place = BVPanelGeometry::handlePlace(m_position);
     setUserSize(QSize(place.dragsWidth ? qMax(0, size.width()) : m_userSize.width(),
                       place.dragsHeight ? qMax(0, size.height()) : m_userSize.height()));

@@ -11,10 +11,11 @@
 /// its edges or corners.
 ///
 /// A drag gives the area a size of its own in the directions of the handle: never less than its
-/// smallest size, never more than its content fills. In a layout that size is the size hint, and
-/// the layout gives it as far as it has room; elsewhere the area takes it on at once, and the edge
-/// across from the handle stays where it is. A double click on the handle, Return or Space switches
-/// between the size that the content fills and the usual one; Escape gives up a drag.
+/// smallest size, never more than its content fills or than it has anyway. In a layout that size is
+/// the size hint, and the layout gives it as far as it has room; elsewhere the area takes it on at
+/// once, and the edge across from the handle stays where it is. A double click on the handle,
+/// Return or Space switches between the size that the content fills and the usual one; Escape gives
+/// up a drag.
 ///
 /// Its content fills the viewport. The size policy goes with the handle: Maximum where it drags,
 /// Expanding elsewhere.
@@ -46,7 +47,7 @@ public:
 
     /// The size that the user has given the area, in pixels; -1 in a direction where there is none.
     QSize userSize() const { return m_userSize; }
-    /// Sets it as a drag does, within the same limits but in both directions; -1 takes it back.
+    /// Sets it, between the smallest and the maximum size of the area; -1 takes it back.
     void setUserSize(const QSize &size);
     void unsetUserSize();
 
@@ -72,7 +73,7 @@ private:
     void onMoveStarted();
     void onMoveAbout(const QSize &growth);
     void onToggleRequested();
-    void resizeAlongHandle(const QSize &size);
+    void resizeAlongHandle(const QSize &wanted);
     void takeOn(const QSize &userSize);
     void updatePlace();
     void placeHandle();

@@ -1,29 +1,60 @@
 // SPDX-License-Identifier: MIT
 #include "layout/ResizeWidgetPlaceHolder.h"
 
-#include <QLabel>
+#include <QAbstractButton>
 #include <QMouseEvent>
-#include <QToolButton>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
 
 namespace {
 
 constexpr int s_margin = 8;  // px, around the parts
 constexpr int s_spacing = 6; // px, between them
+constexpr int s_wordsFlags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+
+/// A word to click on in the text colour of the place holder.
+class Link : public QAbstractButton
+{
+public:
+    explicit Link(QWidget *parent)
+        : QAbstractButton(parent)
+    {
+        setAttribute(Qt::WA_Hover);
+        setCursor(Qt::PointingHandCursor);
+        setFocusPolicy(Qt::StrongFocus);
+    }
+
+    QSize sizeHint() const override
+    {
+        return fontMetrics().size(Qt::TextShowMnemonic, text()) + QSize(s_margin, s_spacing);
+    }
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        QPainter painter(this);
+        QFont underlined = font();
+        underlined.setUnderline(true);
+        painter.setFont(underMouse() ? font() : underlined);
+        painter.setPen(parentWidget()->palette().color(QPalette::WindowText));
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+        if (!hasFocus())
+            return;
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
+};
 
 } // namespace
 
 ResizeWidgetPlaceHolder::ResizeWidgetPlaceHolder(QWidget *parent)
     : QFrame(parent)
-    , m_label(new QLabel(this))
-    , m_button(new QToolButton(this))
+    , m_button(new Link(this))
 {
+    setAutoFillBackground(true);
     setFrameShape(QFrame::StyledPanel);
-    m_label->setAlignment(Qt::AlignCenter);
-    m_label->setTextFormat(Qt::PlainText);
-    m_label->setWordWrap(true);
-    m_button->setAutoRaise(true);
-    m_button->setFocusPolicy(Qt::StrongFocus);
-    connect(m_button, &QToolButton::clicked, this, &ResizeWidgetPlaceHolder::sigCloseRequested);
+    connect(m_button, &QAbstractButton::clicked, this, &ResizeWidgetPlaceHolder::sigCloseRequested);
     updateTexts();
 }
 
@@ -75,29 +106,44 @@ void ResizeWidgetPlaceHolder::resizeEvent(QResizeEvent *event)
     updateParts();
 }
 
+void ResizeWidgetPlaceHolder::paintEvent(QPaintEvent *event)
+{
+    QFrame::paintEvent(event);
+    if (m_wordsRect.isEmpty())
+        return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(m_wordsRect, s_wordsFlags, m_words);
+}
+
 void ResizeWidgetPlaceHolder::updateTexts()
 {
-    m_label->setText(m_title.isEmpty() ? tr("Shown over the window")
-                                       : tr("%1: shown over the window").arg(m_title));
+    m_words = m_title.isEmpty() ? tr("Shown over the window")
+                                : tr("%1: shown over the window").arg(m_title);
     m_button->setText(tr("Bring back"));
-    setAccessibleName(m_label->text());
+    setAccessibleName(m_words);
     updateParts();
 }
 
 /// Centres the parts that fit, one above the other.
 void ResizeWidgetPlaceHolder::updateParts()
 {
-    const QRect room = contentsRect().adjusted(s_margin, 0, -s_margin, 0);
+    const QRect room = contentsRect().adjusted(s_margin, s_margin, -s_margin, -s_margin);
     const QSize button = m_button->sizeHint();
-    const int words = qMax(0, m_label->heightForWidth(room.width()));
-    const bool showsButton = room.width() >= button.width() && room.height() >= button.height();
-    const int both = words + s_spacing + button.height();
-    const bool showsLabel = showsButton && room.height() >= both + 2 * s_margin;
-    const int top = room.top() + (room.height() - (showsLabel ? both : button.height())) / 2;
-    m_label->setGeometry(room.left(), top, room.width(), words);
-    m_button->setGeometry(room.center().x() - button.width() / 2,
-                          showsLabel ? top + words + s_spacing : top, button.width(),
-                          button.height());
-    m_label->setVisible(showsLabel);
+    const bool showsButton =
+        contentsRect().width() >= button.width() && contentsRect().height() >= button.height();
+    const QSize words = fontMetrics().boundingRect(room, s_wordsFlags, m_words).size();
+    const int both = words.height() + s_spacing + button.height();
+    const bool showsWords = words.width() <= room.width() && both <= room.height();
+    QRect buttonRect(QPoint(), button);
+    buttonRect.moveCenter(contentsRect().center());
+    m_wordsRect = QRect();
+    if (showsWords) {
+        const int top = room.top() + (room.height() - both) / 2;
+        m_wordsRect = QRect(room.left(), top, room.width(), words.height());
+        buttonRect.moveTop(m_wordsRect.bottom() + 1 + s_spacing);
+    }
+    m_button->setGeometry(buttonRect);
     m_button->setVisible(showsButton);
+    update();
 }

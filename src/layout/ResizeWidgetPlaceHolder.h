@@ -6,8 +6,7 @@
 #include <QFrame>
 #include <QPointer>
 
-class QLabel;
-class QToolButton;
+class QAbstractButton;
 
 /// What stands in the layout in place of a widget that floats over the main window.
 ///
@@ -38,6 +37,7 @@ Q_SIGNALS:
 protected:
     void changeEvent(QEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
@@ -45,9 +45,10 @@ private:
     void updateParts();
 
     QPointer<QWidget> m_widget;
-    QLabel *m_label;       // child of this
-    QToolButton *m_button; // child of this
+    QAbstractButton *m_button; // child of this
     QString m_title;
+    QString m_words;
+    QRect m_wordsRect; // empty where there is no room
     QSize m_size;
     QSize m_minimum;
 };

@@ -18,8 +18,8 @@ class ResizeWidgetPlaceHolder;
 /// The handle lies over an edge or corner of the widget that it is made in; it brings the widget
 /// the service that BVResizableWidget has built in. A drag that asks for more room than the widget
 /// has lets it float: over the nearest QMainWindow around it, or over its top-most widget, inside
-/// of which it stays, within its maximum size. In its layout or splitter stands a ResizeWidgetPlaceHolder. The sides across
-/// from the handle stay where they are.
+/// of which it stays, within its maximum size. In its layout or splitter stands a
+/// ResizeWidgetPlaceHolder. The sides across from the handle stay where they are.
 ///
 /// A drag never makes the floating widget smaller than its place, and at that size the widget
 /// returns when the handle is let go; Escape undoes a drag. A double click on the handle, Return or
