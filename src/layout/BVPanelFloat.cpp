@@ -12,6 +12,23 @@
 
 namespace {
 
+/// How a panel wants to grow, to which its content adds.
+QSizePolicy policyOf(const QWidget *panel)
+{
+    QSizePolicy policy = panel->sizePolicy();
+    const Qt::Orientations expanding =
+        panel->layout() ? panel->layout()->expandingDirections() : Qt::Orientations();
+    const auto expanded = [](QSizePolicy::Policy own) {
+        return own & QSizePolicy::GrowFlag ? QSizePolicy::Policy(own | QSizePolicy::ExpandFlag)
+                                           : own;
+    };
+    if (expanding & Qt::Horizontal)
+        policy.setHorizontalPolicy(expanded(policy.horizontalPolicy()));
+    if (expanding & Qt::Vertical)
+        policy.setVerticalPolicy(expanded(policy.verticalPolicy()));
+    return policy;
+}
+
 /// Keeps the place of a panel in its layout: as large as the panel would be.
 class PlaceHolder : public QWidget
 {
@@ -21,7 +38,7 @@ public:
         , m_sizeHint(panel->sizeHint())
         , m_minimumSizeHint(panel->minimumSizeHint())
     {
-        setSizePolicy(panel->sizePolicy());
+        setSizePolicy(policyOf(panel));
         setMinimumSize(panel->minimumSize());
         setMaximumSize(panel->maximumSize());
         setGeometry(panel->geometry());

@@ -17,6 +17,7 @@ constexpr int s_dotCount = 3;       // of the grip
 constexpr int s_dotDistance = 5;    // px
 constexpr double s_dotRadius = 1.2; // px
 constexpr int s_quietAlpha = 110;
+constexpr int s_middleLightness = 128;
 
 struct KeyStep
 {
@@ -351,12 +352,15 @@ void BVResizableWidgetHandle::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const bool isLively = isEnabled() && (underMouse() || m_pressing || hasFocus());
-    QColor color = palette().color(isLively ? QPalette::Highlight : QPalette::WindowText);
+    QColor color = palette().color(QPalette::WindowText);
+    const bool isOnDark = color.lightness() > s_middleLightness;
+    if (isLively && !isOnDark) // on dark surfaces the text stands out more
+        color = palette().color(QPalette::Highlight);
     if (!isLively)
         color.setAlpha(s_quietAlpha);
     paintGrip(&painter, color);
     if (hasFocus() && m_showsFocus) {
-        painter.setPen(palette().color(QPalette::Highlight));
+        painter.setPen(color);
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
     }
