@@ -200,12 +200,11 @@ void BVResizeWidget::mouseReleaseEvent(QMouseEvent *event)
 void BVResizeWidget::paintEvent(QPaintEvent *)
 {
     QStylePainter painter(this);
-    QStyleOptionFocusRect option;
+    QStyleOption option;
     option.initFrom(this);
-    option.backgroundColor = palette().color(backgroundRole());
     painter.drawPrimitive(QStyle::PE_Widget, option);
     if (hasFocus())
-        painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
+        painter.fillRect(rect(), palette().color(QPalette::WindowText));
 }
 
 bool BVResizeWidget::canResize() const

@@ -21,8 +21,8 @@
 /// window, or while that fills the screen. Where only the window system may set the geometry of a
 /// window, a press hands the drag over to it.
 ///
-/// The grip shows nothing but its focus; sheets select "BVResizeWidget" and its property
-/// "resizeType", by number.
+/// The grip shows nothing but its focus, in its text colour; sheets select "BVResizeWidget" and its
+/// property "resizeType", by number.
 class BVWIDGETS_EXPORT BVResizeWidget : public QWidget
 {
     Q_OBJECT
