@@ -57,8 +57,8 @@ private:
     void keepInWindow();
     void leaveWith(const QObject *child);
 
-    QPropertyAnimation *m_animation;         // child of this
-    std::unique_ptr<BVPanelShadow> m_shadow; // child of the window
+    QPropertyAnimation *m_animation; // child of this
+    std::unique_ptr<BVPanelShadow> m_shadow;
     QPointer<QWidget> m_content;
     const QObject *m_contentObject = nullptr; // only compared
     bool m_returning = false;
