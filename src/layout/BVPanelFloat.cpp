@@ -179,7 +179,9 @@ void BVPanelFloat::comeBack()
     m_mainWidget->hide();
     replace(parent, place.get(), m_panel, [&] { place->setParent(nullptr); });
     m_panel->setVisible(!isHidden);
-    delete m_mainWidget;
+    m_mainWidget->deleteLater(); // its animation may be ending this
+    m_mainWidget->disconnect(this);
+    m_mainWidget = nullptr;
 }
 
 MainWidget *BVPanelFloat::mainWidget() const

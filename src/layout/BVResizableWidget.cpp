@@ -4,9 +4,9 @@
 #include "foundation/MainWindow.h"
 #include "foundation/RegisterResizeableWidgetInterfaceEvent.h"
 #include "foundation/ResizeWidgetCloseEvent.h"
-#include "layout/BVHandleAccessible_p.h"
 #include "layout/BVPanelFloat_p.h"
 #include "layout/BVPanelGeometry_p.h"
+#include "layout/BVPanelHandles_p.h"
 #include "layout/BVPanelScroll_p.h"
 #include "layout/BVPanelState_p.h"
 #include "layout/BVResizableWidgetTextHandle.h"
@@ -15,7 +15,6 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QGridLayout>
 #include <QTimer>
 
 using Brimvale::RegisterResizeableWidgetInterfaceEvent;
@@ -31,17 +30,20 @@ bool isLarger(const QSize &size, const QSize &other)
     return size.width() > other.width() || size.height() > other.height();
 }
 
+/// The size within what a widget can have, so that sums do not overflow.
+QSize plausible(const QSize &size)
+{
+    const QSize largest(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    return size.boundedTo(largest).expandedTo(QSize(-QWIDGETSIZE_MAX, -QWIDGETSIZE_MAX));
+}
+
 } // namespace
 
 BVResizableWidget::BVResizableWidget(QWidget *parent)
     : QWidget(parent)
-    , m_layout(new QGridLayout(this))
+    , m_handles(std::make_unique<BVPanelHandles>(this))
     , m_scroll(std::make_unique<BVPanelScroll>(this))
 {
-    m_layout->setContentsMargins(0, 0, 0, 0);
-    m_layout->setSpacing(0);
-    m_layout->setRowStretch(1, 1);
-    m_layout->setColumnStretch(1, 1);
 }
 
 BVResizableWidget::~BVResizableWidget()
@@ -60,7 +62,7 @@ void BVResizableWidget::setContainerWidget(QWidget *container, bool registerPane
         delete m_container;
         m_container = container;
         m_scroll->fitToScrollArea(container);
-        updateContainerWidgetLayoutPosition();
+        m_handles->updateContainerWidgetLayoutPosition(m_scroll->standIn(m_container));
     }
     if (registerPanel && !isFloating())
         registerResizeableWidgetToMainWindow(false);
@@ -74,21 +76,12 @@ QWidget *BVResizableWidget::containerWidget() const
 void BVResizableWidget::useScrollArea(bool on)
 {
     m_scroll->manageScrollAreas(on, m_container);
-    updateContainerWidgetLayoutPosition();
+    m_handles->updateContainerWidgetLayoutPosition(m_scroll->standIn(m_container));
 }
 
 bool BVResizableWidget::hasScrollArea() const
 {
     return m_scroll->isUsed();
-}
-
-void BVResizableWidget::updateContainerWidgetLayoutPosition()
-{
-    QWidget *widget = m_scroll->standIn(m_container);
-    if (!widget)
-        return;
-    m_layout->addWidget(widget, 1, 1); // which takes it from where it is
-    widget->show();
 }
 
 QSize BVResizableWidget::containerSize() const
@@ -111,66 +104,59 @@ QSize BVResizableWidget::minimumSizeHint() const
 
 void BVResizableWidget::useVerticalHandle(bool on)
 {
-    useHandle(Vertical, on);
+    useHandle(BVPanelHandles::Vertical, on);
 }
 
 bool BVResizableWidget::hasVerticalHandle() const
 {
-    return m_handles[Vertical];
+    return m_handles->handle(BVPanelHandles::Vertical);
 }
 
 void BVResizableWidget::useHorizontalHandle(bool on)
 {
-    useHandle(Horizontal, on);
+    useHandle(BVPanelHandles::Horizontal, on);
 }
 
 bool BVResizableWidget::hasHorizontalHandle() const
 {
-    return m_handles[Horizontal];
+    return m_handles->handle(BVPanelHandles::Horizontal);
 }
 
 void BVResizableWidget::useDiagonalHandle(bool on)
 {
-    useHandle(Diagonal, on);
+    useHandle(BVPanelHandles::Diagonal, on);
 }
 
 bool BVResizableWidget::hasDiagonalHandle() const
 {
-    return m_handles[Diagonal];
+    return m_handles->handle(BVPanelHandles::Diagonal);
 }
 
 BVResizableWidgetHandle *BVResizableWidget::verticalHandle() const
 {
-    return m_handles[Vertical];
+    return m_handles->handle(BVPanelHandles::Vertical);
 }
 
 BVResizableWidgetHandle *BVResizableWidget::horizontalHandle() const
 {
-    return m_handles[Horizontal];
+    return m_handles->handle(BVPanelHandles::Horizontal);
 }
 
 BVResizableWidgetHandle *BVResizableWidget::diagonalHandle() const
 {
-    return m_handles[Diagonal];
+    return m_handles->handle(BVPanelHandles::Diagonal);
 }
 
-void BVResizableWidget::useHandle(HandleKind kind, bool on)
+void BVResizableWidget::useHandle(int kind, bool on)
 {
-    QPointer<BVResizableWidgetHandle> &handle = m_handles[kind];
-    if (on == bool(handle))
+    const auto handleKind = BVPanelHandles::Kind(kind);
+    if (on == bool(m_handles->handle(handleKind)))
         return;
-    if (!on) { // the handle may be asking for this
-        handle->cancelMove();
-        handle->hide();
-        m_layout->removeWidget(handle);
-        handle->deleteLater();
-        handle = nullptr;
-        return;
-    }
-    handle = createHandle(handlePosition(kind));
+    if (!on)
+        return m_handles->remove(handleKind);
+    BVResizableWidgetHandle *handle = createHandle(m_handles->positionOf(handleKind));
     connectHandle(handle);
-    updateHandleLayoutPosition(kind);
-    handle->show();
+    m_handles->add(handleKind, handle);
 }
 
 BVResizableWidgetHandle *BVResizableWidget::createHandle(BVResizableWidgetHandle::Position position)
@@ -192,63 +178,28 @@ void BVResizableWidget::connectHandle(BVResizableWidgetHandle *handle)
                 &BVResizableWidgetTextHandle::onWidgedResized);
 }
 
-BVResizableWidgetHandle::Position BVResizableWidget::handlePosition(HandleKind kind) const
-{
-    return BVPanelGeometry::positionOf(kind != Vertical, kind != Horizontal, keepsRight(),
-                                       keepsBottom());
-}
-
-void BVResizableWidget::updateHandleLayoutPosition(HandleKind kind)
-{
-    BVResizableWidgetHandle *handle = m_handles[kind];
-    if (!handle)
-        return;
-    const int row = kind == Horizontal ? 1 : m_verticalAnchor == AnchorBottom ? 0 : 2;
-    const int column = kind == Vertical ? 1 : m_horizontalAnchor == AnchorRight ? 0 : 2;
-    m_layout->addWidget(handle, row, column); // the layout mirrors its columns by itself
-    handle->setPosition(handlePosition(kind));
-}
-
-void BVResizableWidget::updateLayoutPositions()
-{
-    for (const HandleKind kind : {Vertical, Horizontal, Diagonal})
-        updateHandleLayoutPosition(kind);
-}
-
 void BVResizableWidget::setHorizontalAnchorPosition(HorizontalPosition position)
 {
     if (position != AnchorLeft && position != AnchorRight)
         return;
-    m_horizontalAnchor = position;
-    updateLayoutPositions();
+    m_handles->setAnchoredRight(position == AnchorRight);
 }
 
 BVResizableWidget::HorizontalPosition BVResizableWidget::horizontalAnchorPosition() const
 {
-    return m_horizontalAnchor;
+    return m_handles->isAnchoredRight() ? AnchorRight : AnchorLeft;
 }
 
 void BVResizableWidget::setVerticalAnchorPosition(VerticalPosition position)
 {
     if (position != AnchorTop && position != AnchorBottom)
         return;
-    m_verticalAnchor = position;
-    updateLayoutPositions();
+    m_handles->setAnchoredBottom(position == AnchorBottom);
 }
 
 BVResizableWidget::VerticalPosition BVResizableWidget::verticalAnchorPosition() const
 {
-    return m_verticalAnchor;
-}
-
-bool BVResizableWidget::keepsRight() const
-{
-    return (m_horizontalAnchor == AnchorRight) != isRightToLeft();
-}
-
-bool BVResizableWidget::keepsBottom() const
-{
-    return m_verticalAnchor == AnchorBottom;
+    return m_handles->isAnchoredBottom() ? AnchorBottom : AnchorTop;
 }
 
 // The main window
@@ -326,7 +277,7 @@ void BVResizableWidget::onMoveStarted()
 
 void BVResizableWidget::onMoveAbout(BVResizableWidgetHandle *handle, const QSize &delta)
 {
-    const QSize growth = BVPanelGeometry::alongHandle(handle->position(), delta);
+    const QSize growth = plausible(BVPanelGeometry::alongHandle(handle->position(), delta));
     if (!ResizeableWidgetInterface::checkResizingPossible(handle, growth))
         return;
     const bool initial = std::exchange(m_isFirstMove, false);
@@ -337,7 +288,7 @@ void BVResizableWidget::onMoveAbout(BVResizableWidgetHandle *handle, const QSize
     if (isFloating() || checkResizingPossible(handle, needed))
         onResizeAbout(growth, initial);
     else
-        m_wantedSize += growth;
+        m_wantedSize = plausible(m_wantedSize + growth);
 }
 
 void BVResizableWidget::onMoved()
@@ -363,12 +314,12 @@ bool BVResizableWidget::checkResizingPossible(QObject *handle, const QSize &delt
 {
     if (!ResizeableWidgetInterface::checkResizingPossible(handle, delta))
         return false;
-    const QSize container = containerSize();
-    const bool needsWidth = container.width() + delta.width() > container.width();
-    const bool needsHeight = container.height() + delta.height() > container.height();
-    return (handle == m_handles[Horizontal] && needsWidth) ||
-           (handle == m_handles[Vertical] && needsHeight) ||
-           (handle == m_handles[Diagonal] && (needsWidth || needsHeight));
+    // More than the container has now; a drag that only shrinks needs no room.
+    const bool needsWidth = delta.width() > 0;
+    const bool needsHeight = delta.height() > 0;
+    return (handle == horizontalHandle() && needsWidth) ||
+           (handle == verticalHandle() && needsHeight) ||
+           (handle == diagonalHandle() && (needsWidth || needsHeight));
 }
 
 void BVResizableWidget::onResizeAbout(QSize delta, bool initial)
@@ -376,12 +327,13 @@ void BVResizableWidget::onResizeAbout(QSize delta, bool initial)
     const QRect from = currentRect();
     if (initial || !m_wantedSize.isValid())
         m_wantedSize = from.size();
-    m_wantedSize += delta;
+    m_wantedSize = plausible(m_wantedSize + plausible(delta));
     const QSize wanted = limitedSize(from, m_wantedSize);
     if (wanted == from.size())
         return;
     const QRect target = BVPanelGeometry::clamped(
-        availableArea(), BVPanelGeometry::resized(from, wanted, keepsRight(), keepsBottom()));
+        availableArea(),
+        BVPanelGeometry::resized(from, wanted, m_handles->keepsRight(), m_handles->keepsBottom()));
     const QPointer<BVResizableWidget> self(this);
     setEnlarged(false);
     if (!self)
@@ -398,11 +350,12 @@ void BVResizableWidget::onResize(QSize size, QPoint relativePosition)
     size = size.boundedTo(maximumSize());
     if (size.isNull() || !isLarger(size, containerSize()))
         return;
-    if (m_handles[Horizontal] && m_horizontalAnchor == AnchorRight && lastSize().isValid())
+    if (horizontalHandle() && horizontalAnchorPosition() == AnchorRight && lastSize().isValid())
         size.rwidth() += width() - lastSize().width();
-    if (!m_handles[Vertical] && !m_handles[Diagonal])
+    if (!m_handles->dragsHeight())
         size.setHeight(height());
-    const QRect target(relativePosition, size);
+    const QSize position = plausible(QSize(relativePosition.x(), relativePosition.y()));
+    const QRect target(QPoint(position.width(), position.height()), plausible(size));
     // A panel that has no room to grow does not leave its layout first.
     if (fitToMainWindow(target) && (isFloating() || makeFreeFloating()))
         moveTo(target);
@@ -411,7 +364,8 @@ void BVResizableWidget::onResize(QSize size, QPoint relativePosition)
 /// The size within the window, and not smaller than the place.
 QSize BVResizableWidget::limitedSize(const QRect &rect, const QSize &wanted) const
 {
-    const QSize room = BVPanelGeometry::roomFor(availableArea(), rect, keepsRight(), keepsBottom());
+    const QSize room = BVPanelGeometry::roomFor(availableArea(), rect, m_handles->keepsRight(),
+                                                m_handles->keepsBottom());
     const QSize place = m_float ? m_float->placeRect().size() : rect.size();
     return wanted.boundedTo(room).boundedTo(maximumSize()).expandedTo(place);
 }
@@ -495,10 +449,8 @@ void BVResizableWidget::setEnlarged(bool enlarged)
 
 QSize BVResizableWidget::enlargedSize(const QRect &rect) const
 {
-    const bool growsWidth = m_handles[Horizontal] || m_handles[Diagonal];
-    const bool growsHeight = m_handles[Vertical] || m_handles[Diagonal];
-    return limitedSize(rect, QSize(growsWidth ? QWIDGETSIZE_MAX : rect.width(),
-                                   growsHeight ? QWIDGETSIZE_MAX : rect.height()));
+    return limitedSize(rect, QSize(m_handles->dragsWidth() ? QWIDGETSIZE_MAX : rect.width(),
+                                   m_handles->dragsHeight() ? QWIDGETSIZE_MAX : rect.height()));
 }
 
 void BVResizableWidget::onToggleEnlarge()
@@ -510,8 +462,8 @@ void BVResizableWidget::onToggleEnlarge()
     if (isFloating()) // the size that it goes back to is that which it is reaching
         mainWidget()->setGeometryWithAnimation(currentRect(), 0, false);
     const QRect from = currentRect();
-    const QRect target =
-        BVPanelGeometry::resized(from, enlargedSize(from), keepsRight(), keepsBottom());
+    const QRect target = BVPanelGeometry::resized(from, enlargedSize(from), m_handles->keepsRight(),
+                                                  m_handles->keepsBottom());
     m_lastWasEmbedded = !isFloating();
     QPoint position;
     saveRelativePosition(position);
@@ -600,7 +552,7 @@ void BVResizableWidget::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange)
-        updateLayoutPositions();
+        m_handles->updateLayoutPositions();
 }
 
 void BVResizableWidget::showEvent(QShowEvent *event)
@@ -613,8 +565,5 @@ void BVResizableWidget::showEvent(QShowEvent *event)
 void BVResizableWidget::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    for (const QPointer<BVResizableWidgetHandle> &handle : m_handles) {
-        if (handle)
-            BVHandleAccessible::announceValue(handle);
-    }
+    m_handles->announceSize();
 }

@@ -12,9 +12,9 @@
 #include <memory>
 
 class BVPanelFloat;
+class BVPanelHandles;
 class BVPanelScroll;
 class MainWidget;
-class QGridLayout;
 
 /// A panel in a form that the user can drag larger than the place that its layout gives it.
 ///
@@ -152,22 +152,14 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    enum HandleKind { Vertical, Horizontal, Diagonal, HandleCount };
-
-    void useHandle(HandleKind kind, bool on);
+    void useHandle(int kind, bool on);
     void connectHandle(BVResizableWidgetHandle *handle);
-    void updateHandleLayoutPosition(HandleKind kind);
-    void updateContainerWidgetLayoutPosition();
-    void updateLayoutPositions();
-    BVResizableWidgetHandle::Position handlePosition(HandleKind kind) const;
 
     void onMoveStarted();
     void onMoveAbout(BVResizableWidgetHandle *handle, const QSize &delta);
     void onMoved();
     void onMoveCanceled();
 
-    bool keepsRight() const;
-    bool keepsBottom() const;
     QSize containerSize() const;
     QRect currentRect() const;
     QSize limitedSize(const QRect &rect, const QSize &wanted) const;
@@ -182,11 +174,10 @@ private:
     void applyState();
 
     QPointer<QWidget> m_container;
-    QPointer<BVResizableWidgetHandle> m_handles[HandleCount];
-    QGridLayout *m_layout;                   // child of this
-    std::unique_ptr<BVPanelFloat> m_float;   // the place and the main widget while floating
-    std::unique_ptr<BVPanelScroll> m_scroll; // never null
-    std::unique_ptr<QObject> m_registration; // the guard of the posted registration
+    std::unique_ptr<BVPanelHandles> m_handles; // never null
+    std::unique_ptr<BVPanelFloat> m_float;     // the place and the main widget while floating
+    std::unique_ptr<BVPanelScroll> m_scroll;   // never null
+    std::unique_ptr<QObject> m_registration;   // the guard of the posted registration
     QVariantMap m_mainWidgetProperties;
     QByteArray m_pendingState; // applied when the panel is shown
     QRect m_rectAtPress;       // in the window's coordinates
@@ -195,8 +186,6 @@ private:
     bool m_isFirstMove = true; // of the drag
     bool m_floatedAtPress = false;
     bool m_enlargedAtPress = false;
-    HorizontalPosition m_horizontalAnchor = AnchorLeft;
-    VerticalPosition m_verticalAnchor = AnchorTop;
     bool m_enlarged = false;
     bool m_lastWasEmbedded = false; // the last size is that of the place
 };

@@ -11,7 +11,7 @@
 MainWidget::MainWidget(QWidget *window)
     : QWidget(window)
     , m_animation(new QPropertyAnimation(this, "geometry", this))
-    , m_shadow(new BVPanelShadow(window))
+    , m_shadow(std::make_unique<BVPanelShadow>(window))
 {
     setAttribute(Qt::WA_StyledBackground);
     setAutoFillBackground(true);
@@ -21,10 +21,7 @@ MainWidget::MainWidget(QWidget *window)
     hide();
 }
 
-MainWidget::~MainWidget()
-{
-    delete m_shadow;
-}
+MainWidget::~MainWidget() = default;
 
 void MainWidget::setContent(QWidget *content)
 {
@@ -85,13 +82,15 @@ bool MainWidget::event(QEvent *event)
     case QEvent::Resize:
         if (m_content)
             m_content->setGeometry(rect()); // whatever its size policy is
-        updateShadow();
+        m_shadow->follow(this);
         break;
     case QEvent::Move:
     case QEvent::ShowToParent:
     case QEvent::HideToParent:
+        m_shadow->follow(this);
+        break;
     case QEvent::ZOrderChange:
-        updateShadow();
+        m_shadow->stackUnder(this);
         break;
     case QEvent::ChildRemoved:
         leaveWith(static_cast<QChildEvent *>(event)->child());
@@ -118,18 +117,9 @@ bool MainWidget::eventFilter(QObject *watched, QEvent *event)
         return QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::Resize || event->type() == QEvent::ContentsRectChange)
         keepInWindow();
-    else if (event->type() == QEvent::ChildAdded)
-        raiseAbove(static_cast<QChildEvent *>(event)->child());
+    else if (event->type() == QEvent::ChildAdded && isVisible())
+        raise(); // a sibling begins on top; what wants to stay above the panel raises itself later
     return false;
-}
-
-/// A new sibling begins on top; what wants to stay above the panel raises itself later.
-void MainWidget::raiseAbove(const QObject *sibling)
-{
-    const bool isOfPanel = sibling == m_shadow || qobject_cast<const MainWidget *>(sibling) ||
-                           qobject_cast<const BVPanelShadow *>(sibling);
-    if (sibling->isWidgetType() && !isOfPanel && isVisible())
-        raise();
 }
 
 void MainWidget::keepInWindow()
@@ -140,10 +130,4 @@ void MainWidget::keepInWindow()
     const QRect inside = BVPanelGeometry::clamped(availableArea(), target);
     if (inside != target)
         setGeometryWithAnimation(inside, 0, false);
-}
-
-void MainWidget::updateShadow()
-{
-    if (m_shadow)
-        m_shadow->follow(this);
 }

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <memory>
+
 class BVPanelShadow;
 class QPropertyAnimation;
 
@@ -53,12 +55,10 @@ protected:
 
 private:
     void keepInWindow();
-    void raiseAbove(const QObject *sibling);
     void leaveWith(const QObject *child);
-    void updateShadow();
 
-    QPropertyAnimation *m_animation;  // child of this
-    QPointer<BVPanelShadow> m_shadow; // child of the window
+    QPropertyAnimation *m_animation; // child of this
+    std::unique_ptr<BVPanelShadow> m_shadow;
     QPointer<QWidget> m_content;
     const QObject *m_contentObject = nullptr; // only compared
     bool m_returning = false;

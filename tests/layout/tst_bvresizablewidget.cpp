@@ -223,6 +223,7 @@ void tst_BVResizableWidget::resizes_data()
     QTest::newRow("the last line that is free") << QSize(300, 300) << QPoint(9, 168) << false << QRect(9, 168, 300, 300);
     QTest::newRow("over the status bar") << QSize(300, 300) << QPoint(9, 169) << false << place;
     QTest::newRow("outside") << QSize(300, 300) << QPoint(-1, 9) << false << place;
+    QTest::newRow("beyond all numbers") << QSize(INT_MAX, INT_MAX) << QPoint(INT_MAX, INT_MIN) << false << place;
 }
 
 void tst_BVResizableWidget::resizes()
@@ -417,6 +418,7 @@ void tst_BVResizableWidget::places()
     QCOMPARE(panel->parentWidget(), parent);
     QCOMPARE(panel->geometry(), before);
     QVERIFY(panel->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!window.findChild<MainWidget *>());
 }
 
