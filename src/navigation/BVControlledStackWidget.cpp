@@ -58,8 +58,28 @@ BVControlledStackWidget::~BVControlledStackWidget()
     m_entries->clear();
     delete m_navigation;
     delete m_entries;
+    m_entries = nullptr;
     if (m_controller && m_controller->getControlledStack() == this)
         m_controller->setControlledStack(nullptr);
+}
+
+/// Nothing is told of the current entry, as there is none left to go on with.
+void BVControlledStackWidget::leaveController()
+{
+    if (!m_entries) // at its end
+        return;
+    const QPointer<BVControlledStackWidget> guard(this);
+    m_navigation->hold();
+    m_entries->clear();
+    if (!guard)
+        return;
+    if (m_controller && m_needInputAction)
+        m_controller->removeAction(m_needInputAction);
+    m_tree = nullptr;
+    m_controller = nullptr;
+    delete m_navigation;
+    m_navigation = new BVStackNavigation(this); // of no tree
+    updateStackVisibility();
 }
 
 BVStackControllerWidget *BVControlledStackWidget::controller() const

@@ -14,6 +14,8 @@
 #include "itemviews/BVContainerListControl.h"
 #include "itemviews/BVDragTreeWidget.h"
 
+#include <utility>
+
 // Guards
 
 BVStackNavigation::Hold::Hold(BVStackNavigation *navigation)
@@ -48,6 +50,26 @@ BVStackNavigation::Unreported::~Unreported()
     }
 }
 
+BVStackNavigation::NetToggles::NetToggles(BVControlledStackItem *item)
+    : m_navigation(item && item->stackWidget() ? item->stackWidget()->m_navigation : nullptr)
+{
+    for (; m_navigation && item; item = item->parent()) {
+        m_items.append(item);
+        m_navigation->m_waiting.insert(item);
+    }
+}
+
+BVStackNavigation::NetToggles::~NetToggles()
+{
+    for (BVControlledStackItem *item : qAsConst(m_items)) {
+        if (!m_navigation)
+            return;
+        m_navigation->m_waiting.remove(item);
+        if (m_navigation->m_stack->isOwn(item))
+            m_navigation->reportToggle(item);
+    }
+}
+
 /// Remembers what was current before rows go.
 void BVStackNavigation::hold()
 {
@@ -78,6 +100,14 @@ void BVStackNavigation::reportHeldSelection()
         selectCurrent();
     else
         onSelectionChanged();
+}
+
+/// A selection that is kept silent is told of by those who do so.
+void BVStackNavigation::onRowsAboutToBeRemoved()
+{
+    const BVDragTreeWidget *tree = m_stack->tree();
+    if (tree && !tree->selectionModel()->signalsBlocked())
+        holdUntilRowsAreRemoved();
 }
 
 void BVStackNavigation::holdUntilRowsAreRemoved()
@@ -120,6 +150,13 @@ BVStackNavigation::BVStackNavigation(BVControlledStackWidget *stack)
         watchDrops(listControl);
 }
 
+template <void (BVControlledStackWidget::*signal)(BVControlledStackItem *)>
+void BVStackNavigation::forward(QTreeWidgetItem *row)
+{
+    if (BVControlledStackItem *item = BVStackTreeItem::entryOf(row))
+        Q_EMIT(m_stack->*signal)(item);
+}
+
 void BVStackNavigation::watchTree(BVDragTreeWidget *tree)
 {
     // Rows are deleted after the tree's end has begun, when it can no longer be asked.
@@ -131,17 +168,17 @@ void BVStackNavigation::watchTree(BVDragTreeWidget *tree)
         if (BVControlledStackItem *item = BVStackTreeItem::entryAtOrAbove(row))
             Q_EMIT m_stack->itemClicked(item);
     });
-    const auto forward = [this](auto signal) {
-        return [this, signal](QTreeWidgetItem *row) {
-            if (BVControlledStackItem *item = BVStackTreeItem::entryOf(row))
-                Q_EMIT(m_stack->*signal)(item);
-        };
-    };
     using Stack = BVControlledStackWidget;
-    connect(tree, &QTreeWidget::itemCollapsed, this, forward(&Stack::itemCollapsed));
-    connect(tree, &QTreeWidget::itemExpanded, this, forward(&Stack::itemExpanded));
-    connect(tree, &BVDragTreeWidget::sigItemHoverEnter, this, forward(&Stack::itemHoverEnter));
-    connect(tree, &BVDragTreeWidget::sigItemHoverLeave, this, forward(&Stack::itemHoverLeave));
+    connect(tree, &QTreeWidget::itemCollapsed, this,
+            &BVStackNavigation::forward<&Stack::itemCollapsed>);
+    connect(tree, &QTreeWidget::itemExpanded, this,
+            &BVStackNavigation::forward<&Stack::itemExpanded>);
+    connect(tree, &BVDragTreeWidget::sigItemHoverEnter, this,
+            &BVStackNavigation::forward<&Stack::itemHoverEnter>);
+    connect(tree, &BVDragTreeWidget::sigItemHoverLeave, this,
+            &BVStackNavigation::forward<&Stack::itemHoverLeave>);
+    connect(tree, &BVDragTreeWidget::sigRowsAboutToBeRemoved, this,
+            &BVStackNavigation::onRowsAboutToBeRemoved);
 }
 
 /// Every change of the structure passes here, whoever makes it.
@@ -245,7 +282,8 @@ void BVStackNavigation::onItemChanged(QTreeWidgetItem *row, int column)
 /// A row that was never checked by the program is new to the user when it is no longer unchecked.
 bool BVStackNavigation::hasNews(BVControlledStackItem *item) const
 {
-    if (!m_stack->isCheckableItems() || !item->isCheckable() || m_reporting.contains(item))
+    if (!m_stack->isCheckableItems() || !item->isCheckable() || m_reporting.contains(item) ||
+        m_waiting.contains(item))
         return false;
     return BVStackChecks::isReported(item) ? item->checkStateHasChanged()
                                            : item->getCheckState() != Qt::Unchecked;
@@ -319,6 +357,7 @@ void BVStackNavigation::onRowsRemoved(const QModelIndex &parent)
         if (tree->rootIsDecorated())
             m_stack->updateAutoRootDecoration();
     }
-    for (; guard && m_deletedRows > 0; --m_deletedRows)
+    // Slots may remove more rows, which hold and release on their own account.
+    for (int holds = std::exchange(m_deletedRows, 0); guard && holds > 0; --holds)
         release();
 }

@@ -122,6 +122,7 @@ private Q_SLOTS:
     void rowsChangedByTheUser();
     void rowsGoneUnderTheUser();
     void goingOutOfTurn();
+    void oneStackAtATime();
 
 private:
     std::unique_ptr<Fixture> m_fixture;
@@ -714,6 +715,28 @@ void tst_BVControlledStack::goingOutOfTurn()
     connect(stack.get(), &Stack::itemToggled, this, [&] { stack.reset(); });
     item->treeItem()->setCheckState(0, Qt::Checked);
     QVERIFY(!stack);
+}
+
+void tst_BVControlledStack::oneStackAtATime()
+{
+    Fixture &f = *m_fixture;
+    f.e->setCurrent();
+    f.stack.setNeedInputShortcutEnabled(true);
+    f.takeLog();
+    auto next = std::make_unique<Stack>(&f.controller);
+    QCOMPARE(f.controller.getControlledStack(), next.get());
+    QCOMPARE(f.tree()->topLevelItemCount(), 0);
+    QVERIFY(!f.stack.controller() && !f.stack.addItem(nullptr) && f.controller.actions().isEmpty());
+    QCOMPARE(f.takeLog(), QString());
+    Item *item = next->addItem(new QWidget);
+    item->setCurrent();
+    f.stack.setCurrentIndex(0);
+    f.stack.clear();
+    f.controller.setControlledStack(&f.stack);
+    QCOMPARE(f.controller.getControlledStack(), next.get());
+    QCOMPARE(next->getCurrentItem(), item);
+    next.reset();
+    QVERIFY(!f.controller.getControlledStack());
 }
 
 QTEST_MAIN(tst_BVControlledStack)
