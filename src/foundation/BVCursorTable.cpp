@@ -6,8 +6,10 @@ namespace {
 constexpr Qt::CursorShape s_shapes[] = {
     Qt::ArrowCursor,   Qt::IBeamCursor,    Qt::ForbiddenCursor,  Qt::SizeHorCursor,
     Qt::SizeVerCursor, Qt::OpenHandCursor, Qt::ClosedHandCursor, Qt::WaitCursor,
+    Qt::SizeHorCursor, Qt::SizeVerCursor,  Qt::SizeFDiagCursor,  Qt::SizeBDiagCursor,
 };
-static_assert(sizeof(s_shapes) / sizeof(*s_shapes) == size_t(BVCursorTable::Cursor::Busy) + 1);
+static_assert(sizeof(s_shapes) / sizeof(*s_shapes) ==
+              size_t(BVCursorTable::Cursor::ResizeRising) + 1);
 
 } // namespace
 

@@ -17,4 +17,26 @@ RegisterResizeableWidgetInterfaceEvent::RegisterResizeableWidgetInterfaceEvent(
 
 RegisterResizeableWidgetInterfaceEvent::~RegisterResizeableWidgetInterfaceEvent() = default;
 
+void RegisterResizeableWidgetInterfaceEvent::setGuard(QObject *guard)
+{
+    m_guard = guard;
+    m_isGuarded = true;
+}
+
+bool RegisterResizeableWidgetInterfaceEvent::isTakenBack() const
+{
+    return m_isGuarded && !m_guard;
+}
+
+ResizeableWidgetInterface *
+RegisterResizeableWidgetInterfaceEvent::getResizeableWidgetInterface() const
+{
+    return isTakenBack() ? nullptr : m_interface;
+}
+
+QWidget *RegisterResizeableWidgetInterfaceEvent::getResizableWidget() const
+{
+    return isTakenBack() ? nullptr : m_widget.data();
+}
+
 } // namespace Brimvale

@@ -4,14 +4,17 @@
 #include "BVWidgetsExport.h"
 
 #include <QEvent>
-
-class QWidget;
+#include <QPointer>
+#include <QWidget>
 
 namespace Brimvale {
 
 class ResizeableWidgetInterface;
 
 /// Tells the main window that a resizable widget has come or goes. Owns nothing that it points to.
+///
+/// A posted event may arrive when its sender is gone, or has taken it back; it tells nulls then and
+/// is to be ignored.
 class BVWIDGETS_EXPORT RegisterResizeableWidgetInterfaceEvent : public QEvent
 {
 public:
@@ -25,15 +28,22 @@ public:
     operator=(const RegisterResizeableWidgetInterfaceEvent &) = default;
     ~RegisterResizeableWidgetInterfaceEvent() override;
 
-    ResizeableWidgetInterface *getResizeableWidgetInterface() const { return m_interface; }
-    QWidget *getResizableWidget() const { return m_widget; }
+    /// Makes the event tell nulls once @p guard, which must not be null, is gone.
+    void setGuard(QObject *guard);
+
+    ResizeableWidgetInterface *getResizeableWidgetInterface() const;
+    QWidget *getResizableWidget() const;
     /// The flag as the constructor was given it: false registers, true takes the registration back.
     bool deregister() const { return m_deregister; }
 
 private:
+    bool isTakenBack() const;
+
     ResizeableWidgetInterface *m_interface;
-    QWidget *m_widget;
+    QPointer<QWidget> m_widget;
+    QPointer<QObject> m_guard;
     bool m_deregister;
+    bool m_isGuarded = false;
 };
 
 } // namespace Brimvale

@@ -4,8 +4,8 @@
 #include "BVWidgetsExport.h"
 
 #include <QEvent>
-
-class QWidget;
+#include <QPointer>
+#include <QWidget>
 
 namespace Brimvale {
 
@@ -20,11 +20,12 @@ public:
     ResizeWidgetCloseEvent &operator=(const ResizeWidgetCloseEvent &) = default;
     ~ResizeWidgetCloseEvent() override;
 
-    /// The widget whose place holder is to close; not owned, may be null.
+    /// The widget whose place holder is to close; not owned, may be null, and is so when it is
+    /// gone.
     QWidget *getParentWidget() const { return m_parentWidget; }
 
 private:
-    QWidget *m_parentWidget;
+    QPointer<QWidget> m_parentWidget;
 };
 
 } // namespace Brimvale

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "layout/MainWidget.h"
+
+#include "layout/BVPanelGeometry_p.h"
+#include "layout/BVPanelShadow_p.h"
+
+#include <QChildEvent>
+#include <QPropertyAnimation>
+#include <QStyle>
+
+MainWidget::MainWidget(QWidget *window)
+    : QWidget(window)
+    , m_animation(new QPropertyAnimation(this, "geometry", this))
+    , m_shadow(std::make_unique<BVPanelShadow>(window))
+{
+    setAttribute(Qt::WA_StyledBackground);
+    setAutoFillBackground(true);
+    m_animation->setEasingCurve(QEasingCurve::OutCubic);
+    connect(m_animation, &QPropertyAnimation::finished, this, &MainWidget::onAnimationFinished);
+    window->installEventFilter(this);
+    hide();
+}
+
+MainWidget::~MainWidget() = default;
+
+void MainWidget::setContent(QWidget *content)
+{
+    m_content = content;
+    m_contentObject = content;
+    content->setParent(this);
+    content->setGeometry(rect());
+    content->show();
+}
+
+QWidget *MainWidget::content() const
+{
+    return m_content;
+}
+
+void MainWidget::setGeometryWithAnimation(const QRect &rect, int durationMs, bool returning)
+{
+    m_animation->stop();
+    m_returning = returning;
+    m_animation->setDuration(qMax(0, durationMs));
+    m_animation->setStartValue(geometry());
+    m_animation->setEndValue(rect);
+    const bool isAnimated =
+        durationMs > 0 && isVisible() && rect != geometry() &&
+        style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
+    if (isAnimated)
+        return m_animation->start();
+    setGeometry(rect);
+    onAnimationFinished();
+}
+
+QRect MainWidget::targetGeometry() const
+{
+    return isAnimating() ? m_animation->endValue().toRect() : geometry();
+}
+
+bool MainWidget::isAnimating() const
+{
+    return m_animation->state() == QAbstractAnimation::Running;
+}
+
+QRect MainWidget::availableArea() const
+{
+    return BVPanelGeometry::availableArea(parentWidget()->size(),
+                                          parentWidget()->contentsMargins());
+}
+
+void MainWidget::onAnimationFinished()
+{
+    m_animation->stop();
+    Q_EMIT sigAnimationFinished(m_returning);
+}
+
+bool MainWidget::event(QEvent *event)
+{
+    const bool result = QWidget::event(event);
+    switch (event->type()) {
+    case QEvent::Resize:
+        if (m_content)
+            m_content->setGeometry(rect()); // whatever its size policy is
+        m_shadow->follow(this);
+        break;
+    case QEvent::Move:
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+        m_shadow->follow(this);
+        break;
+    case QEvent::ZOrderChange:
+        m_shadow->stackUnder(this);
+        break;
+    case QEvent::ChildRemoved:
+        leaveWith(static_cast<QChildEvent *>(event)->child());
+        break;
+    default:
+        break;
+    }
+    return result;
+}
+
+void MainWidget::leaveWith(const QObject *child)
+{
+    // The content is a mere QObject here when it is being deleted.
+    if (m_contentObject != child || !child)
+        return;
+    m_contentObject = nullptr;
+    hide();
+    deleteLater();
+}
+
+bool MainWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != parentWidget())
+        return QWidget::eventFilter(watched, event);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::ContentsRectChange)
+        keepInWindow();
+    else if (event->type() == QEvent::ChildAdded && isVisible())
+        raise(); // a sibling begins on top; what wants to stay above the panel raises itself later
+    return false;
+}
+
+void MainWidget::keepInWindow()
+{
+    if (isAnimating() && m_returning)
+        return;
+    const QRect target = targetGeometry();
+    const QRect inside = BVPanelGeometry::clamped(availableArea(), target);
+    if (inside != target)
+        setGeometryWithAnimation(inside, 0, false);
+}
