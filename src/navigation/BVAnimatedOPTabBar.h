@@ -44,6 +44,4 @@ public:
     /// 2 only digits, parentheses and full stops, at 3 the first letter, or the first three
     /// characters of letters in parentheses. A form may be empty.
     static void fillTextReducingMap(QMap<int, QString> &map, const QString &text);
-
-    void setDarkStyle(int index, bool dark) override;
 };

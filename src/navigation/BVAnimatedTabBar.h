@@ -119,7 +119,7 @@ public:
     QString imageUrl(int index) const;
     void setImageUrl(int index, const QString &url);
     bool isDarkStyle(int index) const;
-    virtual void setDarkStyle(int index, bool dark);
+    void setDarkStyle(int index, bool dark);
     QString darkStyleImageUrl(int index) const;
     void setDarkStyleImageUrl(int index, const QString &url);
     QString imageAfterTabs() const;
@@ -199,7 +199,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     friend class BVTabBarAccessible;
