@@ -421,6 +421,7 @@ void BVAnimatedTabBar::wheelEvent(QWheelEvent *event)
         event->ignore();
         return;
     }
+    event->accept();
     const QPoint delta = event->angleDelta();
     m_parts->m_wheel += delta.y() != 0 ? delta.y() : delta.x();
     const int steps = m_parts->m_wheel / QWheelEvent::DefaultDeltasPerStep;

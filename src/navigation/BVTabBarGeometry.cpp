@@ -78,8 +78,9 @@ BVTabBarLayout::Request BVTabBarGeometry::request() const
 
 const BVTabBarLayout::Result &BVTabBarGeometry::layout() const
 {
-    if (!m_isLaidOut) {
+    if (!m_isLaidOut || m_laidOutSize != m_bar->size()) { // hidden bars hear of their size later
         measure();
+        m_laidOutSize = m_bar->size();
         m_layout = BVTabBarLayout::layOut(request());
         m_shown = -1;
         m_isLaidOut = true;

@@ -50,6 +50,7 @@ private:
     QString m_imageAfterTabs;
     mutable QVector<BVTabBarLayout::Tab> m_sizes;
     mutable BVTabBarLayout::Result m_layout;
+    mutable QSize m_laidOutSize; // of the bar
     mutable QVector<QString> m_shownTexts;
     mutable int m_shown = -1; // the id of the tab to be scrolled into sight; -1 for none
     mutable bool m_isMeasured = false;

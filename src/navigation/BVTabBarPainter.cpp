@@ -18,6 +18,7 @@ constexpr int s_statusPlace = 4;           // px from the start of the tab to th
 constexpr int s_statusSize = 8;            // px, with its rim, which sets it off from any fill
 constexpr double s_statusRim = 1.5;        // px
 constexpr double s_disabledOpacity = 0.45; // of icons and images
+constexpr int s_stripHeight = 2;           // px
 constexpr int s_markHeight = 3;            // px
 constexpr double s_focusInset = 2.5;       // px between the edge of the tab and its focus frame
 constexpr int s_chevronWidth = 4;          // px
@@ -96,6 +97,9 @@ void BVTabBarPainter::paint(const QRect &clip)
         if ((place.m_tab | place.m_image).intersects(visible))
             paintTab(index);
     }
+    m_painter->setClipping(false);
+    paintBaseLine();
+    m_painter->setClipping(true);
     paintFocus();
     const Part hovered = m_parts->m_hover.part();
     const bool rightToLeft = m_bar->isRightToLeft();
@@ -144,7 +148,16 @@ QColor BVTabBarPainter::textColor(const BVTab &tab) const
 void BVTabBarPainter::paintBackground()
 {
     m_painter->fillRect(m_bar->rect(), brush(BVTabBarGradient::Bar));
-    m_painter->fillRect(0, m_bar->height() - 1, m_bar->width(), 1, QColor(BVTabBarColors::s_line));
+}
+
+/// A line below all tabs; the current one stands open towards its page.
+void BVTabBarPainter::paintBaseLine()
+{
+    QRegion line(0, m_bar->height() - 1, m_bar->width(), 1);
+    const QRect current = m_layout.m_places.value(m_parts->m_tabs.current()).m_tab;
+    line -= current & m_layout.m_area;
+    for (const QRect &piece : line)
+        m_painter->fillRect(piece, QColor(BVTabBarColors::s_line));
 }
 
 void BVTabBarPainter::paintTab(int index)
@@ -176,11 +189,18 @@ void BVTabBarPainter::paintShape(int index)
     if (current < 1.0 && hovered > 0.0 && isEnabled(tab))
         fillShape(rect, brush(fills.m_hovered), hovered);
     if (current > 0.0)
-        fillShape(rect,
-                  tab.m_darkStyle ? QBrush(QColor(BVTabBarColors::s_dark))
-                                  : brush(BVTabBarGradient::CurrentTab),
-                  current);
+        fillCurrent(rect, tab.m_darkStyle, current);
     m_painter->strokePath(tabShape(rect, 0.5), QColor(BVTabBarColors::s_line));
+}
+
+/// The current tab has a strip along its upper edge.
+void BVTabBarPainter::fillCurrent(const QRect &rect, bool isDark, double strength)
+{
+    const QColor dark(BVTabBarColors::s_dark);
+    const QColor bright(BVTabBarColors::s_bright);
+    fillShape(rect, isDark ? bright : dark, strength);
+    fillShape(rect.adjusted(0, s_stripHeight, 0, 0),
+              isDark ? QBrush(dark) : brush(BVTabBarGradient::CurrentTab), strength);
 }
 
 void BVTabBarPainter::paintMark(int index)

@@ -22,6 +22,7 @@ public:
 
 private:
     void paintBackground();
+    void paintBaseLine();
     void paintTab(int index);
     void paintShape(int index);
     void paintMark(int index);
@@ -34,6 +35,7 @@ private:
     void paintFocus();
     void paintArrow(const QRect &rect, bool pointsLeft, bool isHovered);
 
+    void fillCurrent(const QRect &rect, bool isDark, double strength);
     void fillShape(const QRect &rect, const QBrush &brush, double strength);
     QBrush brush(BVTabBarGradient gradient) const;
     bool isEnabled(const BVTab &tab) const;

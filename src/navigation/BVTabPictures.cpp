@@ -3,6 +3,7 @@
 
 #include "platform/SvgIcon.h"
 
+#include <QImageReader>
 #include <QPainter>
 
 namespace {
@@ -44,10 +45,8 @@ QSize BVTabPictures::sizeOf(const QString &url, int height)
     if (url.isEmpty())
         return QSize();
     auto known = m_sizes.constFind(url);
-    if (known == m_sizes.constEnd()) {
-        const QSize own = icon(url).availableSizes().value(0);
-        known = m_sizes.insert(url, icon(url).isNull() || own.isEmpty() ? QSize() : own);
-    }
+    if (known == m_sizes.constEnd())
+        known = m_sizes.insert(url, icon(url).isNull() ? QSize() : QImageReader(url).size());
     if (known->isEmpty() || known->height() <= height)
         return *known;
     return known->scaled(known->width(), height, Qt::KeepAspectRatio);
