@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int s_width = 6000; // px, all 50 tabs are in sight
+constexpr int s_width = 8000; // px, all 50 tabs are in sight
 constexpr int s_height = 32;  // px
 
 QString text(int i)

@@ -10,14 +10,19 @@ struct StateIcon
     BVAnimatedOPTabBar::OperationRole role;
     const char *name;
     const char *darkName; // null: the same
+    const char *text;
 };
 
 // The first state that is set decides.
 constexpr StateIcon s_stateIcons[] = {
-    {BVAnimatedOPTabBar::OperationSkipped, "icon_jump", nullptr},
-    {BVAnimatedOPTabBar::OperationLocked, "icon_lock", "icon_lock_bright"},
-    {BVAnimatedOPTabBar::OperationSemiLocked, "icon_semi_locked", nullptr},
-    {BVAnimatedOPTabBar::OperationCycled, "icon_cycled", nullptr},
+    {BVAnimatedOPTabBar::OperationSkipped, "icon_jump", nullptr,
+     QT_TRANSLATE_NOOP("BVAnimatedOPTabBar", "skipped")},
+    {BVAnimatedOPTabBar::OperationLocked, "icon_lock", "icon_lock_bright",
+     QT_TRANSLATE_NOOP("BVAnimatedOPTabBar", "locked")},
+    {BVAnimatedOPTabBar::OperationSemiLocked, "icon_semi_locked", nullptr,
+     QT_TRANSLATE_NOOP("BVAnimatedOPTabBar", "partly locked")},
+    {BVAnimatedOPTabBar::OperationCycled, "icon_cycled", nullptr,
+     QT_TRANSLATE_NOOP("BVAnimatedOPTabBar", "cycled")},
 };
 
 constexpr int s_longestLetters = 3; // that a text in parentheses keeps
@@ -72,7 +77,7 @@ void BVAnimatedOPTabBar::updateOPState(int index)
     for (const StateIcon &state : s_stateIcons) {
         if (!data(index, state.role).toBool())
             continue;
-        setIconUrls(index, pictureUrl(state.name), pictureUrl(state.darkName));
+        setIcon(index, pictureUrl(state.name), pictureUrl(state.darkName), tr(state.text));
         return;
     }
     setIconUrl(index, QString());

@@ -352,9 +352,37 @@ bool BVAnimatedTabBar::event(QEvent *event)
 void BVAnimatedTabBar::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+    switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
         m_parts->m_geometry.remeasure();
-    onTabsChanged();
+        onTabsChanged();
+        break;
+    case QEvent::LayoutDirectionChange:
+        onTabsChanged();
+        break;
+    case QEvent::EnabledChange:
+        if (!isEnabled())
+            endInput();
+        update();
+        break;
+    default:
+        break;
+    }
+}
+
+void BVAnimatedTabBar::hideEvent(QHideEvent *event)
+{
+    endInput();
+    m_parts->m_hover.leave();
+    QWidget::hideEvent(event);
+}
+
+/// The release of a pressed button will not come.
+void BVAnimatedTabBar::endInput()
+{
+    m_parts->m_autoScroll.stop();
+    m_parts->m_press.cancel();
 }
 
 void BVAnimatedTabBar::resizeEvent(QResizeEvent * /*event*/)

@@ -179,8 +179,9 @@ protected:
     using TextReducing = std::function<void(QMap<int, QString> &, const QString &)>;
     /// With no function, texts are only elided.
     void setTextReducing(const TextReducing &reducing);
-    /// Sets the icon for bright tabs and the one for dark tabs, if that is another one.
-    void setIconUrls(int index, const QString &url, const QString &darkUrl);
+    /// Sets the icon for bright tabs, the one for dark tabs, if that is another one, and what
+    /// assistive technology hears of it.
+    void setIcon(int index, const QString &url, const QString &darkUrl, const QString &text);
 
     using BVWidgetInterface::getStatusWidget;
     /// The tabs have no widgets of their own: null.
@@ -190,6 +191,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -205,6 +207,7 @@ private:
 
     void hideOrShow();
     void onTabsChanged();
+    void endInput();
 
     const std::unique_ptr<BVTabBarParts> m_parts;
 };

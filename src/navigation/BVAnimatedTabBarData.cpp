@@ -119,10 +119,11 @@ QString BVAnimatedTabBar::iconUrl(int index) const
 
 void BVAnimatedTabBar::setIconUrl(int index, const QString &url)
 {
-    setIconUrls(index, url, QString());
+    setIcon(index, url, QString(), QString());
 }
 
-void BVAnimatedTabBar::setIconUrls(int index, const QString &url, const QString &darkUrl)
+void BVAnimatedTabBar::setIcon(int index, const QString &url, const QString &darkUrl,
+                               const QString &text)
 {
     BVTab *tab = m_parts->m_tabs.find(index);
     if (!tab)
@@ -130,6 +131,8 @@ void BVAnimatedTabBar::setIconUrls(int index, const QString &url, const QString 
     const bool isOther = change(tab->m_iconUrl, url);
     if (change(tab->m_darkStyleIconUrl, darkUrl) || isOther)
         onTabsChanged();
+    if (change(tab->m_iconText, text))
+        BVTabBarAccessible::announce(this, index, QAccessible::DescriptionChanged);
 }
 
 QString BVAnimatedTabBar::imageUrl(int index) const

@@ -37,6 +37,14 @@ QString statusText(BVWidgetStatus::Status status)
     return QString();
 }
 
+/// What the tab shows beside its text.
+QString descriptionOf(const BVTab &tab)
+{
+    QStringList parts = {tab.m_iconText, statusText(tab.m_status)};
+    parts.removeAll(QString());
+    return parts.join(QLatin1String(", "));
+}
+
 QString closeAction()
 {
     return QStringLiteral("Close");
@@ -89,7 +97,7 @@ public:
             return tab()->m_text;
         if (kind == QAccessible::Help)
             return tab()->m_toolTip;
-        return kind == QAccessible::Description ? statusText(tab()->m_status) : QString();
+        return kind == QAccessible::Description ? descriptionOf(*tab()) : QString();
     }
 
     QAccessible::State state() const override

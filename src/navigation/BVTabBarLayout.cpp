@@ -9,6 +9,7 @@ namespace {
 
 constexpr int s_sidePadding = 16;  // px; the status dot stands in it
 constexpr int s_buttonPadding = 7; // px between a button and the end of the tab
+constexpr int s_buttonGap = 2;     // px between buttons
 constexpr int s_gap = 6;           // px between icon, text and buttons
 constexpr int s_tabSpacing = 1;    // px between tabs
 constexpr int s_imageSpacing = 3;  // px on either side of an image
@@ -22,7 +23,9 @@ int imageSlot(const Tab &tab)
 int buttonsWidth(const Tab &tab)
 {
     const int count = int(tab.m_hasCloseButton) + int(tab.m_hasMenuButton);
-    return count == 0 ? s_sidePadding : s_gap + count * s_buttonSize + s_buttonPadding;
+    if (count == 0)
+        return s_sidePadding;
+    return s_gap + count * s_buttonSize + (count - 1) * s_buttonGap + s_buttonPadding;
 }
 
 int iconSlot(const Tab &tab)
@@ -98,7 +101,7 @@ Place placeOf(const Tab &tab, int textWidth, const QRect &rect)
     x += textWidth + s_gap;
     if (tab.m_hasMenuButton) {
         place.m_menuButton = QPolygon(centered(x, s_buttonSize, rect));
-        x += s_buttonSize;
+        x += s_buttonSize + s_buttonGap;
     }
     if (tab.m_hasCloseButton)
         place.m_closeButton = QPolygon(centered(x, s_buttonSize, rect));

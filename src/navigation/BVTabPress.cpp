@@ -75,13 +75,24 @@ void BVTabPress::release(const QPoint &position)
     const int tab = std::exchange(m_pressed, -1);
     const BVTabBarLayout::Hit hit = BVTabBarLayout::hitAt(m_geometry->layout(), position);
     const bool isOnCurrent = hit.m_index >= 0 && hit.m_index == m_tabs->current();
-    if (tab < 0 || !isOnCurrent || m_tabs->idAt(hit.m_index) != tab) {
-        if (!m_isMenuOpen)
-            m_menuDelay.stop(); // let go elsewhere
-        lift(tab);
+    if (tab >= 0 && isOnCurrent && m_tabs->idAt(hit.m_index) == tab)
+        click(hit, hit.m_part == Part::CloseButton);
+    else
+        letGo(tab);
+}
+
+void BVTabPress::cancel()
+{
+    letGo(std::exchange(m_pressed, -1));
+}
+
+/// The press on the tab has come to nothing.
+void BVTabPress::letGo(int tab)
+{
+    if (tab < 0)
         return;
-    }
-    click(hit, hit.m_part == Part::CloseButton);
+    m_menuDelay.stop();
+    lift(tab);
 }
 
 void BVTabPress::click(const BVTabBarLayout::Hit &hit, bool closes)

@@ -23,6 +23,8 @@ public:
 
     void press(const QPoint &position);
     void release(const QPoint &position);
+    /// The press ends without a release.
+    void cancel();
     /// Between a press on a tab and its release.
     bool isPressing() const { return m_pressed >= 0; }
     /// Asks at once for the menu of a tab that has a menu button.
@@ -40,6 +42,7 @@ private:
     void select(const BVTabBarLayout::Hit &hit);
     void pressCurrent(const BVTabBarLayout::Hit &hit);
     void click(const BVTabBarLayout::Hit &hit, bool closes);
+    void letGo(int tab);
     void lift(int tab);
     void requestMenu();
     void setState(int tab, BVTab::State state, bool on);

@@ -28,6 +28,7 @@ struct BVTab
     QMap<int, QVariant> m_data; // by role
     QString m_iconUrl;
     QString m_darkStyleIconUrl; // empty: as on bright tabs
+    QString m_iconText;         // what the icon tells those who do not see it
     QString m_imageUrl;         // empty: that of the bar
     QString m_darkStyleImageUrl;
     bool m_darkStyle = false;
