@@ -12,7 +12,7 @@ constexpr int s_buttonPadding = 7; // px between a button and the end of the tab
 constexpr int s_buttonGap = 2;     // px between buttons
 constexpr int s_gap = 6;           // px between icon, text and buttons
 constexpr int s_tabSpacing = 1;    // px between tabs
-constexpr int s_imageSpacing = 3;  // px on either side of an image
+constexpr int s_imageSpacing = 1;  // px on either side of an image
 constexpr int s_noCap = 1 << 24;   // px, no text is as wide
 
 int imageSlot(const Tab &tab)

@@ -7,7 +7,7 @@
 #include "navigation/BVTabBarGeometry_p.h"
 
 #include <QMenu>
-#include <QMouseEvent>
+#include <QTimerEvent>
 
 #include <utility>
 
@@ -62,7 +62,7 @@ void BVTabPress::pressCurrent(const BVTabBarLayout::Hit &hit)
 {
     if (hit.m_part == Part::CloseButton) {
         setState(m_pressed, BVTab::ClosePressed, true);
-    } else if (hit.m_part == Part::MenuButton && !m_isMenuOpen) {
+    } else if (hit.m_part == Part::MenuButton && !m_isMenuOpen) { // not the press that closes it
         m_menuTab = m_pressed;
         m_menuDelay.start(s_menuDelay, this);
         setState(m_menuTab, BVTab::MenuPressed, true);
@@ -128,7 +128,10 @@ void BVTabPress::setState(int tab, BVTab::State state, bool on)
 void BVTabPress::timerEvent(QTimerEvent * /*event*/)
 {
     m_menuDelay.stop();
-    requestMenu();
+    if (m_tabs->indexOf(m_menuTab) == m_tabs->current())
+        requestMenu();
+    else
+        setState(m_menuTab, BVTab::MenuPressed, false); // the user has gone on
 }
 
 void BVTabPress::askForMenu(int index)
@@ -154,12 +157,6 @@ void BVTabPress::requestMenu()
         setState(tab, BVTab::MenuPressed, false); // nobody has opened a menu
 }
 
-QRect BVTabPress::menuButtonRect(int index) const
-{
-    const QRect box = m_geometry->layout().m_places.at(index).m_menuButton.boundingRect();
-    return {m_bar->mapToGlobal(box.topLeft()), box.size()};
-}
-
 void BVTabPress::showMenu(int index, QMenu *menu)
 {
     const BVTab *tab = m_tabs->find(index);
@@ -172,7 +169,6 @@ void BVTabPress::showMenu(int index, QMenu *menu)
     m_menu = menu;
     setState(id, BVTab::MenuPressed, true);
     endHeldPress(index);
-    menu->installEventFilter(this);
     const QPointer<BVAnimatedTabBar> bar = m_bar;
     menu->exec(menuCorner(index, menu->sizeHint().width()));
     if (bar)
@@ -181,8 +177,6 @@ void BVTabPress::showMenu(int index, QMenu *menu)
 
 void BVTabPress::menuClosed(int tab)
 {
-    if (m_menu)
-        m_menu->removeEventFilter(this);
     m_menu = nullptr;
     m_isMenuOpen = false;
     m_menuTab = -1;
@@ -200,9 +194,9 @@ void BVTabPress::endHeldPress(int index)
 
 QPoint BVTabPress::menuCorner(int index, int menuWidth) const
 {
-    const QRect button = menuButtonRect(index);
+    const QRect button = m_geometry->layout().m_places.at(index).m_menuButton.boundingRect();
     const int x = m_bar->isRightToLeft() ? button.right() - menuWidth : button.left();
-    return {x, button.bottom()};
+    return m_bar->mapToGlobal(QPoint(x, button.bottom()));
 }
 
 void BVTabPress::forgetGoneTabs()
@@ -214,16 +208,4 @@ void BVTabPress::forgetGoneTabs()
     m_menuDelay.stop();
     if (m_menu)
         m_menu->close();
-}
-
-/// The press that closes the menu on its own button does not open it again.
-bool BVTabPress::eventFilter(QObject *watched, QEvent *event)
-{
-    const int index = m_tabs->indexOf(m_menuTab);
-    if (watched == m_menu && event->type() == QEvent::MouseButtonPress && index >= 0) {
-        const QPoint position = static_cast<QMouseEvent *>(event)->globalPos();
-        if (menuButtonRect(index).contains(position))
-            m_menu->setAttribute(Qt::WA_NoMouseReplay);
-    }
-    return QObject::eventFilter(watched, event);
 }

@@ -33,8 +33,6 @@ public:
     /// A tab has been removed.
     void forgetGoneTabs();
 
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 protected:
     void timerEvent(QTimerEvent *event) override;
 
@@ -49,8 +47,7 @@ private:
     bool isMenuPending() const { return m_menuDelay.isActive() || m_isMenuOpen; }
     void endHeldPress(int index);
     void menuClosed(int tab);
-    QPoint menuCorner(int index, int menuWidth) const;
-    QRect menuButtonRect(int index) const; // on the screen
+    QPoint menuCorner(int index, int menuWidth) const; // on the screen
 
     BVAnimatedTabBar *m_bar;
     BVTabList *m_tabs;

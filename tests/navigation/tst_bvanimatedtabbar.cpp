@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "navigation/BVAnimatedOPTabBar.h"
 #include "platform/WidgetTrackerSingleton.h"
+#include "style/StyleSheetHandler.h"
 
 #include "TestSupport.h"
 
@@ -128,6 +129,7 @@ private Q_SLOTS:
     void lookUps();
     void hidesForOne();
     void toolButtons();
+    void followsStyle();
     void toolTips();
     void layoutIsLazy();
     void motion();
@@ -369,6 +371,22 @@ void tst_BVAnimatedTabBar::toolButtons()
     QVERIFY(button->geometry().right() < second->x());
 }
 
+void tst_BVAnimatedTabBar::followsStyle()
+{
+    Brimvale::StyleSheetHandler sheets(true);
+    sheets.load(":/Style/General/BVSimpleApplication.css");
+    Scene scene;
+    const auto sizeFor = [&](int points) {
+        sheets.setDefinedFontSize(points);
+        scene.m_window.setStyleSheet(sheets.getStyleSheet());
+        return scene.m_bar->sizeHint();
+    };
+    const QSize small = sizeFor(11);
+    const QSize large = sizeFor(22);
+    QCOMPARE(scene.m_bar->font().pointSize(), 22);
+    QVERIFY(large.width() > small.width() && large.height() > small.height());
+}
+
 void tst_BVAnimatedTabBar::toolTips()
 {
     Scene scene;
@@ -430,6 +448,7 @@ void tst_BVAnimatedTabBar::accessibility()
     Scene scene;
     BVAnimatedTabBar &bar = *scene.m_bar;
     bar.setWidgetStatus(1, BVWidgetStatus::NeedInput);
+    bar.setItemToolTip(1, "tip");
     QAccessibleInterface *list = QAccessible::queryAccessibleInterface(&bar);
     QCOMPARE(list->role(), QAccessible::PageTabList);
     QCOMPARE(list->childCount(), 4);
@@ -437,6 +456,7 @@ void tst_BVAnimatedTabBar::accessibility()
     QCOMPARE(tab->role(), QAccessible::PageTab);
     QCOMPARE(tab->text(QAccessible::Name), QString("bbbb"));
     QCOMPARE(tab->text(QAccessible::Description), QString("needs input"));
+    QCOMPARE(tab->text(QAccessible::Help), QString("tip"));
     QVERIFY(!tab->state().selected && list->child(2)->state().disabled);
     const QRect place = tab->rect();
     QCOMPARE(list->childAt(place.center().x(), place.center().y()), tab);
@@ -484,6 +504,8 @@ void tst_BVAnimatedTabBar::operationIcons()
     }
     bar.setDarkStyle(0, dark);
     QTEST(urlName(bar.iconUrl(0)), "icon");
+    QAccessibleInterface *tab = QAccessible::queryAccessibleInterface(&bar)->child(0);
+    QCOMPARE(tab->text(QAccessible::Description).isEmpty(), roles.isEmpty());
     if (roles.contains(271)) {
         bar.setOperationSkipped(0, false);
         bar.setOperationLocked(0, false);

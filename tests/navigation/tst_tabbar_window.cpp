@@ -83,10 +83,8 @@ void tst_TabBarWindow::menuClosesOnItsButton()
     poll.start(20);
     QVERIFY(XdoTool::clickAt(m_bar, menuButton(0)));
     QTRY_VERIFY(clicked && !menu.isVisible());
-    QTest::qWait(0);
     QVERIFY((corner - m_bar->mapToGlobal(menuButton(0))).manhattanLength() < 30);
-    QVERIFY(XdoTool::clickAt(m_bar, m_bar->getTabRect(1).topLeft() + QPoint(20, 10)));
-    QTRY_COMPARE(m_bar->currentIndex(), 1); // all clicks have come through
+    QTest::qWait(300); // longer than a menu keeps one waiting
     QCOMPARE(requests, 1);
 }
 
