@@ -67,6 +67,13 @@ void FieldEditor::reset()
     updateStatus();
 }
 
+void FieldEditor::setLocked(bool lock)
+{
+    m_locked = lock;
+    m_lineEdit->setReadOnly(lock);
+    updateStatus();
+}
+
 bool FieldEditor::needsInput() const
 {
     return status()->isNeedInputStatus();
@@ -86,8 +93,11 @@ void FieldEditor::updateStatus()
     BVWidgetStatus::Stati stati;
     stati.setFlag(BVWidgetStatus::NeedInput, needsInput());
     stati.setFlag(BVWidgetStatus::UserEdit, m_edited);
+    stati.setFlag(BVWidgetStatus::StandardLocked, m_locked);
     if (differs && reference().isValid())
         stati |= s_differenceFlags;
+    stati.setFlag(BVWidgetStatus::ResetAvailable,
+                  !m_locked && stati.testFlag(BVWidgetStatus::ResetAvailable));
     for (const Control &control : m_controls) {
         control.widget->setProperty(BVReferenceValueInterface::s_property,
                                     differs ? reference() : QVariant());

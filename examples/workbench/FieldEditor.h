@@ -53,6 +53,9 @@ public:
         connect(control, &Widget::standardActionTriggered, this, &FieldEditor::onStandardAction);
     }
 
+    /// Whether the user may look at the value only.
+    void setLocked(bool lock);
+
     bool needsInput() const;
     /// Whether the reference and what the edit holds are not the same.
     bool isChanged() const;
@@ -99,4 +102,5 @@ private:
     std::vector<Control> m_controls; // the first is the edit
     bool m_showing = false;
     bool m_edited = false;
+    bool m_locked = false;
 };

@@ -17,6 +17,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -136,19 +137,33 @@ void FieldGroup::takeOver()
         editor->takeOver();
 }
 
+void FieldGroup::setLocked(bool lock)
+{
+    const BVStatusBatch batch;
+    for (FieldEditor *editor : m_editors)
+        editor->setLocked(lock);
+}
+
 bool FieldGroup::isChanged() const
 {
     return std::any_of(m_editors.begin(), m_editors.end(),
                        [](const FieldEditor *editor) { return editor->isChanged(); });
 }
 
+std::vector<FieldEditor *> FieldGroup::editorsNeedingInput() const
+{
+    std::vector<FieldEditor *> editors;
+    if (isEnabled())
+        std::copy_if(m_editors.begin(), m_editors.end(), std::back_inserter(editors),
+                     [](const FieldEditor *editor) { return editor->needsInput(); });
+    return editors;
+}
+
 QStringList FieldGroup::fieldsNeedingInput() const
 {
     QStringList labels;
-    for (const FieldEditor *editor : m_editors) {
-        if (isEnabled() && editor->needsInput())
-            labels << editor->field().labelText();
-    }
+    for (const FieldEditor *editor : editorsNeedingInput())
+        labels << editor->field().labelText();
     return labels;
 }
 

@@ -37,9 +37,14 @@ public:
     /// Takes over what is being typed.
     void takeOver();
 
+    /// Whether the user may look at the values only.
+    void setLocked(bool lock);
+
     /// Whether anything differs from the reference.
     bool isChanged() const;
-    /// The labels of the fields that need input; none while the group is disabled.
+    /// The editors of the fields that need input; none while the group is disabled.
+    std::vector<FieldEditor *> editorsNeedingInput() const;
+    /// Their labels.
     QStringList fieldsNeedingInput() const;
     /// Gives the focus to the next field that needs input, seen from the one that has it, from the
     /// first again after the last.

@@ -62,6 +62,7 @@ void OperationList::setOperations(const std::vector<OperationSetup> &operations)
         append(operation);
     if (index >= 0 && m_group->itemAt(index))
         m_group->itemAt(index)->setCurrent();
+    Q_EMIT changed();
 }
 
 std::vector<OperationSetup> OperationList::operations() const
@@ -76,10 +77,15 @@ std::vector<OperationSetup> OperationList::operations() const
 QList<OperationPage *> OperationList::pages() const
 {
     QList<OperationPage *> pages;
-    const QList<BVControlledStackItem *> items = m_group->getChildItems();
+    const QList<BVControlledStackItem *> items = entries();
     for (const BVControlledStackItem *item : items)
         pages.append(pageOf(item));
     return pages;
+}
+
+QList<BVControlledStackItem *> OperationList::entries() const
+{
+    return m_group->getChildItems();
 }
 
 BVControlledStackItem *OperationList::add(int kind)
@@ -123,6 +129,19 @@ void OperationList::remove(BVControlledStackItem *item)
     if (!isOperation(item))
         return;
     item->stackWidget()->removeItem(item);
+    Q_EMIT changed();
+}
+
+void OperationList::setState(BVControlledStackItem *item, State state, bool on)
+{
+    if (!isOperation(item))
+        return;
+    if (state == Skipped)
+        return item->setChecked(!on); // tells of it
+    if (state == Locked)
+        pageOf(item)->setLocked(on);
+    else
+        pageOf(item)->setCycled(on);
     Q_EMIT changed();
 }
 

@@ -20,6 +20,9 @@ class OperationList : public QObject
     Q_OBJECT
 
 public:
+    /// What the user can say of an operation.
+    enum State { Skipped, Locked, Cycled };
+
     /// For the entries below @p group, which outlives the list.
     OperationList(BVControlledStackItem *group, QObject *parent);
 
@@ -28,10 +31,14 @@ public:
     std::vector<OperationSetup> operations() const;
     /// In their order.
     QList<OperationPage *> pages() const;
+    /// Their entries.
+    QList<BVControlledStackItem *> entries() const;
 
     /// Adds one at the end, with a name that no other has.
     BVControlledStackItem *add(int kind);
     void remove(BVControlledStackItem *item);
+    /// Ignored for entries that are not of operations.
+    void setState(BVControlledStackItem *item, State state, bool on);
     /// Whether the entry is one of an operation.
     bool isOperation(const BVControlledStackItem *item) const;
     /// Where the next entry will be, in the navigation tree's viewport.

@@ -22,14 +22,13 @@ OperationPage::OperationPage(const OperationSetup &operation, QWidget *parent)
                SetupFields::translated(OperationKinds::kind(operation.kind).purpose),
                createGroup(OperationKinds::kind(operation.kind)), parent)
     , m_operation(operation)
-    , m_skipped(new BVInfoArea(this))
+    , m_states(new BVInfoArea(this))
 {
-    m_skipped->setIconType(BVInfoArea::Information);
-    m_skipped->setMessage(
-        tr("This operation is skipped. Check it in the navigation to have it carried out."));
-    insertAboveGroup(m_skipped);
+    m_states->setIconType(BVInfoArea::Information);
+    insertAboveGroup(m_states);
     group()->load(operation.values);
     setSkipped(operation.isSkipped);
+    setLocked(operation.isLocked);
 }
 
 OperationSetup OperationPage::operation() const
@@ -48,8 +47,32 @@ void OperationPage::setName(const QString &name)
 void OperationPage::setSkipped(bool skip)
 {
     m_operation.isSkipped = skip;
-    m_skipped->setVisible(skip);
     group()->setEnabled(!skip);
+    showStates();
+}
+
+void OperationPage::setLocked(bool lock)
+{
+    m_operation.isLocked = lock;
+    group()->setLocked(lock);
+    showStates();
+}
+
+void OperationPage::setCycled(bool cycle)
+{
+    m_operation.isCycled = cycle;
+}
+
+void OperationPage::showStates()
+{
+    m_states->clear();
+    if (m_operation.isSkipped)
+        m_states->addMessage(
+            tr("This operation is skipped. Check it in the navigation to have it carried out."));
+    if (m_operation.isLocked)
+        m_states->addMessage(
+            tr("This operation is locked. The menu of its tab lets you change its values again."));
+    m_states->setVisible(!m_states->messages().isEmpty());
 }
 
 QStringList OperationPage::fieldsNeedingInput() const

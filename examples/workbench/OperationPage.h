@@ -9,7 +9,7 @@
 class BVInfoArea;
 
 /// The page of one operation. While that is skipped, the page says so and its fields are disabled
-/// and need no input.
+/// and need no input; while it is locked, the page says so and its fields are locked.
 class OperationPage : public StepPage
 {
     Q_OBJECT
@@ -22,10 +22,14 @@ public:
     OperationSetup operation() const;
     void setName(const QString &name);
     void setSkipped(bool skip);
+    void setLocked(bool lock);
+    void setCycled(bool cycle);
     /// The names of the fields that need input, behind that of the operation.
     QStringList fieldsNeedingInput() const;
 
 private:
+    void showStates();
+
     OperationSetup m_operation; // with the values as they were loaded
-    BVInfoArea *m_skipped;
+    BVInfoArea *m_states;
 };

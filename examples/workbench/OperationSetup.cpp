@@ -31,5 +31,5 @@ QString OperationSetup::fieldName(const QString &operation, const QString &field
 bool OperationSetup::operator==(const OperationSetup &other) const
 {
     return kind == other.kind && name == other.name && isSkipped == other.isSkipped &&
-           values == other.values;
+           isLocked == other.isLocked && isCycled == other.isCycled && values == other.values;
 }

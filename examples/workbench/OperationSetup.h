@@ -15,7 +15,9 @@ struct OperationSetup
 
     int kind;
     QString name;
-    bool isSkipped = false;
+    bool isSkipped = false; ///< not carried out
+    bool isLocked = false;  ///< its values are not to be changed
+    bool isCycled = false;  ///< carried out again until the part is as wanted
     FieldValues values;
 
     /// The names of the fields without a value, each behind that of the operation.

@@ -56,6 +56,12 @@ void writeGroup(QXmlStreamWriter &xml, const ProcessSetup &setup, int group)
     xml.writeEndElement();
 }
 
+void writeFlag(QXmlStreamWriter &xml, const QString &attribute, bool on)
+{
+    if (on)
+        xml.writeAttribute(attribute, s_true);
+}
+
 /// Values may be missing when the operation is skipped.
 void writeOperation(QXmlStreamWriter &xml, const OperationSetup &operation)
 {
@@ -63,8 +69,9 @@ void writeOperation(QXmlStreamWriter &xml, const OperationSetup &operation)
     xml.writeStartElement(s_operationElement);
     xml.writeAttribute(s_kindAttribute, QString::fromLatin1(kind.key));
     xml.writeAttribute(s_nameAttribute, operation.name);
-    if (operation.isSkipped)
-        xml.writeAttribute(s_skippedAttribute, s_true);
+    writeFlag(xml, s_skippedAttribute, operation.isSkipped);
+    writeFlag(xml, s_lockedAttribute, operation.isLocked);
+    writeFlag(xml, s_cycledAttribute, operation.isCycled);
     for (size_t i = 0; i < kind.fields.size(); ++i) {
         if (operation.values.number(int(i)) != FieldValues::noValue())
             writeField(xml, kind.fields[i], int(i), operation.values);

@@ -16,6 +16,8 @@ const QString s_versionAttribute = QStringLiteral("version");
 const QString s_kindAttribute = QStringLiteral("kind");
 const QString s_nameAttribute = QStringLiteral("name");
 const QString s_skippedAttribute = QStringLiteral("skipped");
+const QString s_lockedAttribute = QStringLiteral("locked");
+const QString s_cycledAttribute = QStringLiteral("cycled");
 const QString s_true = QStringLiteral("true");
 const QString s_false = QStringLiteral("false");
 

@@ -178,7 +178,8 @@ bool SetupReader::readOperations()
 
 bool SetupReader::readOperation()
 {
-    if (!checkAttributes({s_kindAttribute, s_nameAttribute, s_skippedAttribute}))
+    if (!checkAttributes({s_kindAttribute, s_nameAttribute, s_skippedAttribute, s_lockedAttribute,
+                          s_cycledAttribute}))
         return false;
     const QXmlStreamAttributes attributes = m_xml.attributes();
     const QString key = attributes.value(s_kindAttribute).toString();
@@ -189,18 +190,26 @@ bool SetupReader::readOperation()
     operation.name = FieldValues::storableText(attributes.value(s_nameAttribute).toString());
     if (operation.name.isEmpty())
         return refuse(tr("The operation has no name."));
-    if (!readSkipped(operation) || !readOperationFields(operation) || !checkComplete(operation))
+    if (!readStates(operation) || !readOperationFields(operation) || !checkComplete(operation))
         return false;
     m_operations.push_back(operation);
     return true;
 }
 
-bool SetupReader::readSkipped(OperationSetup &operation)
+bool SetupReader::readStates(OperationSetup &operation)
 {
-    const QString skipped = m_xml.attributes().value(s_skippedAttribute).toString();
-    operation.isSkipped = skipped == s_true;
-    return operation.isSkipped || skipped.isEmpty() || skipped == s_false ||
-           refuse(tr("\"%1\" says neither \"%2\" nor \"%3\".").arg(skipped, s_true, s_false));
+    return readFlag(s_skippedAttribute, operation.isSkipped) &&
+           readFlag(s_lockedAttribute, operation.isLocked) &&
+           readFlag(s_cycledAttribute, operation.isCycled);
+}
+
+/// A missing attribute says no.
+bool SetupReader::readFlag(const QString &attribute, bool &on)
+{
+    const QString text = m_xml.attributes().value(attribute).toString();
+    on = text == s_true;
+    return on || text.isEmpty() || text == s_false ||
+           refuse(tr("\"%1\" says neither \"%2\" nor \"%3\".").arg(text, s_true, s_false));
 }
 
 bool SetupReader::readOperationFields(OperationSetup &operation)

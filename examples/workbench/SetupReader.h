@@ -37,7 +37,8 @@ private:
     bool readGroup(int group);
     bool readOperations();
     bool readOperation();
-    bool readSkipped(OperationSetup &operation);
+    bool readStates(OperationSetup &operation);
+    bool readFlag(const QString &attribute, bool &on);
     bool readOperationFields(OperationSetup &operation);
     bool readField(const SetupField &field, int index, FieldValues &values);
     bool readText(QString &text);

@@ -276,6 +276,34 @@ QStringList SetupStack::fieldsNeedingInput() const
     return names;
 }
 
+std::vector<FieldEditor *> SetupStack::editorsNeedingInput() const
+{
+    std::vector<FieldEditor *> editors;
+    for (const FieldGroup *group : allGroups()) {
+        const std::vector<FieldEditor *> needing = group->editorsNeedingInput();
+        editors.insert(editors.end(), needing.begin(), needing.end());
+    }
+    return editors;
+}
+
+StepPage *SetupStack::page(int group) const
+{
+    const auto found =
+        std::find_if(m_steps.begin(), m_steps.end(), [this, group](const StepPage *page) {
+            return page->group() == m_groups[size_t(group)];
+        });
+    return found == m_steps.end() ? nullptr : *found;
+}
+
+void SetupStack::focusPage()
+{
+    const BVControlledStackItem *item = m_stack->getCurrentItem();
+    auto *page = item ? qobject_cast<StepPage *>(item->getContainerWidget()) : nullptr;
+    QWidget *first = page ? page->group()->editors().front()->edit()
+                          : m_startPage->getWidgetFromAction(m_startPage->kindActions().first());
+    first->setFocus(Qt::OtherFocusReason);
+}
+
 void SetupStack::goToNextNeedingInput()
 {
     m_stack->goToNextNeedingInput();

@@ -61,11 +61,18 @@ public:
     bool isChanged() const;
     /// The names of the fields that need input.
     QStringList fieldsNeedingInput() const;
+    /// The editors of the same fields, in the same order.
+    std::vector<FieldEditor *> editorsNeedingInput() const;
+    /// Gives the keyboard to the first field of the current page, or to the first button of the
+    /// start page.
+    void focusPage();
     /// Goes to the next entry that needs input, or to the next such field of the current one if
     /// there is no other.
     void goToNextNeedingInput();
     FieldEditor *editor(int field) const { return m_editors[size_t(field)]; }
     FieldGroup *group(int group) const { return m_groups[size_t(group)]; }
+    /// The page of a group of SetupFields.
+    StepPage *page(int group) const;
 
 Q_SIGNALS:
     /// A value, a text, a status or the operations may have changed.

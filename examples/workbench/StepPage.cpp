@@ -49,6 +49,11 @@ QWidget *StepPage::createContent()
     return area;
 }
 
+void StepPage::addBelowGroup(QWidget *widget)
+{
+    m_content->insertWidget(m_content->indexOf(m_group) + 1, widget, 1);
+}
+
 void StepPage::insertAboveGroup(QWidget *widget)
 {
     m_content->insertWidget(m_content->indexOf(m_group), widget);

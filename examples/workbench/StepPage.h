@@ -21,6 +21,9 @@ public:
     StepHeader *header() const { return m_header; }
     FieldGroup *group() const { return m_group; }
 
+    /// Puts a widget below the group, as wide as that; it takes the room that is left.
+    void addBelowGroup(QWidget *widget);
+
 protected:
     /// Puts a widget above the group.
     void insertAboveGroup(QWidget *widget);

@@ -53,7 +53,9 @@ bool Tour::run()
            useNarrowWindow() && showResults() && changeLimit() && uncheckResults() &&
            copyResults() && openContextMenu() && searchResults() && loadLongRun() &&
            planOperation() && typeOnStep() && beginOperations() && flyToEntry() &&
-           arrangeOperations() && openNavigationMenu() && filterEntries();
+           arrangeOperations() && openNavigationMenu() && filterEntries() &&
+           showOperationTabs() && openTabMenu() && showManyOperations() && floatMessages() &&
+           floatCurve();
 }
 
 bool Tour::prepare()

@@ -56,6 +56,11 @@ private:
     bool arrangeOperations();
     bool openNavigationMenu();
     bool filterEntries();
+    bool showOperationTabs();
+    bool openTabMenu();
+    bool showManyOperations();
+    bool floatMessages();
+    bool floatCurve();
 
     FieldEditor *field(const char *group, const char *key) const;
     BVSlider *slider(const char *key) const;

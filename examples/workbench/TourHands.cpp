@@ -117,7 +117,7 @@ QPixmap withToolTip(QWidget *window, QWidget *widget)
     return picture;
 }
 
-QPixmap withContextMenu(QWidget *window, QWidget *widget, const QPoint &position)
+QPixmap withPopup(QWidget *window, const std::function<void()> &open)
 {
     QPixmap picture;
     QTimer::singleShot(0, window, [window, &picture] { // while the menu waits for an answer
@@ -130,10 +130,17 @@ QPixmap withContextMenu(QWidget *window, QWidget *widget, const QPoint &position
         painter.drawPixmap(window->mapFromGlobal(menu->pos()), menu->grab());
         menu->close();
     });
-    QContextMenuEvent event(QContextMenuEvent::Mouse, position, widget->mapToGlobal(position));
-    QApplication::sendEvent(widget, &event);
+    open();
     settle();
     return picture;
+}
+
+QPixmap withContextMenu(QWidget *window, QWidget *widget, const QPoint &position)
+{
+    return withPopup(window, [widget, position] {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, position, widget->mapToGlobal(position));
+        QApplication::sendEvent(widget, &event);
+    });
 }
 
 } // namespace TourHands

@@ -8,6 +8,8 @@
 #include <QString>
 #include <Qt>
 
+#include <functional>
+
 class QLineEdit;
 class QPoint;
 class QWidget;
@@ -40,8 +42,10 @@ void turnWheelOver(QWidget *widget, int notches);
 QPixmap atTwiceTheResolution(QWidget *widget);
 /// The window with the dialog in its middle, as a person sees them.
 QPixmap withDialog(QWidget *window, QWidget *dialog);
-/// Opens the context menu at a position in the widget; gives the window with the open menu, which
-/// is then closed. Null if none opens.
+/// Opens a menu by @p open, which may wait for an answer; gives the window with the open menu,
+/// which is then closed. Null if none opens.
+QPixmap withPopup(QWidget *window, const std::function<void()> &open);
+/// The same with the context menu at a position in the widget.
 QPixmap withContextMenu(QWidget *window, QWidget *widget, const QPoint &position);
 /// The window with the tool tip of one of its widgets below that widget.
 QPixmap withToolTip(QWidget *window, QWidget *widget);

@@ -14,6 +14,7 @@ const QString s_objectName = QStringLiteral("Workbench");
 const QString s_fontSize = QStringLiteral("FontSize");
 const QString s_lightVersion = QStringLiteral("LightVersion");
 const QString s_recentFile = QStringLiteral("RecentFile");
+const char *const s_panels[] = {"messagePanel", "curvePanel"};
 const QString s_on = QStringLiteral("on");
 const QString s_off = QStringLiteral("off");
 
@@ -46,6 +47,10 @@ WorkbenchSettings::WorkbenchSettings()
         QStringLiteral("whether errors are shown in lighter colours")));
     addConfigurationValue(std::make_unique<ConfigurationValue>(
         s_recentFile, QString(), QStringList(), QStringLiteral("the set-up that was open last")));
+    for (const char *panel : s_panels)
+        addConfigurationValue(std::make_unique<ConfigurationValue>(
+            QString::fromLatin1(panel), QString(), QStringList(),
+            QStringLiteral("whether the panel floats, and where")));
 }
 
 WorkbenchSettings &WorkbenchSettings::instance()
@@ -86,6 +91,18 @@ QString WorkbenchSettings::recentFile() const
 void WorkbenchSettings::setRecentFile(const QString &path)
 {
     configurationValue(s_recentFile)->setValue(path);
+}
+
+QByteArray WorkbenchSettings::panelState(const QString &panel) const
+{
+    const Brimvale::ConfigurationValue *state = configurationValue(panel);
+    return state ? QByteArray::fromBase64(state->value().toLatin1()) : QByteArray();
+}
+
+void WorkbenchSettings::setPanelState(const QString &panel, const QByteArray &state)
+{
+    if (Brimvale::ConfigurationValue *value = configurationValue(panel))
+        value->setValue(QString::fromLatin1(state.toBase64()));
 }
 
 void Preferences::load(const QString &path)

@@ -3,9 +3,11 @@
 
 #include <ConfigurationObject.h>
 
+#include <QByteArray>
 #include <QString>
 
-/// What the workbench remembers besides the unit choice: font size, light version, recent file.
+/// What the workbench remembers besides the unit choice: font size, light version, recent file,
+/// and where the panels are.
 ///
 /// The configuration manager loads and saves it under the name "Workbench".
 class WorkbenchSettings : public Brimvale::ConfigurationObject
@@ -28,6 +30,10 @@ public:
     /// The path of the set-up that was opened or saved last; empty for none.
     QString recentFile() const;
     void setRecentFile(const QString &path);
+    /// What BVResizableWidget::saveState() has told of the panel of that name, "messagePanel" or
+    /// "curvePanel"; empty for nothing.
+    QByteArray panelState(const QString &panel) const;
+    void setPanelState(const QString &panel, const QByteArray &state);
 };
 
 /// Where settings and unit choice are kept.

@@ -2,20 +2,24 @@
 #include "WorkbenchWindow.h"
 
 #include "Appearance.h"
+#include "FloatingPanel.h"
+#include "MessageList.h"
+#include "OperationTabs.h"
 #include "OperationsPage.h"
+#include "PanelMenu.h"
 #include "PreferencesDialog.h"
 #include "ResultsPage.h"
 #include "SetupFile.h"
 #include "SetupStack.h"
+#include "StatusMessages.h"
 #include "StatusSummary.h"
+#include "WorkbenchPanels.h"
 #include "WorkbenchSettings.h"
 
-#include <BVFormatter.h>
 #include <BVMenu.h>
 #include <BVWidgetsVersion.h>
 #include <SvgIcon.h>
 #include <UnitsChangedEvent.h>
-#include <UnitsConfiguration.h>
 
 #include <QAction>
 #include <QApplication>
@@ -31,7 +35,6 @@
 
 namespace {
 
-constexpr int s_messageTime = 6000;      // ms
 constexpr QSize s_minimumSize(640, 420); // px
 constexpr int s_iconSize = 20;           // px
 const char s_mainWindowProperty[] = "MainWindow";
@@ -54,13 +57,6 @@ QString fileFilter()
     return WorkbenchWindow::tr("Process set-ups (*.xml);;All files (*)");
 }
 
-QString shownUnit(UnitsConfiguration::Dimension dimension)
-{
-    QString unit = UnitsConfiguration::instance().currentUnit(dimension);
-    BVFormatter::replaceSymbols(unit, false);
-    return unit;
-}
-
 } // namespace
 
 WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
@@ -68,6 +64,7 @@ WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
     , m_form(new SetupStack)
     , m_results(new ResultsPage)
     , m_operations(new OperationsPage)
+    , m_statusMessages(new StatusMessages(statusBar()))
 {
     qApp->setProperty(s_mainWindowProperty, QVariant::fromValue<QObject *>(this));
     setWindowIcon(createSvgIcon(QStringLiteral(":/Icons/ruler.svg")));
@@ -78,6 +75,7 @@ WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
     statusBar()->addPermanentWidget(m_summary);
     connect(m_form, &SetupStack::changed, this, &WorkbenchWindow::updateTitle);
     setMinimumSize(s_minimumSize);
+    m_panels->restoreState();
     newSetup();
 }
 
@@ -88,7 +86,7 @@ WorkbenchWindow::~WorkbenchWindow()
         qApp->setProperty(s_mainWindowProperty, QVariant());
 }
 
-/// The steps fill it; what is to stand above or beside them has its place here.
+/// The operations as tabs, the steps and the messages, one below the other.
 QWidget *WorkbenchWindow::createCentre()
 {
     m_form->addPage(m_results, tr("Results"));
@@ -97,7 +95,11 @@ QWidget *WorkbenchWindow::createCentre()
     auto *layout = new QVBoxLayout(centre);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    m_tabs = new OperationTabs(m_form->operations(), m_form->stack(), centre);
+    m_panels = new WorkbenchPanels(m_form, this);
+    layout->addWidget(m_tabs);
     layout->addWidget(m_form, 1);
+    layout->addWidget(m_panels->messagePanel());
     return centre;
 }
 
@@ -120,6 +122,7 @@ void WorkbenchWindow::createActions()
     menuBar()->addMenu(file);
     menuBar()->addMenu(edit);
     createExamplesMenu();
+    menuBar()->addMenu(m_panels->menu());
     auto *help = new BVMenu(tr("&Help"), this);
     menuBar()->addMenu(help);
 
@@ -204,6 +207,7 @@ bool WorkbenchWindow::openFile(const QString &path)
         return false;
     setFileName(path);
     rememberFile();
+    m_panels->messages()->addMessage(MessageList::Information, tr("Opened %1.").arg(m_fileName));
     return true;
 }
 
@@ -214,6 +218,8 @@ bool WorkbenchWindow::openExample(const QString &resource)
     setFileName(QString());
     m_documentName = QFileInfo(resource).fileName();
     updateTitle();
+    m_panels->messages()->addMessage(MessageList::Information,
+                                     tr("Opened the example %1.").arg(m_documentName));
     return true;
 }
 
@@ -280,7 +286,8 @@ bool WorkbenchWindow::saveFile(const QString &path)
     m_form->acceptAsReference();
     setFileName(path);
     rememberFile();
-    statusBar()->showMessage(tr("Saved"), s_messageTime);
+    m_statusMessages->show(tr("Saved"));
+    m_panels->messages()->addMessage(MessageList::Information, tr("Saved %1.").arg(m_fileName));
     return true;
 }
 
@@ -325,6 +332,8 @@ bool WorkbenchWindow::mayDropChanges()
 
 void WorkbenchWindow::showError(const QString &text, const QString &detail)
 {
+    //: What has failed, and why
+    m_panels->messages()->addMessage(MessageList::Error, tr("%1 %2").arg(text, detail));
     auto *box = new QMessageBox(QMessageBox::Warning, tr("Workbench"), text, QMessageBox::Ok, this);
     box->setObjectName(QStringLiteral("errorBox"));
     box->setInformativeText(detail);
@@ -365,23 +374,19 @@ void WorkbenchWindow::showAbout()
 
 bool WorkbenchWindow::event(QEvent *event)
 {
+    if (m_panels && m_panels->handleEvent(event))
+        return true;
     if (event->type() != UnitsChangedEvent::s_eventType)
         return QMainWindow::event(event);
-    showUnits();
+    m_statusMessages->showUnits();
     return true;
-}
-
-void WorkbenchWindow::showUnits()
-{
-    statusBar()->showMessage(
-        tr("Units: %1, %2, %3, %4, %5")
-            .arg(shownUnit(UnitsConfiguration::Length), shownUnit(UnitsConfiguration::Pressure),
-                 shownUnit(UnitsConfiguration::Force), shownUnit(UnitsConfiguration::Temperature),
-                 shownUnit(UnitsConfiguration::Angle)),
-        s_messageTime);
 }
 
 void WorkbenchWindow::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(mayDropChanges());
+    if (!event->isAccepted())
+        return;
+    m_panels->storeState();
+    Preferences::save();
 }

@@ -6,13 +6,16 @@
 
 class Appearance;
 class OperationsPage;
+class OperationTabs;
 class QAction;
 class ResultsPage;
 class SetupStack;
+class StatusMessages;
 class StatusSummary;
+class WorkbenchPanels;
 
 /// The workbench's window: one process set-up in steps, with the commands to open, change and save
-/// it, and pages with results and the plan.
+/// it, the operations as tabs above them, panels that float, and pages with results and the plan.
 ///
 /// While it lives it is the application's main window, which is told about a changed unit choice.
 class WorkbenchWindow : public QMainWindow
@@ -36,6 +39,8 @@ public:
     StatusSummary *summary() const { return m_summary; }
     ResultsPage *results() const { return m_results; }
     OperationsPage *operations() const { return m_operations; }
+    OperationTabs *tabs() const { return m_tabs; }
+    WorkbenchPanels *panels() const { return m_panels; }
     /// Brings the page of a widget to the front.
     void showPageOf(QWidget *widget);
     /// The file of the open set-up; empty for none.
@@ -71,13 +76,15 @@ private:
     bool mayDropChanges();
     bool isReadyToSave();
     void showError(const QString &text, const QString &detail);
-    void showUnits();
 
     Appearance *m_appearance; // not owned
     SetupStack *m_form = nullptr;
     StatusSummary *m_summary = nullptr;
     ResultsPage *m_results;
     OperationsPage *m_operations;
+    OperationTabs *m_tabs = nullptr;
+    WorkbenchPanels *m_panels = nullptr;
+    StatusMessages *m_statusMessages;
     QString m_fileName;
     QString m_documentName; // shown in the window title
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Appearance.h"
+#include "SetupStack.h"
 #include "Tour.h"
 #include "WorkbenchSettings.h"
 #include "WorkbenchWindow.h"
@@ -56,6 +57,7 @@ int runWindow(const QString &configuration, const QStringList &files)
     window.resize(1040, 780);
     window.show();
     openFirst(window, files);
+    window.form()->focusPage();
     return QApplication::exec();
 }
 

@@ -221,6 +221,21 @@ void BVAnimatedTabBar::setCurrentIndex(int index)
     Q_EMIT currentChanged(index);
 }
 
+void BVAnimatedTabBar::clearCurrentIndex()
+{
+    BVTabList &tabs = m_parts->m_tabs;
+    const int before = tabs.current();
+    if (before < 0)
+        return;
+    m_parts->m_animation.start(tabs.idAt(before), BVTabBarAnimation::Current, false);
+    tabs.setCurrent(-1);
+    m_parts->m_geometry.show(-1);
+    m_parts->m_hover.correctHoveringState();
+    update();
+    BVTabBarAccessible::announce(this, before, QAccessible::SelectionRemove);
+    Q_EMIT currentChanged(-1);
+}
+
 int BVAnimatedTabBar::markedIndex() const
 {
     return m_parts->m_tabs.marked();

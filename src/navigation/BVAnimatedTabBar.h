@@ -95,6 +95,8 @@ public:
     int currentIndex() const override;
     /// Makes any tab current, also a disabled one.
     void setCurrentIndex(int index) override;
+    /// Makes no tab current, until one is pressed, set or added. Tells currentChanged(-1).
+    void clearCurrentIndex();
     /// -1 for no tab.
     int markedIndex() const;
     /// Marks one tab; -1 marks none.
