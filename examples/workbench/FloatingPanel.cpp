@@ -37,13 +37,12 @@ QWidget *FloatingPanel::createHeader()
 {
     auto *header = new QWidget;
     auto *title = new BVLabel(windowTitle(), header);
-    title->setProperty("header", true);
     m_button = new BVButton(header);
-    m_button->setAutoRaise(true);
+    m_button->setProperty("flatIcon", true);
     m_button->setIconSize(QSize(s_iconSize, s_iconSize));
     connect(m_button, &QToolButton::clicked, this, &FloatingPanel::toggle);
     auto *layout = new QHBoxLayout(header);
-    layout->setContentsMargins(s_margin, 0, 0, 0);
+    layout->setContentsMargins(s_margin, 1, 1, 1);
     layout->addWidget(title, 1);
     layout->addWidget(m_button);
     return header;

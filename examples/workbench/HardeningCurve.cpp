@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr double s_maximumStrain = 0.5;
+constexpr double s_maximumStrain = 0.5; // or the next round number
 constexpr int s_points = 200;
 constexpr int s_tick = 4;          // px, the length of a mark
 constexpr int s_gap = 4;           // px, around texts
@@ -22,6 +22,7 @@ constexpr int s_strainStep = 55;   // px, at least
 constexpr int s_stressStep = 28;   // px, at least
 constexpr double s_curveWidth = 2; // px
 constexpr double s_dot = 3.5;      // px, the radius
+const QColor s_curveColor(0x2f, 0x65, 0x99);
 const QString s_stressUnit = QStringLiteral("MPa");
 
 QString number(double value)
@@ -64,7 +65,7 @@ HardeningCurve::HardeningCurve(QWidget *parent)
     setObjectName(QStringLiteral("hardeningCurve"));
     setAccessibleName(tr("Hardening curve"));
     setMouseTracking(true);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
 }
 
 void HardeningCurve::setLaw(const HardeningLaw &law, double yieldStress)
@@ -87,12 +88,12 @@ QString HardeningCurve::hint() const
 
 QSize HardeningCurve::sizeHint() const
 {
-    return QSize(420, 200);
+    return QSize(300, 200);
 }
 
 QSize HardeningCurve::minimumSizeHint() const
 {
-    return QSize(200, 130);
+    return QSize(180, 130);
 }
 
 HardeningCurve::Plot HardeningCurve::plot() const
@@ -104,16 +105,15 @@ HardeningCurve::Plot HardeningCurve::plot() const
     const QFontMetrics metrics = fontMetrics();
     const int top = metrics.height() + 2 * s_gap;
     const int bottom = height() - metrics.height() - s_tick - 2 * s_gap;
-    const double largest = m_law.isComplete()
-                               ? std::max(m_law.stress(s_maximumStrain), m_law.stress(0.0))
-                               : s_maximumStrain;
+    const AxisScale strains(s_maximumStrain, std::max(1, width() / s_strainStep - 1));
+    const double largest =
+        m_law.isComplete() ? std::max(m_law.stress(0.0), m_law.stress(strains.end())) : 1.0;
     const AxisScale stresses(largest * factor, std::max(1, (bottom - top) / s_stressStep));
     int labels = 0;
     for (int i = 0; i <= stresses.steps; ++i)
         labels = std::max(labels, metrics.horizontalAdvance(number(i * stresses.step)));
     const int left = labels + s_tick + 2 * s_gap;
     const int right = width() - metrics.horizontalAdvance(QStringLiteral("0.5")) - s_gap;
-    const AxisScale strains(s_maximumStrain, std::max(1, (right - left) / s_strainStep));
     BVFormatter::replaceSymbols(unit, false);
     return {QRectF(left + 0.5, top + 0.5, right - left, bottom - top), strains, stresses, unit,
             factor};
@@ -189,26 +189,26 @@ void HardeningCurve::paintYieldStress(QPainter &painter, const Plot &plot) const
     painter.setPen(QPen(color, 1, Qt::DashLine));
     painter.drawLine(QPointF(plot.area.left(), y), QPointF(plot.area.right(), y));
     painter.setPen(color);
-    painter.drawText(QRectF(plot.area.left(), y + 1, plot.area.width() - s_gap, 30),
-                     Qt::AlignRight | Qt::AlignTop,
+    painter.drawText(QRectF(plot.area.left(), y - 31, plot.area.width() - s_gap, 30),
+                     Qt::AlignRight | Qt::AlignBottom,
                      tr("Yield stress \u03c3\u2080 = %1").arg(plot.text(m_yieldStress)));
 }
 
 void HardeningCurve::paintCurve(QPainter &painter, const Plot &plot) const
 {
     QPainterPath path;
-    for (const QPointF &point : m_law.curve(s_maximumStrain, s_points)) {
+    for (const QPointF &point : m_law.curve(plot.strains.end(), s_points)) {
         const QPointF place(plot.x(point.x()), plot.y(point.y()));
         path.elementCount() == 0 ? path.moveTo(place) : path.lineTo(place);
     }
-    painter.setPen(QPen(palette().color(QPalette::Highlight), s_curveWidth));
+    painter.setPen(QPen(s_curveColor, s_curveWidth));
     painter.drawPath(path);
 }
 
 void HardeningCurve::paintPointer(QPainter &painter, const Plot &plot) const
 {
     const double stress = m_law.stress(m_pointed);
-    const QColor color = palette().color(QPalette::Highlight);
+    const QColor color = s_curveColor;
     painter.setPen(QPen(palette().color(QPalette::Base), 1));
     painter.setBrush(color);
     painter.drawEllipse(QPointF(plot.x(m_pointed), plot.y(stress)), s_dot, s_dot);
@@ -225,7 +225,6 @@ void HardeningCurve::mouseMoveEvent(QMouseEvent *event)
     const double x = event->localPos().x();
     const bool isInside = x >= plot.area.left() && x <= plot.area.right();
     m_pointed = isInside ? plot.strains.end() * (x - plot.area.left()) / plot.area.width() : -1.0;
-    m_pointed = std::min(m_pointed, s_maximumStrain);
     update();
 }
 

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int s_numberStep = 10; // as operations are numbered in the press shop
 constexpr int s_numberLevel = 2; // of the shorter forms of a text
+constexpr int s_letterLevel = 3;
 
 struct StateEntry
 {
@@ -44,6 +45,7 @@ void fillForms(QMap<int, QString> &forms, const QString &text)
 {
     BVAnimatedOPTabBar::fillTextReducingMap(forms, text);
     forms.insert(s_numberLevel, text.section(QLatin1Char(' '), 0, 0));
+    forms.remove(s_letterLevel); // many operations begin with the same
 }
 
 } // namespace

@@ -4,7 +4,9 @@
 #include <BVFormatter.h>
 #include <UnitsConfiguration.h>
 
+#include <QEvent>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace {
 
@@ -25,16 +27,41 @@ StatusMessages::StatusMessages(QStatusBar *bar)
     , m_bar(bar)
 {
     connect(bar, &QStatusBar::messageChanged, this, [this](const QString &text) {
-        if (text.isEmpty())
-            m_bar->setToolTip(QString());
+        if (!text.isEmpty())
+            return;
+        m_text.clear();
+        m_bar->setToolTip(QString());
     });
+    bar->installEventFilter(this);
 }
 
 void StatusMessages::show(const QString &text)
 {
-    m_bar->showMessage(m_bar->fontMetrics().elidedText(text, Qt::ElideRight, room()),
-                       s_messageTime);
+    m_text = text;
     m_bar->setToolTip(text);
+    fit();
+}
+
+void StatusMessages::fit()
+{
+    m_bar->showMessage(m_bar->fontMetrics().elidedText(m_text, Qt::ElideRight, room()),
+                       s_messageTime);
+}
+
+bool StatusMessages::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isResized =
+        event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest;
+    if (isResized && !m_text.isEmpty())
+        QTimer::singleShot(0, this, &StatusMessages::refit);
+    return QObject::eventFilter(watched, event);
+}
+
+/// When the permanent widgets have found their places.
+void StatusMessages::refit()
+{
+    if (!m_text.isEmpty())
+        fit();
 }
 
 /// What the permanent widgets and the grip leave.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 class QStatusBar;
 
@@ -18,8 +19,14 @@ public:
     /// The user's choice of units.
     void showUnits();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    void fit();
+    void refit();
     int room() const;
 
     QStatusBar *m_bar;
+    QString m_text; // the whole one; empty for none
 };

@@ -4,7 +4,7 @@
 #include "SetupStack.h"
 
 #include <BVLabel.h>
-#include <BVWidgetStatusRouter.h>
+#include <BVWidgetStatusChangedEvent.h>
 
 #include <QHBoxLayout>
 
@@ -46,7 +46,8 @@ StatusSummary::StatusSummary(SetupStack *form, QWidget *parent)
     }
     layout->addSpacing(18);
     layout->addWidget(m_label);
-    BVWidgetStatusRouter::route(m_label, form);
+    form->installEventFilter(this);
+    showStatus();
     connect(form, &SetupStack::changed, this, &StatusSummary::updateText);
     updateText();
 }
@@ -54,6 +55,20 @@ StatusSummary::StatusSummary(SetupStack *form, QWidget *parent)
 QString StatusSummary::text() const
 {
     return m_label->text();
+}
+
+bool StatusSummary::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == BVWidgetStatusChangedEvent::s_eventType)
+        showStatus();
+    return QWidget::eventFilter(watched, event);
+}
+
+/// A lock on one of the fields is none on the label.
+void StatusSummary::showStatus()
+{
+    m_label->setBvStatus(BVWidgetStatus::setFlag(BVWidgetStatus::status(m_form),
+                                                 BVWidgetStatus::StandardLocked, false));
 }
 
 void StatusSummary::updateText()

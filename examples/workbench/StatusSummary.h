@@ -17,7 +17,11 @@ public:
 
     QString text() const;
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    void showStatus();
     void updateText();
 
     SetupStack *m_form; // not owned

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 class FieldGroup;
+class QBoxLayout;
 class QVBoxLayout;
 class StepHeader;
 
@@ -21,17 +22,22 @@ public:
     StepHeader *header() const { return m_header; }
     FieldGroup *group() const { return m_group; }
 
-    /// Puts a widget below the group, as wide as that; it takes the room that is left.
-    void addBelowGroup(QWidget *widget);
+    /// Puts a widget beside the group, or below it while the page is too narrow for that.
+    void addBeside(QWidget *widget);
 
 protected:
     /// Puts a widget above the group.
     void insertAboveGroup(QWidget *widget);
 
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     QWidget *createContent();
+    void arrange();
 
     StepHeader *m_header;
     FieldGroup *m_group;
+    QWidget *m_column = nullptr;
     QVBoxLayout *m_content = nullptr;
+    QBoxLayout *m_body = nullptr; // the group and what stands beside it
 };

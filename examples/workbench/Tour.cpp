@@ -336,7 +336,7 @@ bool Tour::expectText(FieldEditor *field, const QString &text)
 
 bool Tour::picture(const QString &name)
 {
-    settle();
+    rest();
     return write(name, m_window.grab());
 }
 

@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int s_windowTime = 2000; // ms that a window may take to become active
+constexpr int s_fadeTime = 160;    // ms
 constexpr int s_toolTipGap = 4;    // px
 
 } // namespace
@@ -28,6 +29,17 @@ void settle()
     // Twice: what is posted while posted events are handled waits for the next turn.
     QApplication::processEvents();
     QApplication::processEvents();
+    // No event loop runs here that would delete what is no longer needed.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void rest()
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < s_fadeTime)
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    settle();
 }
 
 void activate(QWidget *window)
@@ -48,8 +60,7 @@ void waitForClearButton(QLineEdit *edit)
     while (button && button->property("opacity").toDouble() != shown &&
            timer.elapsed() < s_windowTime)
         QApplication::processEvents(QEventLoop::AllEvents, 20);
-    // No event loop runs here that would delete the animation.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    settle(); // the animation goes
 }
 
 void sendKey(QWidget *widget, int key, const QString &text, Qt::KeyboardModifiers modifiers)

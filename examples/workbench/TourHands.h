@@ -19,6 +19,8 @@ namespace TourHands {
 
 /// Lets everything that is due happen.
 void settle();
+/// Waits until what fades or moves for a moment is at rest.
+void rest();
 /// Waits for the window to become the active one; not every window system makes it that.
 void activate(QWidget *window);
 /// Waits for a condition to hold, for a second at most; says whether it does.

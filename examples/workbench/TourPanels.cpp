@@ -115,7 +115,7 @@ bool Tour::floatCurve()
     FloatingPanel *panel = m_window.panels()->curvePanel();
     if (!picture(QStringLiteral("curve")))
         return false;
-    drag(panel, panel->diagonalHandle(), QPoint(250, 60));
+    drag(panel, panel->diagonalHandle(), QPoint(-250, 120));
     HardeningCurve *curve = m_window.panels()->curve();
     sendMouse(curve, QEvent::MouseMove, curve->rect().center());
     if (!expect(panel->isFloating(), QStringLiteral("the curve floats")) ||

@@ -51,6 +51,7 @@ void typeText(const QString &text)
 bool Tour::showResults()
 {
     m_window.resize(s_windowSize);
+    activate(&m_window);
     m_window.showPageOf(m_window.results());
     BVTreeView *view = m_window.results()->view();
     const QModelIndex drawing = cell(view, {s_drawing}, 0);

@@ -43,10 +43,11 @@ void WorkbenchPanels::createCurvePanel()
     m_curve = new HardeningCurve;
     m_curvePanel = new FloatingPanel(tr("Material curve"), m_curve);
     m_curvePanel->setObjectName(QStringLiteral("curvePanel"));
+    m_curvePanel->setHorizontalAnchorPosition(BVResizableWidget::AnchorRight);
     m_curvePanel->useVerticalHandle(true);
     m_curvePanel->useHorizontalHandle(true);
     m_curvePanel->useDiagonalHandle(true);
-    m_form->page(SetupFields::findGroup(QStringLiteral("material")))->addBelowGroup(m_curvePanel);
+    m_form->page(SetupFields::findGroup(QStringLiteral("material")))->addBeside(m_curvePanel);
     connect(m_form, &SetupStack::changed, this, &WorkbenchPanels::showLaw);
     showLaw();
 }

@@ -5,6 +5,7 @@
 #include "foundation/BVWidgetStatusChangedEvent.h"
 #include "foundation/BVWidgetStatusHandler.h"
 
+#include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
@@ -118,8 +119,18 @@ bool canShowLock(const QWidget *widget)
            !widget->findChild<BVWidgetStatusHandler *>(QString(), Qt::FindDirectChildrenOnly);
 }
 
+/// The buttons of a spin box leave no room for a lock, its text does.
+QWidget *placeOfLock(QWidget *widget)
+{
+    QLineEdit *edit = qobject_cast<QAbstractSpinBox *>(widget)
+                          ? widget->findChild<QLineEdit *>(QString(), Qt::FindDirectChildrenOnly)
+                          : nullptr;
+    return edit ? edit : widget;
+}
+
 void showLock(QWidget *widget, bool locked)
 {
+    widget = placeOfLock(widget);
     LockSymbol *symbol = findSymbol(widget);
     if (!symbol && locked && canShowLock(widget))
         symbol = new LockSymbol(widget);
