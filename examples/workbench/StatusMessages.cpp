@@ -8,6 +8,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int s_messageTime = 6000; // ms
@@ -70,8 +72,10 @@ int StatusMessages::room() const
     int room = m_bar->width();
     const auto widgets = m_bar->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
     for (const QWidget *widget : widgets) {
+        const int edge = m_bar->isRightToLeft() ? m_bar->width() - widget->geometry().right() - 1
+                                                : widget->x();
         if (widget->isVisibleTo(m_bar))
-            room -= widget->width();
+            room = std::min(room, edge);
     }
     return room - s_margin;
 }
