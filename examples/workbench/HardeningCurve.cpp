@@ -53,10 +53,7 @@ struct HardeningCurve::Plot
     {
         return area.bottom() - area.height() * stress * factor / stresses.end();
     }
-    QString text(double stress) const
-    {
-        return BVFormatter::toString(stress, s_stressUnit);
-    }
+    QString text(double stress) const { return BVFormatter::toString(stress, s_stressUnit); }
 };
 
 HardeningCurve::HardeningCurve(QWidget *parent)

@@ -5,9 +5,9 @@
 
 #include <QWidget>
 
-/// Plots a hardening law: stress, in the user's unit, over plastic strain, and the yield stress as a
-/// dashed line. Under the pointer, the values of a point are told. While parameters are missing, the
-/// plot tells which.
+/// Plots a hardening law: stress, in the user's unit, over plastic strain, and the yield stress as
+/// a dashed line. Under the pointer, the values of a point are told. While parameters are missing,
+/// the plot tells which.
 class HardeningCurve : public QWidget
 {
     Q_OBJECT

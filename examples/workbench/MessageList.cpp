@@ -77,8 +77,8 @@ void MessageList::showProblems()
 
 void MessageList::goTo(int row)
 {
-    FieldEditor *editor = row >= 0 && row < problemCount() ? m_problems[size_t(row)].editor.data()
-                                                           : nullptr;
+    FieldEditor *editor =
+        row >= 0 && row < problemCount() ? m_problems[size_t(row)].editor.data() : nullptr;
     if (!editor)
         return;
     m_form->showPageOf(editor->edit());

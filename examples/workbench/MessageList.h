@@ -25,6 +25,8 @@ public:
     void addMessage(Kind kind, const QString &text);
     /// How many of the rows tell what is wrong.
     int problemCount() const { return int(m_problems.size()); }
+    /// Looks at the set-up again; not needed when that tells of a change.
+    void showProblems();
 
     QSize sizeHint() const override;
 
@@ -39,7 +41,6 @@ private:
     };
 
     std::vector<Problem> findProblems() const;
-    void showProblems();
     void goTo(int row);
 
     SetupStack *m_form; // not owned

@@ -27,7 +27,8 @@ struct StateEntry
 };
 
 const StateEntry s_states[] = {
-    {OperationList::Skipped, &OperationSetup::isSkipped, QT_TRANSLATE_NOOP("OperationTabs", "&Skip"),
+    {OperationList::Skipped, &OperationSetup::isSkipped,
+     QT_TRANSLATE_NOOP("OperationTabs", "&Skip"),
      QT_TRANSLATE_NOOP("OperationTabs", "It is skipped.")},
     {OperationList::Locked, &OperationSetup::isLocked, QT_TRANSLATE_NOOP("OperationTabs", "&Lock"),
      QT_TRANSLATE_NOOP("OperationTabs", "It is locked.")},

@@ -13,8 +13,9 @@ class ProcessSetup;
 /// Numbers have "." as decimal point; written ones read back to the last bit.
 ///
 /// <operations> may be missing, too. It holds the operations in their order: <operation kind="draw"
-/// name="First draw"> with one element for each field of the kind. The attributes "skipped", "locked"
-/// and "cycled" may say "true" or "false". Only operations that are skipped may lack values.
+/// name="First draw"> with one element for each field of the kind. The attributes "skipped",
+/// "locked" and "cycled" may say "true" or "false". Only operations that are skipped may lack
+/// values.
 ///
 /// A file that is not exactly that is refused: what it says could otherwise be lost unnoticed.
 namespace SetupFile {

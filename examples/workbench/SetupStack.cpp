@@ -299,9 +299,11 @@ void SetupStack::focusPage()
 {
     const BVControlledStackItem *item = m_stack->getCurrentItem();
     auto *page = item ? qobject_cast<StepPage *>(item->getContainerWidget()) : nullptr;
-    QWidget *first = page ? page->group()->editors().front()->edit()
-                          : m_startPage->getWidgetFromAction(m_startPage->kindActions().first());
-    first->setFocus(Qt::OtherFocusReason);
+    QWidget *first = page ? page->group()->editors().front()->edit() : nullptr;
+    if (item && item == m_operationsEntry)
+        first = m_startPage->getWidgetFromAction(m_startPage->kindActions().constFirst());
+    if (first)
+        first->setFocus(Qt::OtherFocusReason);
 }
 
 void SetupStack::goToNextNeedingInput()

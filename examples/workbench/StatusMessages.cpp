@@ -72,8 +72,8 @@ int StatusMessages::room() const
     int room = m_bar->width();
     const auto widgets = m_bar->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
     for (const QWidget *widget : widgets) {
-        const int edge = m_bar->isRightToLeft() ? m_bar->width() - widget->geometry().right() - 1
-                                                : widget->x();
+        const int edge =
+            m_bar->isRightToLeft() ? m_bar->width() - widget->geometry().right() - 1 : widget->x();
         if (widget->isVisibleTo(m_bar))
             room = std::min(room, edge);
     }

@@ -53,9 +53,8 @@ bool Tour::run()
            useNarrowWindow() && showResults() && changeLimit() && uncheckResults() &&
            copyResults() && openContextMenu() && searchResults() && loadLongRun() &&
            planOperation() && typeOnStep() && beginOperations() && flyToEntry() &&
-           arrangeOperations() && openNavigationMenu() && filterEntries() &&
-           showOperationTabs() && openTabMenu() && showManyOperations() && floatMessages() &&
-           floatCurve();
+           arrangeOperations() && openNavigationMenu() && filterEntries() && showOperationTabs() &&
+           openTabMenu() && showManyOperations() && floatMessages() && floatCurve();
 }
 
 bool Tour::prepare()

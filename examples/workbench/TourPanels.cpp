@@ -61,9 +61,8 @@ bool Tour::showOperationTabs()
 bool Tour::openTabMenu()
 {
     OperationTabs *tabs = m_window.tabs();
-    const QPixmap menu = withPopup(&m_window, [tabs] {
-        sendKey(tabs, Qt::Key_Down, QString(), Qt::AltModifier);
-    });
+    const QPixmap menu =
+        withPopup(&m_window, [tabs] { sendKey(tabs, Qt::Key_Down, QString(), Qt::AltModifier); });
     return expect(!menu.isNull(), QStringLiteral("the menu of a tab opens")) &&
            write(QStringLiteral("tab_menu"), menu);
 }

@@ -76,6 +76,7 @@ bool Tour::beginOperations()
     m_window.form()->resetToReference();
     m_window.newSetup();
     m_window.form()->operationsEntry()->setCurrent();
+    m_window.form()->focusPage();
     return expect(m_window.form()->startPage()->isVisible(),
                   QStringLiteral("the start page is in sight")) &&
            picture(QStringLiteral("start_page"));

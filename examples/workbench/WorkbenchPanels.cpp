@@ -76,8 +76,10 @@ void WorkbenchPanels::storeState() const
 
 bool WorkbenchPanels::handleEvent(const QEvent *event)
 {
-    if (event->type() == UnitsChangedEvent::s_eventType)
+    if (event->type() == UnitsChangedEvent::s_eventType) {
         m_curve->update();
+        m_messages->showProblems();
+    }
     if (event->type() == RegisterResizeableWidgetInterfaceEvent::s_customEventType) {
         m_menu->take(*static_cast<const RegisterResizeableWidgetInterfaceEvent *>(event));
         return true;

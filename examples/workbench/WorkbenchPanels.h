@@ -29,7 +29,8 @@ public:
     /// Lets the panels float, or not, as the settings say, or writes that into the settings.
     void restoreState();
     void storeState() const;
-    /// Whether it is an event of a panel, which then has been handled.
+    /// Follows the user's choice of units. Answers whether the event is one of a panel, which then
+    /// has been handled.
     bool handleEvent(const QEvent *event);
 
 private:
