@@ -122,6 +122,9 @@ bool Tour::floatCurve()
         !write(QStringLiteral("curve_high_resolution"), atTwiceTheResolution(curve)))
         return false;
     panel->toggle();
+    m_window.resize(s_narrowSize);
+    if (!picture(QStringLiteral("curve_narrow")))
+        return false;
     m_window.newSetup();
     m_window.showPageOf(field("material", "prestrain")->edit());
     return expect(!curve->hint().isEmpty(), QStringLiteral("the curve tells what it needs")) &&
