@@ -409,10 +409,14 @@ void BVControlledStackWidget::removeAllItemsFromGroup(int group)
 
 void BVControlledStackWidget::setCheckableItems(CheckableItems mode)
 {
+    if (mode < NoCheckableItems || mode > AllItemsCheckable)
+        return;
     m_checkableItems = mode;
     const QList<BVControlledStackItem *> items = getDFSItems();
-    for (BVControlledStackItem *item : items)
+    for (BVControlledStackItem *item : items) // each before those that its state is derived from
         BVStackChecks::update(item, mode, item->isTopLevelItem());
+    for (BVControlledStackItem *item : items)
+        BVStackChecks::noteState(item);
     updateHeaderAlignment();
 }
 

@@ -182,6 +182,8 @@ void BVStackNavigation::watchRows(BVDragTreeWidget *tree)
     const QAbstractItemModel *model = tree->model();
     const auto invalidate = [this] { m_stack->m_order->invalidate(); };
     connect(model, &QAbstractItemModel::rowsInserted, this, &BVStackNavigation::onRowsInserted);
+    connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            &BVStackNavigation::keepStateOf);
     connect(model, &QAbstractItemModel::rowsRemoved, this, &BVStackNavigation::onRowsRemoved);
     connect(model, &QAbstractItemModel::rowsMoved, this, invalidate);
     connect(model, &QAbstractItemModel::layoutChanged, this, invalidate);
@@ -274,14 +276,10 @@ void BVStackNavigation::onItemChanged(QTreeWidgetItem *row, int column)
     Q_EMIT m_stack->itemTextChanged(item);
 }
 
-/// A row that was never checked by the program is new to the user when it is no longer unchecked.
 bool BVStackNavigation::hasNews(BVControlledStackItem *item) const
 {
-    if (!m_stack->isCheckableItems() || !item->isCheckable() || m_reporting.contains(item) ||
-        m_waiting.contains(item))
-        return false;
-    return BVStackChecks::isReported(item) ? item->checkStateHasChanged()
-                                           : item->getCheckState() != Qt::Unchecked;
+    return m_stack->isCheckableItems() && item->isCheckable() && !m_reporting.contains(item) &&
+           !m_waiting.contains(item) && BVStackChecks::isNews(item);
 }
 
 /// Noting the state changes the row again, so what slots have made of it meanwhile follows.
@@ -313,34 +311,43 @@ void BVStackNavigation::onRowsInserted(const QModelIndex &parent, int first, int
     const QTreeWidgetItem *above =
         parent.isValid() ? tree->itemFromIndex(parent) : tree->invisibleRootItem();
     bool hasBranch = false;
-    bool isChecked = false;
     for (int i = first; i <= last; ++i) {
         hasBranch = hasBranch || above->child(i)->childCount() > 0;
         BVControlledStackItem *item = BVStackTreeItem::entryOf(above->child(i));
         if (!item)
             continue;
         placeEntry(item, !parent.isValid());
-        isChecked = isChecked || item->getCheckState() != Qt::Unchecked;
+        isAnyChecked = isAnyChecked || item->getCheckState() != Qt::Unchecked;
     }
-    updateParent(BVStackTreeItem::entryOf(above), isChecked);
+    updateParent(BVStackTreeItem::entryOf(above), isAnyChecked);
     const bool isDecorationDue = parent.isValid() ? !parent.parent().isValid() : hasBranch;
     if (isDecorationDue && !tree->rootIsDecorated())
         m_stack->updateAutoRootDecoration();
 }
+    bool isAnyChecked = false;
 
 void BVStackNavigation::placeEntry(BVControlledStackItem *item, bool isTopLevel)
 {
     BVStackChecks::update(item, m_stack->checkableItems(), isTopLevel);
+    BVStackChecks::noteState(item);
     if (m_stack->isShowTopLevelItemsAsGroupHeader() && item->isShownAsHeader() != isTopLevel)
         item->setShowAsHeader(isTopLevel);
 }
 
-void BVStackNavigation::updateParent(BVControlledStackItem *item, bool isChecked)
+void BVStackNavigation::updateParent(BVControlledStackItem *item, bool isAnyChecked)
 {
     if (!item)
         return;
     BVStackChecks::update(item, m_stack->checkableItems(), item->isTopLevelItem());
-    BVStackChecks::followRows(item, isChecked);
+    BVStackChecks::noteStates(item, isAnyChecked);
+}
+
+void BVStackNavigation::keepStateOf(const QModelIndex &parent, int first, int last) const
+{
+    const BVDragTreeWidget *tree = m_stack->tree();
+    if (tree && parent.isValid())
+        if (const auto *item = BVStackTreeItem::entryOf(tree->itemFromIndex(parent)))
+            BVStackChecks::keepState(item, first, last);
 }
 
 void BVStackNavigation::onRowsRemoved(const QModelIndex &parent)
@@ -348,7 +355,7 @@ void BVStackNavigation::onRowsRemoved(const QModelIndex &parent)
     const QPointer<BVStackNavigation> guard(this);
     m_stack->m_order->invalidate();
     if (BVDragTreeWidget *tree = m_stack->tree()) {
-        updateParent(BVStackTreeItem::entryOf(tree->itemFromIndex(parent)), false);
+        updateParent(BVStackTreeItem::entryOf(tree->itemFromIndex(parent)), true);
         if (tree->rootIsDecorated())
             m_stack->updateAutoRootDecoration();
     }

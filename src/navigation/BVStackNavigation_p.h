@@ -92,7 +92,8 @@ private:
     void onRowsInserted(const QModelIndex &parent, int first, int last);
     void onRowsRemoved(const QModelIndex &parent);
     void placeEntry(BVControlledStackItem *item, bool isTopLevel);
-    void updateParent(BVControlledStackItem *item, bool isChecked);
+    void updateParent(BVControlledStackItem *item, bool isAnyChecked);
+    void keepStateOf(const QModelIndex &parent, int first, int last) const;
     void onDragEnter(QTreeWidgetItem *target, bool *mayDrop);
     void release();
 

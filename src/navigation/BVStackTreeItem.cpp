@@ -101,7 +101,9 @@ void BVStackTreeItem::setData(int column, int role, const QVariant &value)
     const QVariant before = data(column, role);
     const bool isKnown = std::exchange(m_writtenCheckState, value) == value;
     m_checkState = static_cast<Qt::CheckState>(qBound(0, value.toInt(), 2));
+    const bool wasOnItsWay = std::exchange(m_isCheckStateOnItsWay, true);
     QTreeWidgetItem::setData(column, role, value);
+    m_isCheckStateOnItsWay = wasOnItsWay;
     if (isKnown && data(column, role) != before) // of which the toolkit says nothing
         tellOfCheckState();
 }

@@ -42,6 +42,8 @@ public:
     Qt::CheckState ownCheckState() const { return m_checkState; }
     /// Whether the state that is shown is that of rows below.
     bool isCheckStateDerived() const;
+    /// Whether the state is being written: it is going to be told of.
+    bool isCheckStateOnItsWay() const { return m_isCheckStateOnItsWay; }
     /// Makes the state that is shown the row's own. Emits nothing.
     void keepCheckState();
 
@@ -62,4 +64,5 @@ private:
     BVControlledStackItem *m_item; // null for a plain row and once detached
     Qt::CheckState m_checkState = Qt::Unchecked;
     QVariant m_writtenCheckState; // as the toolkit has it
+    bool m_isCheckStateOnItsWay = false;
 };
