@@ -82,6 +82,7 @@ void BVControlledStackWidget::leaveController()
     updateStackVisibility();
 }
 
+    m_order->invalidate();
 BVStackControllerWidget *BVControlledStackWidget::controller() const
 {
     return m_controller;
@@ -153,17 +154,13 @@ BVControlledStackItem *BVControlledStackWidget::addLayoutItem(const QVariant &ke
     layout->setContentsMargins(0, 0, 0, 0);
     BVControlledStackItem *item = addItem(page, index);
     if (item)
-        item->m_layoutKey = key;
+        m_entries->setLayoutKey(item, key);
     return item;
 }
 
 BVControlledStackItem *BVControlledStackWidget::getLayoutItem(const QVariant &key) const
 {
-    const QList<BVControlledStackItem *> items = getLayoutItems();
-    for (BVControlledStackItem *item : items)
-        if (item->m_layoutKey == key)
-            return item;
-    return nullptr;
+    return m_entries->layoutItem(key);
 }
 
 QList<BVControlledStackItem *> BVControlledStackWidget::getLayoutItems() const
@@ -223,12 +220,13 @@ BVControlledStackItem *BVControlledStackWidget::itemAt(int index) const
 
 BVControlledStackItem *BVControlledStackWidget::itemAtDFSIndex(int dfsIndex) const
 {
-    return m_order->items(tree()).value(dfsIndex);
+    const bool isPossible = dfsIndex >= 0 && dfsIndex < m_entries->count();
+    return isPossible ? m_order->at(tree(), dfsIndex) : nullptr;
 }
 
 int BVControlledStackWidget::getDFSIndex(const BVControlledStackItem *item) const
 {
-    return m_order->indexOf(tree(), item);
+    return isOwn(item) ? m_order->indexOf(tree(), item) : -1;
 }
 
 QList<BVControlledStackItem *> BVControlledStackWidget::getDFSItems() const

@@ -206,6 +206,7 @@ BVStackRemains *BVStackEntries::detachBranch(QTreeWidgetItem *row)
 
 // Pages
 
+        m_layoutItems.remove(item->m_layoutKey.toString(), item);
 void BVStackEntries::setPage(BVControlledStackItem *item, QWidget *page)
 {
     const bool isAround = page && (page == m_stack || page->isAncestorOf(m_stack));
@@ -218,6 +219,21 @@ void BVStackEntries::setPage(BVControlledStackItem *item, QWidget *page)
         other->removeContainerWidget();
     if (guard && pageGuard && contains(item))
         attachPage(item, page);
+void BVStackEntries::setLayoutKey(BVControlledStackItem *item, const QVariant &key)
+{
+    item->m_layoutKey = key;
+    m_layoutItems.insert(key.toString(), item);
+}
+
+BVControlledStackItem *BVStackEntries::layoutItem(const QVariant &key) const
+{
+    const QList<BVControlledStackItem *> items = m_layoutItems.values(key.toString());
+    for (BVControlledStackItem *item : items)
+        if (item->m_layoutKey == key)
+            return item;
+    return nullptr;
+}
+
 }
 
 void BVStackEntries::attachPage(BVControlledStackItem *item, QWidget *page)

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QHash>
 #include <QObject>
 #include <QSet>
+#include <QVariant>
+#include <QVector>
 
 class BVControlledStackItem;
 class BVControlledStackWidget;
@@ -22,7 +25,11 @@ public:
 
     explicit BVStackEntries(BVControlledStackWidget *stack);
 
-    bool contains(const BVControlledStackItem *item) const { return m_items.contains(item); }
+    bool contains(const BVControlledStackItem *item) const
+    {
+        return m_items.contains(const_cast<BVControlledStackItem *>(item));
+    }
+    int count() const { return m_items.size(); }
     /// Null if there is no tree, or if a slot has removed the new entry again.
     BVControlledStackItem *insert(QWidget *page, BVControlledStackItem *parent, int index);
     /// Removes a row with all below, whether they are entries or not.
@@ -39,6 +46,10 @@ public:
     void setPage(BVControlledStackItem *item, QWidget *page);
     /// Takes the page out of the stack; it belongs to the caller.
     QWidget *releasePage(BVControlledStackItem *item);
+    void setLayoutKey(BVControlledStackItem *item, const QVariant &key);
+    /// Null for none.
+    BVControlledStackItem *layoutItem(const QVariant &key) const;
+
     /// Makes the page of the entry, if it has one, that of the stack.
     void showPage(const BVControlledStackItem *item);
 
@@ -55,5 +66,8 @@ private:
     void onPagesChanged();
 
     BVControlledStackWidget *m_stack; // the parent
-    QSet<const BVControlledStackItem *> m_items;
+    QSet<BVControlledStackItem *> m_items;
+    QMultiHash<QString, BVControlledStackItem *> m_layoutItems; // by their keys as text
+    const QObject *m_dyingPage = nullptr;                       // only to be compared
+    bool m_isPageCountDue = false;
 };
