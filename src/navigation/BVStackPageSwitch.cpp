@@ -15,6 +15,8 @@ void BVStackPageSwitch::setStartPage(QWidget *page, QLayout *layout)
         layout->removeWidget(m_startPage);
         m_startPage->hide();
     }
+    if (m_startPage != page)
+        page->hide(); // until it is due
     m_startPage = page;
     layout->addWidget(page);
 }
