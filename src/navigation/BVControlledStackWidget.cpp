@@ -487,7 +487,7 @@ void BVControlledStackWidget::updateMargins(bool noLeft, bool noTop)
 void BVControlledStackWidget::setStartPage(QWidget *page, int threshold)
 {
     m_switch->setThreshold(threshold);
-    if (!page || page == this || page->isAncestorOf(this))
+    if (!page || m_entries->isAround(page) || !m_entries->takeFromEntry(page))
         return;
     m_switch->setStartPage(page, layout());
     m_switch->updateStartPage();
