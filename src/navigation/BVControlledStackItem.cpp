@@ -343,7 +343,8 @@ QWidget *BVControlledStackItem::removeContainerWidget()
 void BVControlledStackItem::setupLayoutItem(QWidget *widget)
 {
     if (!m_stackWidget || !widget || widget == m_containerWidget ||
-        widget->isAncestorOf(m_stackWidget) || widget == m_stackWidget)
+        m_stackWidget->m_entries->isAround(widget) ||
+        !m_stackWidget->m_entries->takeFromEntry(widget))
         return;
     const QPointer<QWidget> guard(widget);
     if (!m_containerWidget)

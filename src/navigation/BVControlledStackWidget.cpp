@@ -74,6 +74,8 @@ void BVControlledStackWidget::leaveController()
     if (!guard)
         return;
     if (m_controller && m_needInputAction)
+    if (guard)
+        m_entries->leaveRows();
         m_controller->removeAction(m_needInputAction);
     m_tree = nullptr;
     m_controller = nullptr;

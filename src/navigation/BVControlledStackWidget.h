@@ -202,8 +202,9 @@ public:
 
     // Start page
 
-    /// Takes the page over and shows it when it is due; the one before is hidden and belongs to the
-    /// caller. Null changes the threshold only, without effect until the next change.
+    /// Takes the page over and shows it when it is due; until then it is hidden. The one before is
+    /// hidden and belongs to the caller. A page of an entry is one no longer. Null changes the
+    /// threshold only, without effect until the next change.
     void setStartPage(QWidget *page, int threshold);
     QWidget *startPage() const;
     int startPageThreshold() const;

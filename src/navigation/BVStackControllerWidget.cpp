@@ -77,7 +77,7 @@ BVStackControllerWidget::~BVStackControllerWidget()
     if (m_stack)
         m_stack->m_entries->leaveTree();
     if (tree())
-        BVStackEntries::keepModel(tree());
+        BVStackEntries::keepModels(tree());
     const QWidget *listControl = m_listControl;
     m_listControl = nullptr;
     delete listControl;

@@ -14,11 +14,12 @@
 #include "foundation/BlockSignals.h"
 #include "itemviews/BVDragTreeWidget.h"
 
+#include <QChildEvent>
 #include <QCoreApplication>
 #include <QPointer>
-#include <QVector>
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -83,11 +84,9 @@ BVStackEntries::BVStackEntries(BVControlledStackWidget *stack)
     , m_stack(stack)
 {
     QStackedWidget *const pages = stack->stackedWidget();
-    connect(pages, &QStackedWidget::currentChanged, this, [this] {
-        m_stack->m_switch->updateStartPage();
-        m_stack->updateStackVisibility();
-    });
-    connect(pages, &QStackedWidget::widgetRemoved, this, &BVStackEntries::onPagesChanged);
+    connect(pages, &QStackedWidget::currentChanged, this, &BVStackEntries::updateVisibility);
+    connect(pages, &QStackedWidget::widgetRemoved, this, &BVStackEntries::onPageRemoved);
+    pages->installEventFilter(this);
 }
 
 // Entries
@@ -147,16 +146,24 @@ void BVStackEntries::leaveTree()
     const QList<QTreeWidgetItem *> rows = tree->invisibleRootItem()->takeChildren();
     for (QTreeWidgetItem *row : rows)
         remains->addRow(row);
+    leaveRows();
     m_stack->updateStackVisibility();
 }
 
-void BVStackEntries::keepModel(BVDragTreeWidget *tree)
+void BVStackEntries::leaveRows()
 {
-    QAbstractItemModel *model = tree->model();
-    connect(tree, &QObject::destroyed, model, [model] {
-        model->setParent(QCoreApplication::instance());
-        model->deleteLater();
-    });
+    if (!m_items.isEmpty())
+        detach(QVector<BVControlledStackItem *>(m_items.cbegin(), m_items.cend()));
+}
+
+void BVStackEntries::keepModels(BVDragTreeWidget *tree)
+{
+    const std::initializer_list<QObject *> models{tree->model(), tree->selectionModel()};
+    for (QObject *model : models)
+        connect(tree, &QObject::destroyed, model, [model] {
+            model->setParent(QCoreApplication::instance());
+            model->deleteLater();
+        });
 }
 
 void BVStackEntries::clear()
@@ -180,18 +187,23 @@ void BVStackEntries::rowDeleted(BVControlledStackItem *item)
     entries->detachBranch(row);
 }
 
-/// Pages go from the end, so that those before the last do not come into sight one after the other.
 BVStackRemains *BVStackEntries::detachBranch(QTreeWidgetItem *row)
+{
+    QVector<BVControlledStackItem *> items;
+    const QVector<QTreeWidgetItem *> rows = branchOf(row);
+    for (QTreeWidgetItem *branchRow : rows)
+        if (BVControlledStackItem *item = BVStackTreeItem::entryOf(branchRow))
+            items.append(item);
+    return detach(items);
+}
+
+/// Pages go from the end, so that those before the last do not come into sight one after the other.
+/// No slot is called before all are out, so that it may put one of them to use again.
+BVStackRemains *BVStackEntries::detach(const QVector<BVControlledStackItem *> &items)
 {
     const QPointer<BVStackEntries> guard(this);
     const QPointer<BVStackRemains> remains(new BVStackRemains(m_stack));
-    QVector<BVControlledStackItem *> items;
-    const QVector<QTreeWidgetItem *> rows = branchOf(row);
-    for (QTreeWidgetItem *branchRow : rows) {
-        BVControlledStackItem *item = BVStackTreeItem::entryOf(branchRow);
-        if (!item)
-            continue;
-        items.append(item);
+    for (BVControlledStackItem *item : items) {
         remains->add(item);
         m_items.remove(item);
         item->m_treeItem->detach();
@@ -202,6 +214,8 @@ BVStackRemains *BVStackEntries::detachBranch(QTreeWidgetItem *row)
     for (int i = items.size() - 1; i >= 0 && guard && remains; --i)
         deletePage(items[i]);
     return remains;
+    if (guard)
+        reportPageCount();
 }
 
 // Pages
@@ -209,15 +223,16 @@ BVStackRemains *BVStackEntries::detachBranch(QTreeWidgetItem *row)
         m_layoutItems.remove(item->m_layoutKey.toString(), item);
 void BVStackEntries::setPage(BVControlledStackItem *item, QWidget *page)
 {
-    const bool isAround = page && (page == m_stack || page->isAncestorOf(m_stack));
-    if (page == item->m_containerWidget || isAround)
+    if (page == item->m_containerWidget || isAround(page))
         return;
     const QPointer<BVStackEntries> guard(this);
     const QPointer<QWidget> pageGuard(page);
     deletePage(item);
     if (BVControlledStackItem *other = BVControlledStackItem::itemFromWidget(pageGuard))
         other->removeContainerWidget();
-    if (guard && pageGuard && contains(item))
+    if (!guard)
+        return;
+    if (pageGuard && contains(item) && !item->m_containerWidget)
         attachPage(item, page);
 void BVStackEntries::setLayoutKey(BVControlledStackItem *item, const QVariant &key)
 {
@@ -244,7 +259,9 @@ void BVStackEntries::attachPage(BVControlledStackItem *item, QWidget *page)
     page->installEventFilter(this);
     item->m_containerWidget = page;
     item->m_pageDestroyed =
-        connect(page, &QObject::destroyed, this, [this, item] { forgetPage(item); });
+        connect(page, &QObject::destroyed, this, [this, item] { onPageDestroyed(item); });
+    if (page == m_stack->startPage())
+        m_stack->m_switch->releaseStartPage();
     const QPointer<BVStackEntries> guard(this);
     const QPointer<QWidget> pageGuard(page);
     m_stack->stackedWidget()->addWidget(page);
@@ -255,22 +272,26 @@ void BVStackEntries::attachPage(BVControlledStackItem *item, QWidget *page)
     if (guard && item->isCurrent())
         showPage(item);
     if (guard)
-        onPagesChanged();
+        reportPageCount();
 }
 
-/// The page stays what it is, but for that it leaves the stack.
+/// The page stays what it is, but for that it leaves the stack and is hidden. That is not told yet.
 QWidget *BVStackEntries::takePage(BVControlledStackItem *item)
 {
     const QPointer<QWidget> page(item->m_containerWidget);
     if (!page)
         return nullptr;
-    forgetPage(item);
     page->removeEventFilter(this);
     page->setProperty(s_pageProperty, QVariant());
     if (page)
-        m_stack->stackedWidget()->removeWidget(page);
+        page->hide();
+    forgetPage(item);
     return page;
 }
+    if (!guard)
+        return;
+    m_isPageCountDue = true;
+    updateVisibility();
 
 void BVStackEntries::forgetPage(BVControlledStackItem *item)
 {
@@ -282,17 +303,22 @@ void BVStackEntries::forgetPage(BVControlledStackItem *item)
 
 void BVStackEntries::deletePage(BVControlledStackItem *item)
 {
-    if (QWidget *page = takePage(item)) {
-        page->hide();
+    if (QWidget *page = takePage(item))
+    disconnect(item->m_pageDestroyed);
+    item->m_containerWidget = nullptr;
+    m_stack->stackedWidget()->removeWidget(page);
         page->deleteLater();
-    }
 }
 
 QWidget *BVStackEntries::releasePage(BVControlledStackItem *item)
+void BVStackEntries::onPageDestroyed(BVControlledStackItem *item)
+{
+    m_dyingPage = item->m_containerWidget;
+    forgetPage(item);
+}
+
 {
     const QPointer<QWidget> page(takePage(item));
-    if (page)
-        page->hide();
     if (page)
         page->setParent(nullptr);
     return page;
@@ -306,13 +332,36 @@ void BVStackEntries::showPage(const BVControlledStackItem *item)
         pages->setCurrentWidget(page);
 }
 
-void BVStackEntries::onPagesChanged()
+void BVStackEntries::updateVisibility()
+    const QPointer<BVStackEntries> guard(this);
 {
     const QPointer<BVStackEntries> guard(this);
     m_stack->m_switch->updateStartPage();
     if (guard)
         m_stack->updateStackVisibility();
     if (guard)
+        reportPageCount();
+}
+
+/// The toolkit's layout is in the middle of it, and does not bear the end of the stack: whoever has
+/// removed the page tells of it afterwards.
+void BVStackEntries::onPageRemoved()
+{
+    if (!std::exchange(m_isPageCountDue, true)) // somebody else may have removed it
+        QMetaObject::invokeMethod(this, &BVStackEntries::reportPageCount, Qt::QueuedConnection);
+    updateVisibility();
+}
+
+/// While rows are on their way, it waits with all that is told of them.
+void BVStackEntries::reportPageCount()
+{
+    if (!m_stack->tree() || !m_stack->m_navigation->isHeld())
+        tellPageCount();
+}
+
+void BVStackEntries::tellPageCount()
+{
+    if (std::exchange(m_isPageCountDue, false))
         Q_EMIT m_stack->widgetCountChanged(m_stack->stackedWidget()->count());
 }
 
@@ -332,3 +381,16 @@ bool BVStackEntries::eventFilter(QObject *watched, QEvent *event)
         followPage(item, int(static_cast<BVWidgetStatusChangedEvent *>(event)->status()));
     return false;
 }
+/// The layout has heard of it before. True if there is nobody left to hear of it.
+bool BVStackEntries::onChildRemoved(const QObject *child)
+{
+    if (child != m_dyingPage)
+        return false;
+    const QPointer<BVStackEntries> guard(this);
+    m_dyingPage = nullptr;
+    reportPageCount();
+    return !guard;
+}
+
+    if (event->type() == QEvent::ChildRemoved && watched == m_stack->stackedWidget())
+        return onChildRemoved(static_cast<QChildEvent *>(event)->child());

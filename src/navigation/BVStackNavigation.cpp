@@ -79,11 +79,14 @@ void BVStackNavigation::hold()
     m_isSelectionHeld = false;
 }
 
+/// Whatever slots do when they hear of the number of pages still waits.
 void BVStackNavigation::release()
 {
-    if (--m_holdCount > 0)
-        return;
     const QPointer<BVStackNavigation> guard(this);
+    while (guard && m_holdCount == 1 && m_stack->m_entries->isPageCountDue())
+        m_stack->m_entries->tellPageCount();
+    if (!guard || --m_holdCount > 0)
+        return;
     BVControlledStackItem *const previous = m_heldPrevious;
     if (m_isSelectionHeld)
         reportHeldSelection();
@@ -153,7 +156,11 @@ BVStackNavigation::BVStackNavigation(BVControlledStackWidget *stack)
 void BVStackNavigation::watchTree(BVDragTreeWidget *tree)
 {
     // Rows are deleted after the tree's end has begun, when it can no longer be asked.
-    connect(tree, &QObject::destroyed, this, [this] { m_stack->m_tree = nullptr; });
+    connect(tree, &QObject::destroyed, this, [this] {
+        m_stack->m_tree = nullptr;
+        m_stack->m_order->invalidate();
+        m_stack->m_entries->leaveRows();
+    });
     connect(tree, &QTreeWidget::currentItemChanged, this, &BVStackNavigation::onCurrentItemChanged);
     connect(tree, &QTreeWidget::itemSelectionChanged, this, &BVStackNavigation::onSelectionChanged);
     connect(tree, &QTreeWidget::itemChanged, this, &BVStackNavigation::onItemChanged);
@@ -187,10 +194,13 @@ void BVStackNavigation::watchRows(BVDragTreeWidget *tree)
     connect(model, &QAbstractItemModel::rowsRemoved, this, &BVStackNavigation::onRowsRemoved);
     connect(model, &QAbstractItemModel::rowsMoved, this, invalidate);
     connect(model, &QAbstractItemModel::layoutChanged, this, invalidate);
+    connect(model, &QAbstractItemModel::modelAboutToBeReset, this,
+            &BVStackNavigation::holdUntilRowsAreRemoved);
     connect(model, &QAbstractItemModel::modelReset, this, [this] {
         m_stack->m_order->invalidate();
         m_stack->updateAutoRootDecoration();
         m_stack->updateStackVisibility();
+        releaseRows();
     });
 }
 
@@ -352,14 +362,19 @@ void BVStackNavigation::keepStateOf(const QModelIndex &parent, int first, int la
 
 void BVStackNavigation::onRowsRemoved(const QModelIndex &parent)
 {
-    const QPointer<BVStackNavigation> guard(this);
     m_stack->m_order->invalidate();
     if (BVDragTreeWidget *tree = m_stack->tree()) {
         updateParent(BVStackTreeItem::entryOf(tree->itemFromIndex(parent)), true);
         if (tree->rootIsDecorated())
             m_stack->updateAutoRootDecoration();
     }
-    // Slots may remove more rows, which hold and release on their own account.
+    releaseRows();
+}
+
+/// Slots may remove more rows, which hold and release on their own account.
+void BVStackNavigation::releaseRows()
+{
+    const QPointer<BVStackNavigation> guard(this);
     for (int holds = std::exchange(m_deletedRows, 0); guard && holds > 0; --holds)
         release();
 }

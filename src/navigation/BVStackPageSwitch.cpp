@@ -21,6 +21,12 @@ void BVStackPageSwitch::setStartPage(QWidget *page, QLayout *layout)
     layout->addWidget(page);
 }
 
+void BVStackPageSwitch::releaseStartPage()
+{
+    showStartPage(false);
+    m_startPage = nullptr;
+}
+
 /// What goes is hidden first, so that the window never has to hold both.
 void BVStackPageSwitch::showStartPage(bool show)
 {

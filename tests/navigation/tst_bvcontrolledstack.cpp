@@ -169,7 +169,7 @@ void tst_BVControlledStack::removing()
     QCOMPARE(f.takeLog(), QString("d<c 1"));
     QCOMPARE(f.page(), QString("d"));
     QVERIFY(f.d->isSelected());
-    QCOMPARE(counts.size(), 2);
+    QCOMPARE(counts.size(), 1);
     QVERIFY(!f.b->treeItem() && !f.b->stackWidget());
     f.b->setText("gone"); // still there, without effect
     f.stack.removeItem(f.b);
@@ -595,8 +595,8 @@ void tst_BVControlledStack::startPage()
     for (int i = 0; i < pages + 1; ++i)
         f.stack.addItem(new QWidget);
     f.stack.removeItem(0);
-    const auto isShown = [&] { return !start->isHidden() && (threshold < 0 || f.stack.stackedWidget()->isHidden()); };
-    QCOMPARE(threshold < 0 ? false : isShown(), isStartPage);
+    QCOMPARE(!start->isHidden(), isStartPage);
+    QCOMPARE(f.stack.stackedWidget()->isHidden(), isStartPage);
     f.stack.showStartPage(!isStartPage);
     QCOMPARE(f.stack.stackedWidget()->isHidden(), !isStartPage);
     f.stack.setStartPage(nullptr, isStartPage ? 0 : 100);
