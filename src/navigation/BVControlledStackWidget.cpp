@@ -56,6 +56,9 @@ BVControlledStackWidget::~BVControlledStackWidget()
 {
     blockSignals(true);
     m_entries->clear();
+    m_entries->leaveRows();
+    if (m_controller && m_controller->getControlledStack() == this)
+        resetController();
     delete m_navigation;
     delete m_entries;
     m_entries = nullptr;
@@ -71,20 +74,35 @@ void BVControlledStackWidget::leaveController()
     const QPointer<BVControlledStackWidget> guard(this);
     m_navigation->hold();
     m_entries->clear();
+    if (guard)
+        m_entries->leaveRows();
     if (!guard)
         return;
     if (m_controller && m_needInputAction)
-    if (guard)
-        m_entries->leaveRows();
         m_controller->removeAction(m_needInputAction);
+    resetController();
     m_tree = nullptr;
+    m_order->invalidate();
     m_controller = nullptr;
     delete m_navigation;
     m_navigation = new BVStackNavigation(this); // of no tree
     updateStackVisibility();
 }
 
-    m_order->invalidate();
+/// Takes back what this has set there, so that the next stack finds it as it was.
+void BVControlledStackWidget::resetController()
+{
+    if (!m_controller || !tree())
+        return;
+    if (m_topLevelAsHeader)
+        tree()->setShowTopLevelSeparator(false);
+    if (m_deselectionEnabled)
+        tree()->enableDeselection(false);
+    if (!m_headerLabel.isEmpty())
+        m_controller->setHeaderLabel(QString());
+    BVStackLooks::alignHeader(*m_controller, false);
+}
+
 BVStackControllerWidget *BVControlledStackWidget::controller() const
 {
     return m_controller;

@@ -262,6 +262,7 @@ private:
     friend class BVStackNavigation;
 
     void leaveController();
+    void resetController();
     bool isOwn(const BVControlledStackItem *item) const;
     QTreeWidgetItem *rowOf(const BVControlledStackItem *parent) const;
     QList<QTreeWidgetItem *> rowsAt(const QList<int> &dfsIndexes) const;

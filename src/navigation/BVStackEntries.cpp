@@ -206,6 +206,7 @@ BVStackRemains *BVStackEntries::detach(const QVector<BVControlledStackItem *> &i
     for (BVControlledStackItem *item : items) {
         remains->add(item);
         m_items.remove(item);
+        m_layoutItems.remove(item->m_layoutKey.toString(), item);
         item->m_treeItem->detach();
         item->m_treeItem = nullptr;
         item->m_stackWidget = nullptr;
@@ -213,27 +214,11 @@ BVStackRemains *BVStackEntries::detach(const QVector<BVControlledStackItem *> &i
     m_stack->m_order->invalidate();
     for (int i = items.size() - 1; i >= 0 && guard && remains; --i)
         deletePage(items[i]);
-    return remains;
     if (guard)
         reportPageCount();
+    return remains;
 }
 
-// Pages
-
-        m_layoutItems.remove(item->m_layoutKey.toString(), item);
-void BVStackEntries::setPage(BVControlledStackItem *item, QWidget *page)
-{
-    if (page == item->m_containerWidget || isAround(page))
-        return;
-    const QPointer<BVStackEntries> guard(this);
-    const QPointer<QWidget> pageGuard(page);
-    deletePage(item);
-    if (BVControlledStackItem *other = BVControlledStackItem::itemFromWidget(pageGuard))
-        other->removeContainerWidget();
-    if (!guard)
-        return;
-    if (pageGuard && contains(item) && !item->m_containerWidget)
-        attachPage(item, page);
 void BVStackEntries::setLayoutKey(BVControlledStackItem *item, const QVariant &key)
 {
     item->m_layoutKey = key;
@@ -249,6 +234,38 @@ BVControlledStackItem *BVStackEntries::layoutItem(const QVariant &key) const
     return nullptr;
 }
 
+// Pages
+
+void BVStackEntries::setPage(BVControlledStackItem *item, QWidget *page)
+{
+    if (page == item->m_containerWidget || isAround(page))
+        return;
+    const QPointer<BVStackEntries> guard(this);
+    const QPointer<QWidget> pageGuard(page);
+    deletePage(item);
+    if (BVControlledStackItem *other = BVControlledStackItem::itemFromWidget(pageGuard))
+        other->removeContainerWidget();
+    if (!guard)
+        return;
+    if (pageGuard && contains(item) && !item->m_containerWidget)
+        attachPage(item, page);
+    else
+        reportPageCount();
+}
+
+bool BVStackEntries::isAround(const QWidget *widget) const
+{
+    const QWidget *pages = m_stack->stackedWidget();
+    return widget && (widget == pages || widget->isAncestorOf(pages));
+}
+
+bool BVStackEntries::takeFromEntry(QWidget *page)
+{
+    const QPointer<BVStackEntries> guard(this);
+    const QPointer<QWidget> pageGuard(page);
+    if (BVControlledStackItem *item = BVControlledStackItem::itemFromWidget(page))
+        item->removeContainerWidget();
+    return guard && pageGuard;
 }
 
 void BVStackEntries::attachPage(BVControlledStackItem *item, QWidget *page)
@@ -271,6 +288,10 @@ void BVStackEntries::attachPage(BVControlledStackItem *item, QWidget *page)
         followPage(item, int(BVWidgetStatus::status(page)));
     if (guard && item->isCurrent())
         showPage(item);
+    if (!guard)
+        return;
+    m_isPageCountDue = true;
+    updateVisibility();
     if (guard)
         reportPageCount();
 }
@@ -283,15 +304,20 @@ QWidget *BVStackEntries::takePage(BVControlledStackItem *item)
         return nullptr;
     page->removeEventFilter(this);
     page->setProperty(s_pageProperty, QVariant());
+    disconnect(item->m_pageDestroyed);
+    item->m_containerWidget = nullptr;
+    m_stack->stackedWidget()->removeWidget(page);
     if (page)
         page->hide();
     forgetPage(item);
     return page;
 }
-    if (!guard)
-        return;
-    m_isPageCountDue = true;
-    updateVisibility();
+
+void BVStackEntries::onPageDestroyed(BVControlledStackItem *item)
+{
+    m_dyingPage = item->m_containerWidget;
+    forgetPage(item);
+}
 
 void BVStackEntries::forgetPage(BVControlledStackItem *item)
 {
@@ -304,23 +330,17 @@ void BVStackEntries::forgetPage(BVControlledStackItem *item)
 void BVStackEntries::deletePage(BVControlledStackItem *item)
 {
     if (QWidget *page = takePage(item))
-    disconnect(item->m_pageDestroyed);
-    item->m_containerWidget = nullptr;
-    m_stack->stackedWidget()->removeWidget(page);
         page->deleteLater();
 }
 
 QWidget *BVStackEntries::releasePage(BVControlledStackItem *item)
-void BVStackEntries::onPageDestroyed(BVControlledStackItem *item)
 {
-    m_dyingPage = item->m_containerWidget;
-    forgetPage(item);
-}
-
-{
+    const QPointer<BVStackEntries> guard(this);
     const QPointer<QWidget> page(takePage(item));
     if (page)
         page->setParent(nullptr);
+    if (guard)
+        reportPageCount();
     return page;
 }
 
@@ -333,14 +353,11 @@ void BVStackEntries::showPage(const BVControlledStackItem *item)
 }
 
 void BVStackEntries::updateVisibility()
-    const QPointer<BVStackEntries> guard(this);
 {
     const QPointer<BVStackEntries> guard(this);
     m_stack->m_switch->updateStartPage();
     if (guard)
         m_stack->updateStackVisibility();
-    if (guard)
-        reportPageCount();
 }
 
 /// The toolkit's layout is in the middle of it, and does not bear the end of the stack: whoever has
@@ -371,16 +388,6 @@ void BVStackEntries::followPage(BVControlledStackItem *item, int stati)
     item->m_isStatusOfPage = true;
 }
 
-bool BVStackEntries::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() != BVWidgetStatusChangedEvent::s_eventType)
-        return false;
-    auto *page = qobject_cast<QWidget *>(watched);
-    BVControlledStackItem *item = BVControlledStackItem::itemFromWidget(page);
-    if (item && contains(item) && item->m_containerWidget == page)
-        followPage(item, int(static_cast<BVWidgetStatusChangedEvent *>(event)->status()));
-    return false;
-}
 /// The layout has heard of it before. True if there is nobody left to hear of it.
 bool BVStackEntries::onChildRemoved(const QObject *child)
 {
@@ -392,5 +399,15 @@ bool BVStackEntries::onChildRemoved(const QObject *child)
     return !guard;
 }
 
+bool BVStackEntries::eventFilter(QObject *watched, QEvent *event)
+{
     if (event->type() == QEvent::ChildRemoved && watched == m_stack->stackedWidget())
         return onChildRemoved(static_cast<QChildEvent *>(event)->child());
+    if (event->type() != BVWidgetStatusChangedEvent::s_eventType)
+        return false;
+    auto *page = qobject_cast<QWidget *>(watched);
+    BVControlledStackItem *item = BVControlledStackItem::itemFromWidget(page);
+    if (item && contains(item) && item->m_containerWidget == page)
+        followPage(item, int(static_cast<BVWidgetStatusChangedEvent *>(event)->status()));
+    return false;
+}

@@ -321,6 +321,7 @@ void BVStackNavigation::onRowsInserted(const QModelIndex &parent, int first, int
     const QTreeWidgetItem *above =
         parent.isValid() ? tree->itemFromIndex(parent) : tree->invisibleRootItem();
     bool hasBranch = false;
+    bool isAnyChecked = false;
     for (int i = first; i <= last; ++i) {
         hasBranch = hasBranch || above->child(i)->childCount() > 0;
         BVControlledStackItem *item = BVStackTreeItem::entryOf(above->child(i));
@@ -334,7 +335,6 @@ void BVStackNavigation::onRowsInserted(const QModelIndex &parent, int first, int
     if (isDecorationDue && !tree->rootIsDecorated())
         m_stack->updateAutoRootDecoration();
 }
-    bool isAnyChecked = false;
 
 void BVStackNavigation::placeEntry(BVControlledStackItem *item, bool isTopLevel)
 {

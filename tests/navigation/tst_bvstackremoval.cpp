@@ -95,6 +95,7 @@ private Q_SLOTS:
     void rowsOutsideTheTree();
     void rescuedPage();
     void widgetsOfOthers();
+    void controllerForTheNext();
     void focusMakesNoneCurrent();
 };
 
@@ -209,6 +210,23 @@ void tst_BVStackRemoval::widgetsOfOthers()
     f.a->setupLayoutItem(page);
     QVERIFY(!f.e->getContainerWidget() && f.a->getContainerWidget()->isAncestorOf(page));
     inside.setParent(nullptr);
+}
+
+void tst_BVStackRemoval::controllerForTheNext()
+{
+    for (const bool isReplaced : {false, true}) {
+        Fixture f;
+        f.stack->setShowTopLevelItemsAsGroupHeader(true);
+        f.stack->setCheckableItems(Stack::AllItemsCheckable);
+        f.stack->setDeselectionOfCurrentEnabled(true);
+        f.stack->setHeaderLabel("Parts");
+        if (!isReplaced)
+            f.stack.reset();
+        const Stack next(f.controller);
+        QVERIFY(!f.tree()->isTopLevelSeparatorShown() && !f.tree()->isDeselectionEnabled());
+        QVERIFY(!f.controller->headerWidget()->property("alignRight").isValid());
+        QCOMPARE(f.controller->getHeaderLabel(), QString());
+    }
 }
 
 void tst_BVStackRemoval::focusMakesNoneCurrent()
