@@ -411,7 +411,9 @@ bool BVControlledStackItem::isExpanded() const
 void BVControlledStackItem::setExpandedAll(bool expanded)
 {
     const QPointer<BVControlledStackWidget> stack(m_stackWidget);
-    setExpanded(expanded);
+    // An open row without any below would take the first arrow to the left to close it.
+    if (!expanded || (m_treeItem && m_treeItem->childCount() > 0))
+        setExpanded(expanded);
     if (!stack)
         return;
     const QList<BVControlledStackItem *> children = getChildItems();

@@ -153,6 +153,13 @@ BVStackNavigation::BVStackNavigation(BVControlledStackWidget *stack)
         watchDrops(listControl);
 }
 
+template <void (BVControlledStackWidget::*signal)(BVControlledStackItem *)>
+void BVStackNavigation::forward(QTreeWidgetItem *row)
+{
+    if (BVControlledStackItem *item = BVStackTreeItem::entryOf(row))
+        Q_EMIT(m_stack->*signal)(item);
+}
+
 void BVStackNavigation::watchTree(BVDragTreeWidget *tree)
 {
     // Rows are deleted after the tree's end has begun, when it can no longer be asked.
@@ -168,17 +175,15 @@ void BVStackNavigation::watchTree(BVDragTreeWidget *tree)
         if (BVControlledStackItem *item = BVStackTreeItem::entryAtOrAbove(row))
             Q_EMIT m_stack->itemClicked(item);
     });
-    const auto forward = [this](auto signal) {
-        return [this, signal](QTreeWidgetItem *row) {
-            if (BVControlledStackItem *item = BVStackTreeItem::entryOf(row))
-                Q_EMIT(m_stack->*signal)(item);
-        };
-    };
     using Stack = BVControlledStackWidget;
-    connect(tree, &QTreeWidget::itemCollapsed, this, forward(&Stack::itemCollapsed));
-    connect(tree, &QTreeWidget::itemExpanded, this, forward(&Stack::itemExpanded));
-    connect(tree, &BVDragTreeWidget::sigItemHoverEnter, this, forward(&Stack::itemHoverEnter));
-    connect(tree, &BVDragTreeWidget::sigItemHoverLeave, this, forward(&Stack::itemHoverLeave));
+    connect(tree, &QTreeWidget::itemCollapsed, this,
+            &BVStackNavigation::forward<&Stack::itemCollapsed>);
+    connect(tree, &QTreeWidget::itemExpanded, this,
+            &BVStackNavigation::forward<&Stack::itemExpanded>);
+    connect(tree, &BVDragTreeWidget::sigItemHoverEnter, this,
+            &BVStackNavigation::forward<&Stack::itemHoverEnter>);
+    connect(tree, &BVDragTreeWidget::sigItemHoverLeave, this,
+            &BVStackNavigation::forward<&Stack::itemHoverLeave>);
     connect(tree, &BVDragTreeWidget::sigRowsAboutToBeRemoved, this,
             &BVStackNavigation::onRowsAboutToBeRemoved);
 }

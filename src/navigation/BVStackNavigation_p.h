@@ -81,6 +81,8 @@ private:
     void watchRows(BVDragTreeWidget *tree);
     void watchDrops(BVContainerListControl *listControl);
 
+    template <void (BVControlledStackWidget::*signal)(BVControlledStackItem *)>
+    void forward(QTreeWidgetItem *row);
     void onCurrentItemChanged(QTreeWidgetItem *current, QTreeWidgetItem *previous);
     void reportCurrent(BVControlledStackItem *item, BVControlledStackItem *previous);
     void onSelectionChanged();

@@ -547,7 +547,9 @@ void tst_BVStackController::filter()
     controller.setFilterLineShown(true);
     auto *edit = controller.findChild<QLineEdit *>();
     auto *needInput = controller.findChild<QToolButton *>();
+    const auto *clearButton = edit->findChild<QToolButton *>();
     edit->setText("B2");
+    QTRY_COMPARE(clearButton->property("opacity").toDouble(), 1.0);
     QCOMPARE(shown(), QString("b b2 "));
     QVERIFY(scene.entry("b")->isExpanded());
     scene.entry("b1")->setText("xb2");
@@ -559,6 +561,8 @@ void tst_BVStackController::filter()
     QCOMPARE(shown(), QString());
     scene.entry("a")->setBVWidgetStatus(BVWidgetStatus::NeedInput);
     QTRY_COMPARE(shown(), QString("a "));
+    QTRY_COMPARE(clearButton->property("opacity").toDouble(), 0.0); // the toolkit forgets about an animation that is cut short
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     controller.setFilterLineShown(false);
     QCOMPARE(shown(), QString("a b xb2 b2 "));
     QVERIFY(tree->topLevelItem(2)->isHidden());
