@@ -20,6 +20,7 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QItemSelectionModel>
 #include <QVBoxLayout>
 
 namespace {
@@ -295,8 +296,8 @@ void BVControlledStackWidget::setCurrentIndex(int index)
 {
     const QPointer<BVControlledStackWidget> guard(this);
     BVControlledStackItem *item = itemAtDFSIndex(index);
-    if (index < 0 && tree())
-        tree()->setCurrentItem(nullptr);
+    if (index < 0 && tree()) // the view would not bear a slot that deletes it
+        tree()->selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::Clear);
     if (item)
         item->setCurrent();
     if (guard && item)
