@@ -245,7 +245,7 @@ Q_SIGNALS:
     /// Entries are about to be moved below @p target, null for the top level. A slot that sets
     /// @p mayDrop to false refuses it.
     void itemDragEnter(BVControlledStackItem *target, bool *mayDrop);
-    /// The number of pages.
+    /// The number of pages; once for all that go with a removal, when the rows are gone.
     void widgetCountChanged(int count);
     void currentChanged(int index);
 
