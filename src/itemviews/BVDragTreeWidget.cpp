@@ -134,6 +134,7 @@ void BVDragTreeWidget::rowsInserted(const QModelIndex &parent, int start, int en
 
 void BVDragTreeWidget::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 {
+    Q_EMIT sigRowsAboutToBeRemoved();
     onContentChanged();
     leaveBranches(parent, start, end);
     QTreeWidget::rowsAboutToBeRemoved(parent, start, end);

@@ -107,6 +107,8 @@ Q_SIGNALS:
     void sigItemHoverLeave(QTreeWidgetItem *item);
     /// The mouse has left the tree.
     void sigLeaveEvent();
+    /// Rows are about to go. The current row and the selection are still what they were.
+    void sigRowsAboutToBeRemoved();
 
 protected:
     /// Opens the menu for a click at @p position in the viewport, negative for none.

@@ -372,6 +372,23 @@ void BVItemDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
         model->setData(index, edit->value(), Qt::EditRole);
 }
 
+/// The editor lies on the text, beside the check box wherever that is.
+void BVItemDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                          const QModelIndex &index) const
+{
+    QStyleOptionViewItem full = option;
+    initStyleOption(&full, index);
+    if (!editor || !placesCheckIndicator(full)) {
+        QStyledItemDelegate::updateEditorGeometry(editor, option, index);
+        return;
+    }
+    full.rect = contentRect(full);
+    full.features &= ~QStyleOptionViewItem::HasCheckIndicator;
+    full.showDecorationSelected = true; // the width of the cell, not that of the text
+    editor->setGeometry(
+        styleOf(full)->subElementRect(QStyle::SE_ItemViewItemText, &full, full.widget));
+}
+
 void BVItemDelegate::provideContextMenuActions(const QModelIndex &, const QPoint &,
                                                QAbstractItemView *, QMenu *)
 {

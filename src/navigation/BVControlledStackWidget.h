@@ -49,6 +49,10 @@ class QTreeWidgetItem;
 /// **Groups.** An entry without a page groups those right below it. Marks are a highlight of
 /// entries that the application sets, whatever is current.
 ///
+/// **Controller.** It serves one stack. One that comes into its service takes the place of the one
+/// before, which loses its entries and is without a controller from then on: nothing can be added
+/// to it.
+///
 /// **User.** Rows are renamed, checked, dragged and removed in the tree as far as the controller's
 /// list control and the entries' flags allow it; a removed row takes its page along. Rows of other
 /// trees are not taken, and those of the stack come back from there.
@@ -198,8 +202,9 @@ public:
 
     // Start page
 
-    /// Takes the page over and shows it when it is due; the one before is hidden and belongs to the
-    /// caller. Null changes the threshold only, without effect until the next change.
+    /// Takes the page over and shows it when it is due; until then it is hidden. The one before is
+    /// hidden and belongs to the caller. A page of an entry is one no longer. Null changes the
+    /// threshold only, without effect until the next change.
     void setStartPage(QWidget *page, int threshold);
     QWidget *startPage() const;
     int startPageThreshold() const;
@@ -240,7 +245,7 @@ Q_SIGNALS:
     /// Entries are about to be moved below @p target, null for the top level. A slot that sets
     /// @p mayDrop to false refuses it.
     void itemDragEnter(BVControlledStackItem *target, bool *mayDrop);
-    /// The number of pages.
+    /// The number of pages; once for all that go with a removal, when the rows are gone.
     void widgetCountChanged(int count);
     void currentChanged(int index);
 
@@ -256,13 +261,15 @@ private:
     friend class BVStackEntries;
     friend class BVStackNavigation;
 
+    void leaveController();
+    void resetController();
     bool isOwn(const BVControlledStackItem *item) const;
     QTreeWidgetItem *rowOf(const BVControlledStackItem *parent) const;
     QList<QTreeWidgetItem *> rowsAt(const QList<int> &dfsIndexes) const;
     void updateHeaderAlignment();
     void updateStackVisibility();
 
-    QPointer<BVStackControllerWidget> m_controller;
+    QPointer<BVStackControllerWidget> m_controller; // null also after another stack has come
     BVDragTreeWidget *m_tree; // of the controller; null as soon as its end begins
     BVStackedWidget *m_pages; // child of this
     std::unique_ptr<BVStackOrder> m_order;

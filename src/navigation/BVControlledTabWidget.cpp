@@ -22,9 +22,11 @@ BVWidgetStatus::Stati combinedStatus(const Entry *entry)
     return stati;
 }
 
-/// The entry itself or the first below that has a page; null for none.
+/// The entry itself or the first below that has a page and is enabled; null for none.
 Entry *firstWithPage(Entry *entry)
 {
+    if (!entry->isEnabled())
+        return nullptr;
     if (entry->getContainerWidget())
         return entry;
     const QList<Entry *> children = entry->getChildItems();
@@ -90,7 +92,7 @@ void BVControlledTabWidget::leaveStack()
 
 void BVControlledTabWidget::setStack(BVControlledStackWidget *stack)
 {
-    if (stack == m_stack)
+    if (stack == m_stack || (stack && stack->isAncestorOf(this)))
         return;
     leaveStack();
     if (m_stack) {
@@ -222,8 +224,10 @@ void BVControlledTabWidget::chooseFirst()
 void BVControlledTabWidget::onTabChosen(int index)
 {
     Entry *entry = m_stack ? m_stack->itemAt(index) : nullptr;
-    if (!entry || !entry->isEnabled() || topOf(m_stack->getCurrentItem()) == entry)
+    if (!entry || !entry->isEnabled() || topOf(m_stack->getCurrentItem()) == entry) {
+        updateCurrent();
         return;
+    }
     const QPointer<BVControlledTabWidget> guard(this);
     Entry *withPage = firstWithPage(entry);
     (withPage ? withPage : entry)->setCurrent();

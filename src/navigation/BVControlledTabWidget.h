@@ -15,9 +15,10 @@ class QModelIndex;
 ///
 /// There is a tab for each top-level entry, in their order, with its text, icon and tool tip. It is
 /// enabled as the entry is and shows the status of the entry and all below it. Choosing a tab makes
-/// its entry current, or, if that has no page, the first one below with a page. The tab of the
-/// entry that the current one is or lies below is current, whoever chooses; a stack without a
-/// current entry gets the one of the first tab that is enabled.
+/// its entry current, or, if that has no page, the first enabled one below with a page; one that is
+/// not enabled cannot be chosen. The tab of the entry that the current one is or lies below is
+/// current, whoever chooses; a stack without a current entry gets the one of the first tab that is
+/// enabled.
 ///
 /// The navigation tree can be shown beside that, for what lies below the tabs.
 class BVWIDGETS_EXPORT BVControlledTabWidget : public QWidget
@@ -34,7 +35,7 @@ public:
     /// Null if there is none.
     BVControlledStackWidget *stack() const;
     /// Takes the stack over and shows it; the one before is hidden and belongs to the caller. Null
-    /// leaves none.
+    /// leaves none. Ignored for a stack that this stands in.
     void setStack(BVControlledStackWidget *stack);
 
     int count() const;

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QHideEvent>
 #include <QPainter>
+#include <QSplitter>
 #include <QStyle>
 
 namespace {
@@ -57,14 +58,35 @@ void fadeLine(const QRgb *source, QRgb *faded, int width, double factor)
     }
 }
 
+/// Keeps new children from an object, which has them nevertheless.
+class Blindfold : public QObject
+{
+public:
+    explicit Blindfold(QObject *object) { object->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        return event->type() == QEvent::ChildAdded;
+    }
+};
+
+/// A splitter makes a pane of each child that it gets to know.
+bool isSplitter(const QWidget *parent)
+{
+    return qobject_cast<const QSplitter *>(parent);
+}
+
 } // namespace
 
 BVStackAnimationWidget::BVStackAnimationWidget(QWidget *parent)
-    : QWidget(parent)
+    : QWidget(isSplitter(parent) ? nullptr : parent)
     , m_timeLine(s_duration)
     , m_inputBlock(std::make_unique<BVInputBlock>())
 {
     setVisible(false);
+    if (isSplitter(parent)) {
+        const Blindfold blindfold(parent);
+        setParent(parent);
+    }
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     m_timeLine.setFrameRange(0, s_lastFrame);

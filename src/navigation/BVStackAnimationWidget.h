@@ -18,7 +18,8 @@ class QAction;
 /// that an action is due.
 ///
 /// Give the widget the rectangle of its parent before each flight; outside of a flight it is
-/// hidden. The target is a fixed point of the parent or a corner of an end widget, which may move
+/// hidden. It lies over the other children, also in a splitter, which has no pane for it. The
+/// target is a fixed point of the parent or a corner of an end widget, which may move
 /// meanwhile. The image keeps its size on the screen whatever its device pixel ratio, and is drawn
 /// smoothly.
 ///

@@ -3,6 +3,7 @@
 
 #include "itemviews/BVDragTreeWidget.h"
 #include "navigation/BVControlledStackItem.h"
+#include "navigation/BVStackNavigation_p.h"
 
 #include <QPersistentModelIndex>
 #include <QPointer>
@@ -116,6 +117,7 @@ void BVStackChecking::checkOnly(QTreeWidgetItem *row)
         checkAll(tree, Qt::Unchecked);
         return;
     }
+    const BVStackNavigation::NetToggles groups(BVControlledStackItem::itemFromTreeItem(row));
     const Row kept(row, columnOf(row));
     const auto isOther = [row](const QTreeWidgetItem *other) {
         return other != row && !isLinked(other, row);

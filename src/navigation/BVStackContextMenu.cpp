@@ -15,6 +15,7 @@
 #include <QTreeWidgetItemIterator>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -54,7 +55,12 @@ struct Scope
     QTreeWidgetItem *m_row;
 
     QTreeWidgetItem *subject() const { return BVStackChecking::checkableAround(m_row); }
-    QTreeWidgetItem *parent() const { return m_row ? m_row->parent() : nullptr; }
+    /// The row above that of the entry, which a plain row belongs to.
+    QTreeWidgetItem *parent() const
+    {
+        const QTreeWidgetItem *row = rowOfEntry(m_row);
+        return row ? row->parent() : nullptr;
+    }
     QTreeWidgetItem *current() const { return rowOfEntry(m_tree->currentItem()); }
 };
 
@@ -119,42 +125,68 @@ void showOnly(const Scope &scope)
 
 struct BVStackContextMenu::Option
 {
+    struct NamedText
+    {
+        const char *text;
+        const char *comment;
+    };
+
     int option;
     int group; // separators stand between groups
     const char *text;
-    const char *namedText; // while the menu is open at an entry; null for the same
-    Target named;          // whose name that is
+    NamedText ofItem;   // while the menu is open at an entry; null for the same
+    NamedText ofParent; // in place of one without a check box
+    Target named;       // whose name that is
     bool (*mayDo)(const Scope &scope);
     void (*effect)(const Scope &scope);
 };
 
+// clang-format off
 const BVStackContextMenu::Option BVStackContextMenu::s_options[] = {
-    {Controller::Rename, 0, QT_TRANSLATE_NOOP("BVStackControllerWidget", "Rename"), nullptr,
-     nullptr, mayRename, rename},
-    {Controller::ShowCurrent, 1, QT_TRANSLATE_NOOP("BVStackControllerWidget", "Show Current"),
-     //: %1 is name of the item
-     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Show Only %1"), &Scope::current, mayShowOnly,
-     showOnly},
-    {Controller::Show, 1, QT_TRANSLATE_NOOP("BVStackControllerWidget", "Show"),
-     //: %1 is name of the item or, if that has no check box, %1 is name of the parent item
-     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Show %1"), &Scope::subject,
+    {Controller::Rename, 0,
+     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Rename"),
+     {nullptr, nullptr}, {nullptr, nullptr}, nullptr,
+     mayRename, rename},
+    {Controller::ShowCurrent, 1,
+     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Show Current"),
+     QT_TRANSLATE_NOOP3("BVStackControllerWidget", "Show Only %1", "%1 is name of the item"),
+     QT_TRANSLATE_NOOP3("BVStackControllerWidget", "Show Only %1", "%1 is name of the item"),
+     &Scope::current,
+     mayShowOnly, showOnly},
+    {Controller::Show, 1,
+     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Show"),
+     QT_TRANSLATE_NOOP3("BVStackControllerWidget", "Show %1", "%1 is name of the item"),
+     QT_TRANSLATE_NOOP3("BVStackControllerWidget", "Show %1", "%1 is name of the parent item"),
+     &Scope::subject,
      mayCheck<&Scope::subject, Qt::Checked>, check<&Scope::subject, Qt::Checked>},
-    {Controller::DontShow, 1, QT_TRANSLATE_NOOP("BVStackControllerWidget", "Don't Show"),
-     //: %1 is name of the item or, if that has no check box, %1 is name of the parent item
-     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Don't Show %1"), &Scope::subject,
+    {Controller::DontShow, 1,
+     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Don't Show"),
+     QT_TRANSLATE_NOOP3("BVStackControllerWidget", "Don't Show %1", "%1 is name of the item"),
+     QT_TRANSLATE_NOOP3("BVStackControllerWidget", "Don't Show %1", "%1 is name of the parent item"),
+     &Scope::subject,
      mayCheck<&Scope::subject, Qt::Unchecked>, check<&Scope::subject, Qt::Unchecked>},
     {Controller::ShowAllNeighbors, 2,
-     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Show all Neighbors"), nullptr, nullptr,
+     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Show all Neighbors"),
+     {nullptr, nullptr}, {nullptr, nullptr}, nullptr,
      mayCheck<&Scope::parent, Qt::Checked>, check<&Scope::parent, Qt::Checked>},
     {Controller::DontShowAnyNeighbor, 2,
-     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Don't Show any Neighbor"), nullptr, nullptr,
+     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Don't Show any Neighbor"),
+     {nullptr, nullptr}, {nullptr, nullptr}, nullptr,
      mayCheck<&Scope::parent, Qt::Unchecked>, check<&Scope::parent, Qt::Unchecked>},
-    {Controller::ShowAll, 3, QT_TRANSLATE_NOOP("BVStackControllerWidget", "Show All"), nullptr,
-     nullptr, mayCheckAll<Qt::Checked>, checkAll<Qt::Checked>},
-    {Controller::HideAll, 3, QT_TRANSLATE_NOOP("BVStackControllerWidget", "Hide All"), nullptr,
-     nullptr, mayCheckAll<Qt::Unchecked>, checkAll<Qt::Unchecked>},
-    {Controller::CustomOption, 4, nullptr, nullptr, nullptr, nullptr, nullptr},
+    {Controller::ShowAll, 3,
+     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Show All"),
+     {nullptr, nullptr}, {nullptr, nullptr}, nullptr,
+     mayCheckAll<Qt::Checked>, checkAll<Qt::Checked>},
+    {Controller::HideAll, 3,
+     QT_TRANSLATE_NOOP("BVStackControllerWidget", "Hide All"),
+     {nullptr, nullptr}, {nullptr, nullptr}, nullptr,
+     mayCheckAll<Qt::Unchecked>, checkAll<Qt::Unchecked>},
+    {Controller::CustomOption, 4,
+     nullptr,
+     {nullptr, nullptr}, {nullptr, nullptr}, nullptr,
+     nullptr, nullptr},
 };
+// clang-format on
 
 BVStackContextMenu::BVStackContextMenu(BVStackControllerWidget *controller)
     : QObject(controller)
@@ -173,13 +205,14 @@ void BVStackContextMenu::create(int options)
         action->deleteLater();
     }
     m_actions.clear();
-    m_wasEnabled.clear();
+    m_ownTexts.clear();
+    m_shown.clear();
     for (const Option &option : s_options) {
         if (!(options & option.option))
             continue;
         auto *action = new QAction(this);
         if (option.text)
-            action->setText(Controller::tr(option.text));
+            setOwnText(action, Controller::tr(option.text));
         action->setData(option.option);
         connect(action, &QAction::triggered, this, [this, action] { onTriggered(action); });
         connect(action, &QObject::destroyed, this, [this, action] { forget(action); });
@@ -190,7 +223,28 @@ void BVStackContextMenu::create(int options)
 void BVStackContextMenu::forget(QAction *action)
 {
     m_actions.removeOne(action);
-    m_wasEnabled.remove(action);
+    m_ownTexts.remove(action);
+    m_shown.remove(action);
+}
+
+bool BVStackContextMenu::hasOwnText(const QAction *action) const
+{
+    const auto own = m_ownTexts.constFind(action);
+    return own != m_ownTexts.cend() && *own == action->text();
+}
+
+void BVStackContextMenu::setOwnText(QAction *action, const QString &text)
+{
+    m_ownTexts[action] = text;
+    action->setText(text);
+}
+
+void BVStackContextMenu::retranslate()
+{
+    const QList<QAction *> actions = m_actions;
+    for (QAction *action : actions)
+        if (m_actions.contains(action) && hasOwnText(action)) // slots may have deleted it
+            setOwnText(action, Controller::tr(optionOf(action)->text));
 }
 
 QAction *BVStackContextMenu::action(int option) const
@@ -206,8 +260,8 @@ void BVStackContextMenu::enable(int option, bool enable)
     for (QAction *action : qAsConst(m_actions)) {
         if (action->data().toInt() != option)
             continue;
-        if (m_wasEnabled.contains(action))
-            m_wasEnabled[action] = enable;
+        if (m_shown.contains(action))
+            m_shown[action] = {enable, enable};
         action->setEnabled(enable);
     }
 }
@@ -271,8 +325,9 @@ void BVStackContextMenu::fill(TreeViewContextMenu *menu)
         if (group >= 0 && group != option->group)
             menu->appendSeparator();
         group = option->group;
-        m_wasEnabled.insert(action, action->isEnabled());
+        const bool wasEnabled = action->isEnabled();
         prepare(action);
+        m_shown.insert(action, {wasEnabled, action->isEnabled()});
         menu->appendAction(action, action->isEnabled());
     }
 }
@@ -284,8 +339,11 @@ void BVStackContextMenu::prepare(QAction *action)
     const Scope scope{m_controller, m_opened.m_tree,
                       m_opened.m_tree->itemFromIndex(m_opened.m_row)};
     const QTreeWidgetItem *named = option->named ? (scope.*option->named)() : nullptr;
-    if (named)
-        action->setText(Controller::tr(option->namedText).arg(inMenu(named)));
+    if (named && hasOwnText(action)) {
+        const Option::NamedText &text =
+            named == rowOfEntry(scope.m_row) ? option->ofItem : option->ofParent;
+        setOwnText(action, Controller::tr(text.text, text.comment).arg(inMenu(named)));
+    }
     if (option->mayDo && !option->mayDo(scope))
         action->setEnabled(false);
 }
@@ -293,12 +351,12 @@ void BVStackContextMenu::prepare(QAction *action)
 void BVStackContextMenu::reset()
 {
     m_isOpen = false;
-    for (auto i = m_wasEnabled.cbegin(); i != m_wasEnabled.cend(); ++i) {
-        i.key()->setEnabled(i.value());
-        if (const char *text = optionOf(i.key())->text)
-            i.key()->setText(Controller::tr(text));
-    }
-    m_wasEnabled.clear();
+    // What the application has changed meanwhile, or deleted, is left alone.
+    const QHash<QAction *, State> shown = std::exchange(m_shown, {});
+    for (auto i = shown.cbegin(); i != shown.cend(); ++i)
+        if (m_actions.contains(i.key()) && i.key()->isEnabled() == i->m_isEnabled)
+            i.key()->setEnabled(i->m_wasEnabled);
+    retranslate();
     m_opened = Opened();
 }
 

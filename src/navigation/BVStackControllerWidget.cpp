@@ -13,8 +13,11 @@
 #include "platform/PropertyChangeFilter.h"
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace {
 
@@ -28,6 +31,25 @@ constexpr QMargins s_checkMargins(0, 2, 2, 2);
 
 constexpr char s_leftRight[] = "leftRight";
 constexpr char s_alignRight[] = "alignRight"; // of the header, set by the stack
+
+/// The row itself, or the next one above that is neither hidden nor in a closed branch; null for
+/// none.
+QTreeWidgetItem *inSightAtOrAbove(QTreeWidgetItem *row)
+{
+    QTreeWidgetItem *inSight = row;
+    for (; row; row = row->parent())
+        if (row->isHidden() || (row->parent() && !row->parent()->isExpanded()))
+            inSight = row->parent();
+    return inSight;
+}
+
+/// The middle of what can be seen of the row.
+QPoint placeOf(BVDragTreeWidget *tree, QTreeWidgetItem *row)
+{
+    tree->scrollToItem(row);
+    const QRect inSight = tree->visualItemRect(row) & tree->viewport()->rect();
+    return inSight.isEmpty() ? BVContextMenuPlace::s_nowhere : inSight.center();
+}
 
 } // namespace
 
@@ -55,7 +77,7 @@ BVStackControllerWidget::~BVStackControllerWidget()
     if (m_stack)
         m_stack->m_entries->leaveTree();
     if (tree())
-        BVStackEntries::keepModel(tree());
+        BVStackEntries::keepModels(tree());
     const QWidget *listControl = m_listControl;
     m_listControl = nullptr;
     delete listControl;
@@ -106,9 +128,13 @@ BVControlledStackWidget *BVStackControllerWidget::getControlledStack() const
 
 void BVStackControllerWidget::setControlledStack(BVControlledStackWidget *stack)
 {
-    m_stack = stack;
+    if (stack && stack->tree() != tree())
+        return;
+    BVControlledStackWidget *const before = std::exchange(m_stack, stack);
     if (stack && m_isOnTop)
         stack->updateMargins(true, true);
+    if (before && before != stack)
+        before->leaveController();
 }
 
 // Place
@@ -326,15 +352,30 @@ bool BVStackControllerWidget::openMenuByKey()
     BVDragTreeWidget *tree = this->tree();
     if (tree->contextMenuPolicy() != Qt::CustomContextMenu)
         return false;
-    QTreeWidgetItem *item = tree->currentItem();
-    if (item)
-        tree->scrollToItem(item);
-    const QPoint place = item ? tree->visualItemRect(item).center() : BVContextMenuPlace::s_nowhere;
-    showCustomContextMenu(tree, item, place);
+    QTreeWidgetItem *inSight = inSightAtOrAbove(tree->currentItem());
+    const QPoint place = inSight ? placeOf(tree, inSight) : BVContextMenuPlace::s_nowhere;
+    showCustomContextMenu(tree, tree->currentItem(), place);
     return true;
 }
 
 // Events
+
+void BVStackControllerWidget::changeEvent(QEvent *event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        m_contextMenu->retranslate();
+}
+
+/// The toolkit makes the first row current unless the focus comes by the mouse.
+bool BVStackControllerWidget::focusWithoutCurrent(Qt::FocusReason reason)
+{
+    if (reason == Qt::MouseFocusReason)
+        return false;
+    QFocusEvent event(QEvent::FocusIn, Qt::MouseFocusReason);
+    QCoreApplication::sendEvent(tree(), &event);
+    return true;
+}
 
 bool BVStackControllerWidget::eventFilter(QObject *watched, QEvent *event)
 {
@@ -344,6 +385,8 @@ bool BVStackControllerWidget::eventFilter(QObject *watched, QEvent *event)
         return QFrame::eventFilter(watched, event);
     if (event->type() == QEvent::Resize)
         updateMinimumWidth();
+    if (event->type() == QEvent::FocusIn && m_stack && !tree()->currentIndex().isValid())
+        return focusWithoutCurrent(static_cast<QFocusEvent *>(event)->reason());
     const bool isMenuKey =
         event->type() == QEvent::ContextMenu &&
         static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard;

@@ -28,12 +28,12 @@ class QVBoxLayout;
 /// controller is never narrower than its tree, and 15 pixels wider while the tree has a vertical
 /// scroll bar.
 ///
-/// **Context menu.** createCustomContextMenu() says what is in it. The menu key opens it at the
-/// current entry, or for none. While it is open, "Show" and "Don't Show" bear the name of the entry
-/// they are for: the entry itself, or the next checkable one above one that is not checkable; "Show
-/// Current" bears that of the current entry. An action that would change nothing is disabled. The
-/// actions also work while the menu is closed: on the current entry. What the user checks this way
-/// is reported like a click.
+/// **Context menu.** createCustomContextMenu() says what is in it. The menu key opens it for the
+/// current entry, or for none, at what can be seen of its row, or else of one above. While it is
+/// open, "Show" and "Don't Show" bear the name of the entry they are for: the entry itself, or the
+/// next checkable one above one that is not checkable; "Show Current" bears that of the current
+/// entry. An action that would change nothing is disabled. The actions also work while the menu is
+/// closed: on the current entry. What the user checks this way is reported like a click.
 class BVWIDGETS_EXPORT BVStackControllerWidget : public QFrame
 {
     Q_OBJECT
@@ -67,8 +67,10 @@ public:
     /// These are null only once someone else has deleted them.
     BVDragTreeWidget *tree() const;
     BVContainerListControl *listControl() const;
-    /// The stack that is served, or null. Set by the stack itself.
+    /// The stack that is served, or null.
     BVControlledStackWidget *getControlledStack() const;
+    /// Called by the stack itself. The one before loses its entries and this controller. Ignored
+    /// for a stack of another controller and for one that was let go.
     void setControlledStack(BVControlledStackWidget *stack);
 
     // Place
@@ -84,7 +86,7 @@ public:
     void stretchVertical();
     /// The space below the tree: @p height in pixels, or what is left for -1. Less is ignored.
     void setBottomSpacer(int height);
-    /// -1 keeps a margin.
+    /// In pixels. -1 keeps a margin, as does any other negative number.
     void setMainLayoutMargins(int left, int top, int right, int bottom);
     /// Puts a widget, which is taken over, below what is there and above the bottom spacer. Null is
     /// ignored.
@@ -122,7 +124,8 @@ public:
     void createCustomContextMenu(int options, bool customPolicy, int argument = -1);
     int menuArgument() const { return m_menuArgument; }
     QList<QAction *> menuActions() const;
-    /// Null if the option is not in the menu.
+    /// Null if the option is not in the menu. A text that the application sets stays as it is; one
+    /// that it disables stays disabled.
     QAction *menuAction(MenuOptions option) const;
     /// Enables or disables the actions with that option.
     void enableMenuOption(MenuOptions option, bool enable);
@@ -146,6 +149,7 @@ Q_SIGNALS:
     void onCustomActionTriggeredOnTree(BVControlledStackItem *item, QAction *action);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
 
 private:
@@ -155,6 +159,7 @@ private:
     void updateMinimumWidth();
     bool openMenuByKey();
     void alignHeader();
+    bool focusWithoutCurrent(Qt::FocusReason reason);
 
     QPointer<BVContainerListControl> m_listControl;   // child of this
     QPointer<BVControlledStackWidget> m_stack;        // not owned

@@ -14,6 +14,8 @@
 #include "itemviews/BVContainerListControl.h"
 #include "itemviews/BVDragTreeWidget.h"
 
+#include <utility>
+
 // Guards
 
 BVStackNavigation::Hold::Hold(BVStackNavigation *navigation)
@@ -48,6 +50,26 @@ BVStackNavigation::Unreported::~Unreported()
     }
 }
 
+BVStackNavigation::NetToggles::NetToggles(BVControlledStackItem *item)
+    : m_navigation(item && item->stackWidget() ? item->stackWidget()->m_navigation : nullptr)
+{
+    for (; m_navigation && item; item = item->parent()) {
+        m_items.append(item);
+        m_navigation->m_waiting.insert(item);
+    }
+}
+
+BVStackNavigation::NetToggles::~NetToggles()
+{
+    for (BVControlledStackItem *item : qAsConst(m_items)) {
+        if (!m_navigation)
+            return;
+        m_navigation->m_waiting.remove(item);
+        if (m_navigation->m_stack->isOwn(item))
+            m_navigation->reportToggle(item);
+    }
+}
+
 /// Remembers what was current before rows go.
 void BVStackNavigation::hold()
 {
@@ -57,11 +79,14 @@ void BVStackNavigation::hold()
     m_isSelectionHeld = false;
 }
 
+/// Whatever slots do when they hear of the number of pages still waits.
 void BVStackNavigation::release()
 {
-    if (--m_holdCount > 0)
-        return;
     const QPointer<BVStackNavigation> guard(this);
+    while (guard && m_holdCount == 1 && m_stack->m_entries->isPageCountDue())
+        m_stack->m_entries->tellPageCount();
+    if (!guard || --m_holdCount > 0)
+        return;
     BVControlledStackItem *const previous = m_heldPrevious;
     if (m_isSelectionHeld)
         reportHeldSelection();
@@ -78,6 +103,14 @@ void BVStackNavigation::reportHeldSelection()
         selectCurrent();
     else
         onSelectionChanged();
+}
+
+/// A selection that is kept silent is told of by those who do so.
+void BVStackNavigation::onRowsAboutToBeRemoved()
+{
+    const BVDragTreeWidget *tree = m_stack->tree();
+    if (tree && !tree->selectionModel()->signalsBlocked())
+        holdUntilRowsAreRemoved();
 }
 
 void BVStackNavigation::holdUntilRowsAreRemoved()
@@ -120,10 +153,21 @@ BVStackNavigation::BVStackNavigation(BVControlledStackWidget *stack)
         watchDrops(listControl);
 }
 
+template <void (BVControlledStackWidget::*signal)(BVControlledStackItem *)>
+void BVStackNavigation::forward(QTreeWidgetItem *row)
+{
+    if (BVControlledStackItem *item = BVStackTreeItem::entryOf(row))
+        Q_EMIT(m_stack->*signal)(item);
+}
+
 void BVStackNavigation::watchTree(BVDragTreeWidget *tree)
 {
     // Rows are deleted after the tree's end has begun, when it can no longer be asked.
-    connect(tree, &QObject::destroyed, this, [this] { m_stack->m_tree = nullptr; });
+    connect(tree, &QObject::destroyed, this, [this] {
+        m_stack->m_tree = nullptr;
+        m_stack->m_order->invalidate();
+        m_stack->m_entries->leaveRows();
+    });
     connect(tree, &QTreeWidget::currentItemChanged, this, &BVStackNavigation::onCurrentItemChanged);
     connect(tree, &QTreeWidget::itemSelectionChanged, this, &BVStackNavigation::onSelectionChanged);
     connect(tree, &QTreeWidget::itemChanged, this, &BVStackNavigation::onItemChanged);
@@ -131,17 +175,17 @@ void BVStackNavigation::watchTree(BVDragTreeWidget *tree)
         if (BVControlledStackItem *item = BVStackTreeItem::entryAtOrAbove(row))
             Q_EMIT m_stack->itemClicked(item);
     });
-    const auto forward = [this](auto signal) {
-        return [this, signal](QTreeWidgetItem *row) {
-            if (BVControlledStackItem *item = BVStackTreeItem::entryOf(row))
-                Q_EMIT(m_stack->*signal)(item);
-        };
-    };
     using Stack = BVControlledStackWidget;
-    connect(tree, &QTreeWidget::itemCollapsed, this, forward(&Stack::itemCollapsed));
-    connect(tree, &QTreeWidget::itemExpanded, this, forward(&Stack::itemExpanded));
-    connect(tree, &BVDragTreeWidget::sigItemHoverEnter, this, forward(&Stack::itemHoverEnter));
-    connect(tree, &BVDragTreeWidget::sigItemHoverLeave, this, forward(&Stack::itemHoverLeave));
+    connect(tree, &QTreeWidget::itemCollapsed, this,
+            &BVStackNavigation::forward<&Stack::itemCollapsed>);
+    connect(tree, &QTreeWidget::itemExpanded, this,
+            &BVStackNavigation::forward<&Stack::itemExpanded>);
+    connect(tree, &BVDragTreeWidget::sigItemHoverEnter, this,
+            &BVStackNavigation::forward<&Stack::itemHoverEnter>);
+    connect(tree, &BVDragTreeWidget::sigItemHoverLeave, this,
+            &BVStackNavigation::forward<&Stack::itemHoverLeave>);
+    connect(tree, &BVDragTreeWidget::sigRowsAboutToBeRemoved, this,
+            &BVStackNavigation::onRowsAboutToBeRemoved);
 }
 
 /// Every change of the structure passes here, whoever makes it.
@@ -150,13 +194,18 @@ void BVStackNavigation::watchRows(BVDragTreeWidget *tree)
     const QAbstractItemModel *model = tree->model();
     const auto invalidate = [this] { m_stack->m_order->invalidate(); };
     connect(model, &QAbstractItemModel::rowsInserted, this, &BVStackNavigation::onRowsInserted);
+    connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            &BVStackNavigation::keepStateOf);
     connect(model, &QAbstractItemModel::rowsRemoved, this, &BVStackNavigation::onRowsRemoved);
     connect(model, &QAbstractItemModel::rowsMoved, this, invalidate);
     connect(model, &QAbstractItemModel::layoutChanged, this, invalidate);
+    connect(model, &QAbstractItemModel::modelAboutToBeReset, this,
+            &BVStackNavigation::holdUntilRowsAreRemoved);
     connect(model, &QAbstractItemModel::modelReset, this, [this] {
         m_stack->m_order->invalidate();
         m_stack->updateAutoRootDecoration();
         m_stack->updateStackVisibility();
+        releaseRows();
     });
 }
 
@@ -242,13 +291,10 @@ void BVStackNavigation::onItemChanged(QTreeWidgetItem *row, int column)
     Q_EMIT m_stack->itemTextChanged(item);
 }
 
-/// A row that was never checked by the program is new to the user when it is no longer unchecked.
 bool BVStackNavigation::hasNews(BVControlledStackItem *item) const
 {
-    if (!m_stack->isCheckableItems() || !item->isCheckable() || m_reporting.contains(item))
-        return false;
-    return BVStackChecks::isReported(item) ? item->checkStateHasChanged()
-                                           : item->getCheckState() != Qt::Unchecked;
+    return m_stack->isCheckableItems() && item->isCheckable() && !m_reporting.contains(item) &&
+           !m_waiting.contains(item) && BVStackChecks::isNews(item);
 }
 
 /// Noting the state changes the row again, so what slots have made of it meanwhile follows.
@@ -280,16 +326,16 @@ void BVStackNavigation::onRowsInserted(const QModelIndex &parent, int first, int
     const QTreeWidgetItem *above =
         parent.isValid() ? tree->itemFromIndex(parent) : tree->invisibleRootItem();
     bool hasBranch = false;
-    bool isChecked = false;
+    bool isAnyChecked = false;
     for (int i = first; i <= last; ++i) {
         hasBranch = hasBranch || above->child(i)->childCount() > 0;
         BVControlledStackItem *item = BVStackTreeItem::entryOf(above->child(i));
         if (!item)
             continue;
         placeEntry(item, !parent.isValid());
-        isChecked = isChecked || item->getCheckState() != Qt::Unchecked;
+        isAnyChecked = isAnyChecked || item->getCheckState() != Qt::Unchecked;
     }
-    updateParent(BVStackTreeItem::entryOf(above), isChecked);
+    updateParent(BVStackTreeItem::entryOf(above), isAnyChecked);
     const bool isDecorationDue = parent.isValid() ? !parent.parent().isValid() : hasBranch;
     if (isDecorationDue && !tree->rootIsDecorated())
         m_stack->updateAutoRootDecoration();
@@ -298,27 +344,42 @@ void BVStackNavigation::onRowsInserted(const QModelIndex &parent, int first, int
 void BVStackNavigation::placeEntry(BVControlledStackItem *item, bool isTopLevel)
 {
     BVStackChecks::update(item, m_stack->checkableItems(), isTopLevel);
+    BVStackChecks::noteState(item);
     if (m_stack->isShowTopLevelItemsAsGroupHeader() && item->isShownAsHeader() != isTopLevel)
         item->setShowAsHeader(isTopLevel);
 }
 
-void BVStackNavigation::updateParent(BVControlledStackItem *item, bool isChecked)
+void BVStackNavigation::updateParent(BVControlledStackItem *item, bool isAnyChecked)
 {
     if (!item)
         return;
     BVStackChecks::update(item, m_stack->checkableItems(), item->isTopLevelItem());
-    BVStackChecks::followRows(item, isChecked);
+    BVStackChecks::noteStates(item, isAnyChecked);
+}
+
+void BVStackNavigation::keepStateOf(const QModelIndex &parent, int first, int last) const
+{
+    const BVDragTreeWidget *tree = m_stack->tree();
+    if (tree && parent.isValid())
+        if (const auto *item = BVStackTreeItem::entryOf(tree->itemFromIndex(parent)))
+            BVStackChecks::keepState(item, first, last);
 }
 
 void BVStackNavigation::onRowsRemoved(const QModelIndex &parent)
 {
-    const QPointer<BVStackNavigation> guard(this);
     m_stack->m_order->invalidate();
     if (BVDragTreeWidget *tree = m_stack->tree()) {
-        updateParent(BVStackTreeItem::entryOf(tree->itemFromIndex(parent)), false);
+        updateParent(BVStackTreeItem::entryOf(tree->itemFromIndex(parent)), true);
         if (tree->rootIsDecorated())
             m_stack->updateAutoRootDecoration();
     }
-    for (; guard && m_deletedRows > 0; --m_deletedRows)
+    releaseRows();
+}
+
+/// Slots may remove more rows, which hold and release on their own account.
+void BVStackNavigation::releaseRows()
+{
+    const QPointer<BVStackNavigation> guard(this);
+    for (int holds = std::exchange(m_deletedRows, 0); guard && holds > 0; --holds)
         release();
 }

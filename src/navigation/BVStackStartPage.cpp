@@ -21,7 +21,6 @@ constexpr int s_controlSpacing = 6;
 constexpr int s_controlSpacingWithTitle = 15;
 constexpr int s_mainSpacing = 4;
 constexpr int s_mainSpacingWithTitle = 0;
-constexpr QMargins s_headerMargins(0, 8, 0, 0);
 constexpr QMargins s_groupMargins(9, 6, 9, 9);
 
 constexpr char s_composition[] = "composition";
@@ -95,14 +94,24 @@ BVStackStartPage::~BVStackStartPage()
 void BVStackStartPage::makeHeader()
 {
     m_header = makeTitle(tr("Add Module"), this);
-    m_header->setContentsMargins(s_headerMargins);
     m_header->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
     layout()->addWidget(m_header);
+}
+
+/// The left one stands at the left whatever the direction of reading, as the style sheet rounds the
+/// corners of that side.
+void BVStackStartPage::updateDirection(QBoxLayout *row) const
+{
+    row->setDirection(isRightToLeft() ? QBoxLayout::RightToLeft : QBoxLayout::LeftToRight);
 }
 
 void BVStackStartPage::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        for (const Control &control : qAsConst(m_controls))
+            if (control.m_row)
+                updateDirection(control.m_row);
     if (event->type() == QEvent::LanguageChange && m_header)
         m_header->setText(tr("Add Module"));
 }
@@ -165,6 +174,7 @@ void BVStackStartPage::addControl(QAction *left, QAction *right)
     auto *row = new QHBoxLayout;
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
+    updateDirection(row);
     m_controlLayout->addLayout(row);
     BVStartPageButton *leftButton = makeButton(left, QIcon(), row);
     m_controls.last().m_row = row;

@@ -38,6 +38,7 @@ class QVBoxLayout;
 ///
 /// **Sheets** select the header and the titles with BVLabel[header="true"], and two buttons side by
 /// side with the property "composition" ("left", "right"); a button that is left alone loses it.
+/// The left one stays at the left where text is read from right to left.
 class BVWIDGETS_EXPORT BVStackStartPage : public QWidget
 {
     Q_OBJECT
@@ -138,6 +139,7 @@ private:
     void forget(QAction *action);
     void leave(const Control &control);
     void leaveRow(QBoxLayout *row);
+    void updateDirection(QBoxLayout *row) const;
     void fly(QAction *action, BVStartPageButton *button);
     void onActionDestroyed(QAction *action);
     void onAnimationWidgetDestroyed();

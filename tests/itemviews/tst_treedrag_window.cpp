@@ -7,16 +7,12 @@
 #include "XdoTool.h"
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QDropEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QTest>
-#include <QTimer>
 
 #include <memory>
-
-constexpr int s_patience = 20000; // ms
 
 /// A label that shows the rows that are dropped on it.
 struct Bin : Brimvale::DragAndDropBaseFilter
@@ -118,28 +114,11 @@ QString tst_TreeDragWindow::rows() const
     return rowsOf(m_trees[0]->m_model.invisibleRootItem()) + " | " + rowsOf(m_trees[1]->m_model.invisibleRootItem());
 }
 
-/// Drags the row b of the first tree to a point of the window. There, while the drag still runs, the
-/// step is tried until it succeeds; then the button goes up.
+/// Drags the row b of the first tree to a point of the window, where the step is tried.
 bool tst_TreeDragWindow::drag(const QPoint &to, const std::function<bool()> &step)
 {
     const QPoint from = m_trees[0]->m_view->viewport()->mapTo(m_window.get(), m_trees[0]->at("b"));
-    // A drag has an event loop of its own, which ends with it; so all goes on from within.
-    const QDeadlineTimer patience(s_patience);
-    bool isOver = false;
-    bool succeeded = false;
-    QTimer poll;
-    poll.callOnTimeout([&] {
-        if (isOver || QCursor::pos() != m_window->mapToGlobal(to))
-            return;
-        isOver = true;
-        succeeded = step();
-        isOver = succeeded || patience.hasExpired();
-        if (isOver)
-            succeeded = XdoTool::run({"mouseup", "1"}) && succeeded;
-    });
-    poll.start(10);
-    return XdoTool::drag(m_window.get(), {from, from + QPoint(0, 12), to}, [&] { return QTest::qWaitFor([&] { return isOver; }, s_patience); }) &&
-           succeeded;
+    return XdoTool::dragNatively(m_window.get(), from, to, step);
 }
 
 void tst_TreeDragWindow::moves_data()

@@ -7,6 +7,7 @@
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSplitter>
 #include <QTest>
 
 namespace {
@@ -87,6 +88,7 @@ private Q_SLOTS:
     void endsOnce_data();
     void endsOnce();
     void reportsEveryFlight();
+    void isNoPaneOfASplitter();
 };
 
 void tst_BVStackAnimation::fadesByTheRule()
@@ -206,6 +208,24 @@ void tst_BVStackAnimation::reportsEveryFlight()
     QVERIFY(scene.m_flight->isVisible());
     scene.m_window.hide();
     QTRY_COMPARE(scene.m_finished.count(), 5);
+}
+
+void tst_BVStackAnimation::isNoPaneOfASplitter()
+{
+    Scene scene;
+    QSplitter splitter(&scene.m_window);
+    splitter.addWidget(new QWidget);
+    auto *flight = new Flight(&splitter);
+    splitter.addWidget(new QWidget);
+    splitter.resize(300, 200);
+    splitter.show();
+    flight->setGeometry(splitter.rect());
+    flight->show();
+    QCoreApplication::processEvents();
+    QCOMPARE(flight->parentWidget(), &splitter);
+    QVERIFY(!flight->isWindow());
+    QCOMPARE(splitter.count(), 2);
+    QCOMPARE(flight->geometry(), splitter.rect());
 }
 
 QTEST_MAIN(tst_BVStackAnimation)

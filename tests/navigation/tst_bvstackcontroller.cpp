@@ -19,6 +19,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QTranslator>
 
 #include <functional>
 
@@ -99,6 +100,16 @@ struct Handler : BVStackContextHandler
     Entry *m_item = nullptr;
 };
 
+struct Translator : QTranslator
+{
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *text, const char *comment, int) const override
+    {
+        const QString note = comment ? QString("|") + QString(comment).remove("%1") : QString();
+        return QString("[%1%2]").arg(QString(text), note);
+    }
+};
+
 constexpr int s_allOptions = 16 | 2048 | 32 | 64 | 128 | 256 | 512 | 1024 | 4096;
 
 } // namespace
@@ -121,6 +132,7 @@ private Q_SLOTS:
     void effects();
     void openMenu_data();
     void openMenu();
+    void applicationsActions();
     void menuByKey();
     void handler();
     void deletion();
@@ -244,6 +256,9 @@ void tst_BVStackController::effects_data()
     QTest::newRow("current below a group") << 2048 << all << "b1"
                                            << "a b- B1 b2 c"
                                            << "a ";
+    QTest::newRow("current in a group that stays as it is") << 2048 << all << "b2"
+                                                            << "a b- b1 B2 c"
+                                                            << "a b1 b2 ";
     QTest::newRow("current group") << 2048 << all << "b"
                                    << "a B B1 B2 c"
                                    << "a b b2 ";
@@ -265,6 +280,9 @@ void tst_BVStackController::effects_data()
     QTest::newRow("neighbors") << 128 << all << "b1"
                                << "A B B1 B2 c"
                                << "b b2 ";
+    QTest::newRow("neighbors of a plain row's entry") << 128 << all << "a+"
+                                                      << "A b- B1 b2 c"
+                                                      << "";
     QTest::newRow("no neighbors") << 256 << all << "b2"
                                   << "A b b1 b2 c"
                                   << "b b1 ";
@@ -295,7 +313,10 @@ void tst_BVStackController::effects()
     Scene scene;
     scene.check(BVControlledStackWidget::CheckableItems(mode), {"a", "b1"});
     scene.m_controller.createCustomContextMenu(s_allOptions, true);
-    scene.entry(current)->setCurrent();
+    Entry *entry = scene.entry(current.left(current.size() - current.count('+')));
+    entry->setCurrent();
+    if (current.contains('+'))
+        scene.m_controller.tree()->setCurrentItem(entry->addChildItem(nullptr, "note"));
     QSignalSpy spy(&scene.m_controller, &Controller::onCustomActionTriggeredOnTree);
     QAction *action = scene.m_controller.menuAction(Controller::MenuOptions(option));
     action->trigger();
@@ -307,7 +328,7 @@ void tst_BVStackController::effects()
     };
     QCOMPARE(sorted(scene.m_toggled), sorted(toggled));
     QCOMPARE(spy.size(), 1);
-    QCOMPARE(spy[0][0].value<Entry *>(), scene.entry(current));
+    QCOMPARE(spy[0][0].value<Entry *>(), entry);
     QCOMPARE(spy[0][1].value<QAction *>(), action);
 }
 
@@ -350,6 +371,40 @@ void tst_BVStackController::openMenu()
     QVERIFY(scene.m_controller.menuAction(Controller::Rename)->isEnabled());
 }
 
+/// What the application makes of the actions stays, also while the menu is open.
+void tst_BVStackController::applicationsActions()
+{
+    Scene scene;
+    scene.check(BVControlledStackWidget::AllItemsCheckable, {"a"});
+    scene.m_controller.createCustomContextMenu(s_allOptions, true);
+    const auto action = [&](Controller::MenuOptions option) { return scene.m_controller.menuAction(option); };
+    action(Controller::DontShow)->setText("Skip");
+    action(Controller::ShowAll)->setEnabled(false);
+    scene.entry("a")->setCurrent();
+    scene.m_controller.show();
+    QString shown;
+    whenMenuOpens([&](QMenu *menu) {
+        shown = contents(menu).section(" | ", 1, 1);
+        action(Controller::HideAll)->setEnabled(false);
+        action(Controller::ShowCurrent)->setText("Alone");
+    });
+    scene.m_controller.showCustomContextMenu(scene.m_controller.tree(), scene.entry("a")->treeItem(), QPoint(5, 5));
+    QCOMPARE(shown, QString("(Show Only a) (Show a) Skip"));
+    QVERIFY(!action(Controller::ShowAll)->isEnabled() && !action(Controller::HideAll)->isEnabled());
+    QVERIFY(action(Controller::Show)->isEnabled());
+
+    Translator translator;
+    QCoreApplication::installTranslator(&translator);
+    QTRY_COMPARE(action(Controller::Show)->text(), QString("[Show]"));
+    QCOMPARE(action(Controller::DontShow)->text() + action(Controller::ShowCurrent)->text(), QString("SkipAlone"));
+    scene.m_stack.setCheckableItems(BVControlledStackWidget::TopLevelItemsCheckable);
+    for (const auto &[name, menu] : {std::pair{"b", "[Show b| is name of the item]"}, {"b1", "[Show b| is name of the parent item]"}}) {
+        whenMenuOpens([&](QMenu *) { shown = action(Controller::Show)->text(); });
+        scene.m_controller.showCustomContextMenu(scene.m_controller.tree(), scene.entry(name)->treeItem(), QPoint(5, 5));
+        QCOMPARE(shown, QString(menu));
+    }
+}
+
 void tst_BVStackController::menuByKey()
 {
     Scene scene;
@@ -373,6 +428,18 @@ void tst_BVStackController::menuByKey()
     QCOMPARE(spy.size(), 1);
     QCOMPARE(spy[0][0].value<Entry *>(), entry);
     QVERIFY(tree->findChild<QLineEdit *>()); // the editor
+
+    const auto keyPlace = [&](Entry *current) {
+        current->setCurrent();
+        tree->collapseAll();
+        whenMenuOpens([&](QMenu *menu) { place = menu->pos(); });
+        QApplication::sendEvent(tree, &event);
+        return tree->viewport()->mapFromGlobal(place);
+    };
+    QVERIFY(tree->visualItemRect(scene.entry("b")->treeItem()).contains(keyPlace(scene.entry("b2"))));
+    QVERIFY(!scene.entry("b")->isExpanded());
+    scene.entry("a")->treeItem()->setHidden(true);
+    QCOMPARE(keyPlace(scene.entry("a")), QPoint());
 
     tree->setCurrentItem(nullptr);
     whenMenuOpens([&](QMenu *) { place = QPoint(); });
@@ -480,7 +547,9 @@ void tst_BVStackController::filter()
     controller.setFilterLineShown(true);
     auto *edit = controller.findChild<QLineEdit *>();
     auto *needInput = controller.findChild<QToolButton *>();
+    const auto *clearButton = edit->findChild<QToolButton *>();
     edit->setText("B2");
+    QTRY_COMPARE(clearButton->property("opacity").toDouble(), 1.0);
     QCOMPARE(shown(), QString("b b2 "));
     QVERIFY(scene.entry("b")->isExpanded());
     scene.entry("b1")->setText("xb2");
@@ -492,6 +561,8 @@ void tst_BVStackController::filter()
     QCOMPARE(shown(), QString());
     scene.entry("a")->setBVWidgetStatus(BVWidgetStatus::NeedInput);
     QTRY_COMPARE(shown(), QString("a "));
+    QTRY_COMPARE(clearButton->property("opacity").toDouble(), 0.0); // the toolkit forgets about an animation that is cut short
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     controller.setFilterLineShown(false);
     QCOMPARE(shown(), QString("a b xb2 b2 "));
     QVERIFY(tree->topLevelItem(2)->isHidden());
@@ -517,6 +588,14 @@ void tst_BVStackController::tabs()
     QCOMPARE(tabs.tabBar()->tabStatus(1), BVWidgetStatus::Stati(BVWidgetStatus::NeedInput));
     stack->itemAt(2)->setText("d");
     QCOMPARE(tabs.tabBar()->tabText(2), QString("d"));
+    below->setEnabled(false);
+    tabs.setCurrentIndex(1);
+    QCOMPARE(stack->getCurrentItem(), stack->itemAt(1)); // enabled, though its page is not
+    stack->itemAt(0)->setEnabled(false);
+    tabs.setCurrentIndex(0);
+    QCOMPARE(tabs.currentIndex(), 1);
+    stack->itemAt(0)->setEnabled(true);
+    stack->itemAt(2)->setCurrent();
     stack->removeItem(stack->itemAt(2));
     QCOMPARE(tabs.count(), 2);
     QTRY_VERIFY(stack->getCurrentItem());

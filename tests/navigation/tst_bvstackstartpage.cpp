@@ -163,7 +163,10 @@ void tst_BVStackStartPage::controls()
     QCOMPARE(scene.button(b)->property("composition").toString(), QString("left"));
     QCOMPARE(scene.button(c)->property("composition").toString(), QString("right"));
     QCOMPARE(scene.button(b)->y(), scene.button(c)->y());
-    QCOMPARE(scene.button(b)->x() + scene.button(b)->width(), scene.button(c)->x());
+    for (const Qt::LayoutDirection direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+        scene.m_window.setLayoutDirection(direction);
+        QTRY_COMPARE(scene.button(b)->x() + scene.button(b)->width(), scene.button(c)->x());
+    }
 
     a->setText("Other");
     a->setToolTip("tip");
@@ -229,8 +232,11 @@ void tst_BVStackStartPage::groups()
     QTRY_VERIFY(!group);
     QCOMPARE(scene.m_page->controlGroup("More"), nullptr);
 
-    delete scene.m_page->addControlGroup("Other", {c}); // takes the button along
+    scene.m_page->addControlGroup("More", {scene.add("d")});
+    delete scene.m_page->addControlGroup("Other", {c, scene.add("e")}); // takes the buttons along
     QCOMPARE(scene.m_page->getWidgetFromAction(c), nullptr);
+    delete scene.m_page->controlGroup("More")->contentWidget();
+    QTRY_VERIFY(!scene.m_page->controlGroup("More"));
 }
 
 void tst_BVStackStartPage::keys_data()

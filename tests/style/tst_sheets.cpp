@@ -125,6 +125,7 @@ constexpr Place s_places[] = {
     {"QMainWindow QProgressBar", ""},
     {"QMainWindow QFrame#bv_plannel QLabel", ""},
     {"QMainWindow QFrame#bv_plannel QTreeView::item", "selected"},
+    {"QMainWindow QFrame#bv_plannel QCheckBox", "checked"},
     {"QMainWindow QFrame#bv_titlebar QLabel", ""},
     {"QMainWindow QFrame#bv_titlebar QToolButton", "pressed checked"},
     {"QMainWindow QFrame#bv_inplacectrl QLabel", ""},

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "XdoTool.h"
 
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QMenu>
+#include <QPointer>
 #include <QProcess>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 
 namespace {
@@ -84,6 +89,43 @@ bool XdoTool::drag(const QWidget *widget, const QVector<QPoint> &path, const std
         commands += moveAlong(widget, path.at(i - 1), path.at(i));
     const bool done = run(commands) && (!beforeRelease || beforeRelease());
     return run({QStringLiteral("mouseup"), number}) && done;
+}
+
+bool XdoTool::dragNatively(const QWidget *window, const QPoint &from, const QPoint &to, const std::function<bool()> &step)
+{
+    const QDeadlineTimer patience(s_patience);
+    bool isOver = false;
+    bool succeeded = false;
+    QTimer poll;
+    poll.callOnTimeout([&] {
+        if (isOver || QCursor::pos() != window->mapToGlobal(to))
+            return;
+        isOver = true; // the step may turn the event loop
+        succeeded = step();
+        isOver = succeeded || patience.hasExpired();
+        if (isOver)
+            succeeded = run({QStringLiteral("mouseup"), QStringLiteral("1")}) && succeeded;
+    });
+    poll.start(10);
+    return drag(window, {from, from + QPoint(0, 12), to}, [&] { return QTest::qWaitFor([&] { return isOver; }, s_patience); }) && succeeded;
+}
+
+bool XdoTool::inMenu(const std::function<bool()> &open, const std::function<bool(QMenu *)> &step)
+{
+    bool isOver = false;
+    bool succeeded = false;
+    QTimer poll;
+    poll.callOnTimeout([&] {
+        const QPointer<QMenu> menu(qobject_cast<QMenu *>(QApplication::activePopupWidget()));
+        if (isOver || !menu || !QTest::qWaitForWindowExposed(menu))
+            return;
+        isOver = true;
+        succeeded = step(menu) && QTest::qWaitFor([&menu] { return !menu || !menu->isVisible(); }, s_patience);
+        if (menu)
+            menu->close();
+    });
+    poll.start(10);
+    return open() && QTest::qWaitFor([&] { return isOver; }, s_patience) && succeeded;
 }
 
 bool XdoTool::scroll(const QWidget *widget, const QPoint &position, int notches)

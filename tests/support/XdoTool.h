@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class QMenu;
 class QStringList;
 class QWidget;
 
@@ -41,6 +42,14 @@ bool movePointer(const QWidget *widget, const QPoint &position);
 /// along the others, each way in many small moves that arrive one by one. Then it does what is to
 /// be done while the button is down, and lets go of the button, whatever has happened before.
 bool drag(const QWidget *widget, const QVector<QPoint> &path, const std::function<bool()> &beforeRelease = {}, int button = 1);
+
+/// Drags from one point of the window to the other in an application that runs an event loop of its
+/// own meanwhile, which ends with the drag. There, while the button is down, the step is tried until
+/// it succeeds.
+bool dragNatively(const QWidget *window, const QPoint &from, const QPoint &to, const std::function<bool()> &step);
+
+/// Does what opens a menu and then, in the menu's own event loop, the step.
+bool inMenu(const std::function<bool()> &open, const std::function<bool(QMenu *)> &step);
 
 /// Turns the wheel over a position in the widget's coordinates, away from the user for positive
 /// notches.
