@@ -129,13 +129,14 @@ public:
     QStringList actionNames() const override
     {
         QStringList names;
-        if (!tab() || !m_bar->isEnabled())
+        const BVTab *known = tab();
+        if (!m_bar || !m_bar->isEnabled() || !known)
             return names;
-        if (tab()->isEnabled())
+        if (known->isEnabled())
             names << pressAction() << setFocusAction();
-        if (tab()->m_state.testFlag(BVTab::HasMenuButton))
+        if (known->m_state.testFlag(BVTab::HasMenuButton))
             names << showMenuAction();
-        if (tab()->m_state.testFlag(BVTab::HasCloseButton))
+        if (known->m_state.testFlag(BVTab::HasCloseButton))
             names << closeAction();
         return names;
     }
@@ -148,7 +149,7 @@ public:
 
     void doAction(const QString &name) override
     {
-        if (!actionNames().contains(name))
+        if (!m_bar || !actionNames().contains(name))
             return;
         if (name == pressAction() || name == setFocusAction())
             choose(name == setFocusAction());
@@ -166,10 +167,10 @@ public:
 private:
     void choose(bool focuses)
     {
-        const QPointer<BVAnimatedTabBar> bar = m_bar;
-        bar->setCurrentIndex(index());
-        if (bar && focuses)
-            bar->setFocus(Qt::OtherFocusReason);
+        if (m_bar)
+            m_bar->setCurrentIndex(index());
+        if (m_bar && focuses) // a slot may have deleted it
+            m_bar->setFocus(Qt::OtherFocusReason);
     }
 
     QPointer<BVAnimatedTabBar> m_bar;

@@ -222,13 +222,12 @@ void BVTabBarPainter::paintStatus(int index)
     const QRect rect = m_layout.m_places.at(index).m_tab;
     const int x = m_bar->isRightToLeft() ? rect.right() + 1 - s_statusPlace - s_statusSize
                                          : rect.left() + s_statusPlace;
-    const QRectF dot(x, rect.top() + (rect.height() - s_statusSize) / 2, s_statusSize,
-                     s_statusSize);
+    const int y = rect.top() + (rect.height() - s_statusSize) / 2;
     const BVStatusColor &colors = BVStatusColor::colors();
     m_painter->setPen(QPen(QColor(tab.m_darkStyle ? s_darkRim : s_brightRim), s_statusRim));
     m_painter->setBrush(tab.m_darkStyle ? colors.forDarkBackground(status)
                                         : colors.forLightBackground(status));
-    m_painter->drawEllipse(dot);
+    m_painter->drawEllipse(QRectF(x, y, s_statusSize, s_statusSize));
 }
 
 void BVTabBarPainter::paintContent(int index)

@@ -151,28 +151,50 @@ void tst_BVAnimatedTabBar::input_data()
 {
     QTest::addColumn<QString>("steps");
     QTest::addColumn<QString>("log");
-    QTest::newRow("a tab") << "click b" << "current 1 ";
-    QTest::newRow("the current tab") << "click a" << "";
-    QTest::newRow("a disabled tab") << "click c" << "";
-    QTest::newRow("its close button") << "click cx" << "";
-    QTest::newRow("beside the tabs") << "click z" << "";
-    QTest::newRow("another button") << "right b" << "";
-    QTest::newRow("close the current") << "click ax" << "close 0 ";
-    QTest::newRow("close another") << "click bx" << "current 1 close 1 ";
-    QTest::newRow("close and think better") << "press ax, release a" << "";
-    QTest::newRow("close and leave") << "press ax, release z" << "";
-    QTest::newRow("press elsewhere") << "press cx, release ax" << "";
-    QTest::newRow("closed by a slot's removal") << "press ax, remove a, release bx" << "current 0 ";
-    QTest::newRow("menu") << "press av, wait" << "menu 0 ";
-    QTest::newRow("short click on the menu") << "click av, wait" << "menu 0 ";
-    QTest::newRow("menu of another only selects") << "click bv" << "current 1 ";
-    QTest::newRow("menu of a tab that goes") << "press av, remove a" << "current 0 ";
-    QTest::newRow("double click") << "double b" << "current 1 double 1 ";
-    QTest::newRow("double click on a button") << "click bx, double bx" << "current 1 close 1 close 1 ";
-    QTest::newRow("keys skip the disabled") << "key Right, key Right, key Right" << "current 1 current 3 ";
-    QTest::newRow("back and end") << "key End, key Left, key Home" << "current 3 current 1 current 0 ";
-    QTest::newRow("close by key") << "key Right, key Del" << "current 1 close 1 ";
-    QTest::newRow("menu by key") << "key Alt+Down" << "menu 0 ";
+    QTest::newRow("a tab") << "click b"
+                           << "current 1 ";
+    QTest::newRow("the current tab") << "click a"
+                                     << "";
+    QTest::newRow("a disabled tab") << "click c"
+                                    << "";
+    QTest::newRow("its close button") << "click cx"
+                                      << "";
+    QTest::newRow("beside the tabs") << "click z"
+                                     << "";
+    QTest::newRow("another button") << "right b"
+                                    << "";
+    QTest::newRow("close the current") << "click ax"
+                                       << "close 0 ";
+    QTest::newRow("close another") << "click bx"
+                                   << "current 1 close 1 ";
+    QTest::newRow("close and think better") << "press ax, release a"
+                                            << "";
+    QTest::newRow("close and leave") << "press ax, release z"
+                                     << "";
+    QTest::newRow("press elsewhere") << "press cx, release ax"
+                                     << "";
+    QTest::newRow("closed by a slot's removal") << "press ax, remove a, release bx"
+                                                << "current 0 ";
+    QTest::newRow("menu") << "press av, wait"
+                          << "menu 0 ";
+    QTest::newRow("short click on the menu") << "click av, wait"
+                                             << "menu 0 ";
+    QTest::newRow("menu of another only selects") << "click bv"
+                                                  << "current 1 ";
+    QTest::newRow("menu of a tab that goes") << "press av, remove a"
+                                             << "current 0 ";
+    QTest::newRow("double click") << "double b"
+                                  << "current 1 double 1 ";
+    QTest::newRow("double click on a button") << "click bx, double bx"
+                                              << "current 1 close 1 close 1 ";
+    QTest::newRow("keys skip the disabled") << "key Right, key Right, key Right"
+                                            << "current 1 current 3 ";
+    QTest::newRow("back and end") << "key End, key Left, key Home"
+                                  << "current 3 current 1 current 0 ";
+    QTest::newRow("close by key") << "key Right, key Del"
+                                  << "current 1 close 1 ";
+    QTest::newRow("menu by key") << "key Alt+Down"
+                                 << "menu 0 ";
 }
 
 void tst_BVAnimatedTabBar::input()
@@ -189,13 +211,20 @@ void tst_BVAnimatedTabBar::clickRecords_data()
 {
     QTest::addColumn<QString>("steps");
     QTest::addColumn<QString>("records");
-    QTest::newRow("tab") << "click b" << "TAB CLICKED\n\nTab: bbbb\nIndex: 1|";
-    QTest::newRow("close") << "click bx" << "TAB CLICKED\n\nTab: bbbb\nIndex: 1\nCloseButton: Pressed|";
-    QTest::newRow("menu") << "click av" << "TAB CLICKED\n\nTab: aaaa\nIndex: 0\nMenuButton: Pressed|";
-    QTest::newRow("menu of another") << "click bv" << "TAB CLICKED\n\nTab: bbbb\nIndex: 1|";
-    QTest::newRow("disabled") << "click c" << "";
-    QTest::newRow("no tab") << "click z" << "";
-    QTest::newRow("key") << "key Right" << "";
+    QTest::newRow("tab") << "click b"
+                         << "TAB CLICKED\n\nTab: bbbb\nIndex: 1|";
+    QTest::newRow("close") << "click bx"
+                           << "TAB CLICKED\n\nTab: bbbb\nIndex: 1\nCloseButton: Pressed|";
+    QTest::newRow("menu") << "click av"
+                          << "TAB CLICKED\n\nTab: aaaa\nIndex: 0\nMenuButton: Pressed|";
+    QTest::newRow("menu of another") << "click bv"
+                                     << "TAB CLICKED\n\nTab: bbbb\nIndex: 1|";
+    QTest::newRow("disabled") << "click c"
+                              << "";
+    QTest::newRow("no tab") << "click z"
+                            << "";
+    QTest::newRow("key") << "key Right"
+                         << "";
 }
 
 void tst_BVAnimatedTabBar::clickRecords()
