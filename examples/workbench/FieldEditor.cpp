@@ -22,12 +22,13 @@ QLineEdit *lineEditOf(QWidget *edit)
 
 } // namespace
 
-FieldEditor::FieldEditor(int index, QWidget *edit, QObject *parent)
+FieldEditor::FieldEditor(const SetupField &field, int index, QWidget *edit, QObject *parent)
     : QObject(parent)
+    , m_field(field)
     , m_index(index)
     , m_lineEdit(lineEditOf(edit))
 {
-    edit->setToolTip(SetupFields::translated(SetupFields::field(index).toolTip));
+    edit->setToolTip(SetupFields::translated(field.toolTip));
     connect(m_lineEdit, &QLineEdit::textEdited, this, &FieldEditor::edited);
 }
 
@@ -41,10 +42,10 @@ void FieldEditor::selectAll()
     m_lineEdit->selectAll();
 }
 
-void FieldEditor::load(const ProcessSetup &setup)
+void FieldEditor::load(const FieldValues &values)
 {
     m_showing = true;
-    show(setup);
+    show(values);
     m_showing = false;
     m_edited = false;
     keepReference();

@@ -6,12 +6,13 @@
 #include <vector>
 
 class BVWidgetInterface;
-class ProcessSetup;
+class FieldValues;
 class QLineEdit;
 class QVariant;
 class QWidget;
+struct SetupField;
 
-/// Edits one field of the process set-up and keeps the status of its edit.
+/// Edits one field of the process set-up or of an operation and keeps the status of its edit.
 ///
 /// The values last loaded or saved are the reference. UserEdit says that the user has changed the
 /// value since it was loaded; Different, together with what offers the reset in the context menu,
@@ -22,6 +23,9 @@ class FieldEditor : public QObject
     Q_OBJECT
 
 public:
+    /// A field of a table that lives as long as the program.
+    const SetupField &field() const { return m_field; }
+    /// Its index in the table.
     int index() const { return m_index; }
     /// Owned by its parent widget.
     QWidget *edit() const { return m_controls.front().widget; }
@@ -32,8 +36,8 @@ public:
     void selectAll();
 
     /// Shows the field's value and makes it the reference.
-    void load(const ProcessSetup &setup);
-    virtual void store(ProcessSetup &setup) const = 0;
+    void load(const FieldValues &values);
+    virtual void store(FieldValues &values) const = 0;
     /// Makes the value as it is the reference.
     void acceptAsReference();
     /// Brings the reference back.
@@ -61,15 +65,15 @@ Q_SIGNALS:
 protected:
     /// @p edit is a control of the library that is a line edit or has one inside.
     template <typename Edit>
-    FieldEditor(int index, Edit *edit, QObject *parent)
-        : FieldEditor(index, static_cast<QWidget *>(edit), parent)
+    FieldEditor(const SetupField &field, int index, Edit *edit, QObject *parent)
+        : FieldEditor(field, index, static_cast<QWidget *>(edit), parent)
     {
         addControl(edit);
     }
 
     QLineEdit *lineEdit() const { return m_lineEdit; }
 
-    virtual void show(const ProcessSetup &setup) = 0;
+    virtual void show(const FieldValues &values) = 0;
     virtual void keepReference() = 0;
     virtual void restoreReference() = 0;
     virtual bool differsFromReference() const = 0;
@@ -87,8 +91,9 @@ private:
         BVWidgetInterface *status;
     };
 
-    FieldEditor(int index, QWidget *edit, QObject *parent);
+    FieldEditor(const SetupField &field, int index, QWidget *edit, QObject *parent);
 
+    const SetupField &m_field;
     int m_index;
     QLineEdit *m_lineEdit;           // the edit, or inside of it
     std::vector<Control> m_controls; // the first is the edit

@@ -43,7 +43,7 @@ FieldSlider::FieldSlider(const SetupSlider &definition, NumberField *field, QWid
 
 void FieldSlider::setUp()
 {
-    const SetupField &field = SetupFields::field(m_field->index());
+    const SetupField &field = m_field->field();
     m_slider->getFormatter()->setValueUnit(field.unitText());
     m_slider->setRange(0, m_definition.steps);
     m_slider->setPageStep(m_definition.steps / s_pages);
@@ -86,7 +86,7 @@ double FieldSlider::valueAt(int position) const
 
 void FieldSlider::follow()
 {
-    const bool hasValue = m_field->value() != ProcessSetup::noValue();
+    const bool hasValue = m_field->value() != FieldValues::noValue();
     const double value = hasValue ? m_field->value() : s_none;
     if (!m_moving)
         m_given = value;

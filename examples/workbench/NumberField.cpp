@@ -7,17 +7,17 @@
 
 #include <QVariant>
 
-void NumberField::store(ProcessSetup &setup) const
+void NumberField::store(FieldValues &values) const
 {
-    setup.setNumber(index(), value());
+    values.setNumber(index(), value());
 }
 
 void NumberField::setUp(BVFormatter *formatter)
 {
     formatter->setNotation(BVFormatter::Fixed);
-    formatter->setAdditionalDecimals(SetupFields::field(index()).extraDecimals);
+    formatter->setAdditionalDecimals(field().extraDecimals);
     formatter->setCutUnnecessaryDigits(true);
-    formatter->checkForEmptyValue(true, ProcessSetup::noValue());
+    formatter->checkForEmptyValue(true, FieldValues::noValue());
 }
 
 void NumberField::onValueSet()
@@ -29,9 +29,9 @@ void NumberField::onValueSet()
     onUserEdit();
 }
 
-void NumberField::show(const ProcessSetup &setup)
+void NumberField::show(const FieldValues &values)
 {
-    setValue(setup.number(index()));
+    setValue(values.number(index()));
 }
 
 void NumberField::keepReference()
@@ -51,5 +51,5 @@ bool NumberField::differsFromReference() const
 
 QVariant NumberField::reference() const
 {
-    return m_reference == ProcessSetup::noValue() ? QVariant() : QVariant(m_reference);
+    return m_reference == FieldValues::noValue() ? QVariant() : QVariant(m_reference);
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "FieldEditor.h"
-#include "ProcessSetup.h"
+#include "FieldValues.h"
 
 class BVFormatter;
 
@@ -12,9 +12,9 @@ class NumberField : public FieldEditor
     Q_OBJECT
 
 public:
-    void store(ProcessSetup &setup) const override;
+    void store(FieldValues &values) const override;
 
-    /// ProcessSetup::noValue() for none.
+    /// FieldValues::noValue() for none.
     virtual double value() const = 0;
     /// Shows another value. It counts as the user's unless the field is being loaded or reset.
     virtual void setValue(double value) = 0;
@@ -25,8 +25,8 @@ Q_SIGNALS:
 
 protected:
     template <typename Edit>
-    NumberField(int index, Edit *edit, QObject *parent)
-        : FieldEditor(index, edit, parent)
+    NumberField(const SetupField &field, int index, Edit *edit, QObject *parent)
+        : FieldEditor(field, index, edit, parent)
     {
     }
 
@@ -35,13 +35,13 @@ protected:
     /// To be called when the edit holds a value, perhaps the same one.
     void onValueSet();
 
-    void show(const ProcessSetup &setup) override;
+    void show(const FieldValues &values) override;
     void keepReference() override;
     void restoreReference() override;
     bool differsFromReference() const override;
     QVariant reference() const override;
 
 private:
-    double m_value = ProcessSetup::noValue(); // as it was set last
-    double m_reference = ProcessSetup::noValue();
+    double m_value = FieldValues::noValue(); // as it was set last
+    double m_reference = FieldValues::noValue();
 };

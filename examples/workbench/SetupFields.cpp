@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "SetupFields.h"
 
+#include "FieldValues.h"
+
 #include <QCoreApplication>
 
 namespace {
@@ -14,10 +16,10 @@ constexpr SetupField::Kind Text = SetupField::Text;
 
 // clang-format off
 const std::vector<SetupGroup> s_groups = {
-    {"blank",    TEXT("&Blank"),    0},
-    {"material", TEXT("&Material"), 0},
-    {"tools",    TEXT("&Tools"),    1},
-    {"press",    TEXT("&Press"),    1},
+    {"blank",    TEXT("&Dimensions")},
+    {"material", TEXT("&Properties")},
+    {"tools",    TEXT("&Geometry and friction")},
+    {"press",    TEXT("&Press")},
 };
 
 // A range says what makes sense, not what is usual.
@@ -114,10 +116,11 @@ const SetupField &field(int index)
     return s_fields[size_t(index)];
 }
 
-const SetupSlider *slider(int field)
+const SetupSlider *slider(const SetupField &field)
 {
     for (const SetupSlider &slider : s_sliders) {
-        if (findField(slider.group, QLatin1String(slider.key)) == field)
+        const int index = findField(slider.group, QLatin1String(slider.key));
+        if (&SetupFields::field(index) == &field)
             return &slider;
     }
     return nullptr;
@@ -134,11 +137,28 @@ int findGroup(const QString &key)
 
 int findField(int group, const QString &key)
 {
-    for (int i = 0; i < count(); ++i) {
-        if (field(i).group == group && key == QLatin1String(field(i).key))
-            return i;
+    return find(s_fields, group, key);
+}
+
+int find(const std::vector<SetupField> &fields, int group, const QString &key)
+{
+    for (size_t i = 0; i < fields.size(); ++i) {
+        if (fields[i].group == group && key == QLatin1String(fields[i].key))
+            return int(i);
     }
     return -1;
+}
+
+QStringList missing(const std::vector<SetupField> &fields, const FieldValues &values)
+{
+    QStringList labels;
+    for (size_t i = 0; i < fields.size(); ++i) {
+        const bool isText = fields[i].kind == SetupField::Text;
+        if (isText ? values.text(int(i)).isEmpty()
+                   : values.number(int(i)) == FieldValues::noValue())
+            labels << fields[i].labelText();
+    }
+    return labels;
 }
 
 QString translated(const char *text)

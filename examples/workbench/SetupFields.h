@@ -2,25 +2,27 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
+
+class FieldValues;
 
 /// One group of the process set-up: a section of the file and a box of the form.
 struct SetupGroup
 {
     const char *key;   ///< the element of the file
     const char *title; ///< with the mnemonic that leads to the group's first field
-    int column;        ///< of the form
 };
 
-/// One field of the process set-up. The form, the files and the model all follow from the table of
-/// these.
+/// One field of a process set-up or of an operation. The pages, the files and the model all follow
+/// from the tables of these.
 struct SetupField
 {
     enum Kind { Number, Text };
 
     Kind kind;
-    int group;          ///< index of the group
+    int group;          ///< index of the group; 0 in tables without groups
     const char *key;    ///< the element of the file
     const char *label;  ///< English, to be translated in the context "SetupFields"
     const char *symbol; ///< the usual symbol; may be empty
@@ -62,14 +64,19 @@ const std::vector<SetupGroup> &groups();
 /// All fields, group by group, in the order of the form.
 const std::vector<SetupField> &fields();
 int count();
-/// The slider of a field; null for none.
-const SetupSlider *slider(int field);
+/// The slider of a field of that table; null for none.
+const SetupSlider *slider(const SetupField &field);
 const SetupField &field(int index);
 
 /// The index of the group of that key, or -1.
 int findGroup(const QString &key);
 /// The index of the field of that key in the group, or -1.
 int findField(int group, const QString &key);
+
+/// The same in another table.
+int find(const std::vector<SetupField> &fields, int group, const QString &key);
+/// The labels of the fields of a table that have no value.
+QStringList missing(const std::vector<SetupField> &fields, const FieldValues &values);
 
 /// A text of the table in the user's language.
 QString translated(const char *text);

@@ -12,6 +12,10 @@ class ProcessSetup;
 /// <length unit="mm">150</length>. A number may stand in any unit that converts into the field's.
 /// Numbers have "." as decimal point; written ones read back to the last bit.
 ///
+/// <operations> may be missing, too. It holds the operations in their order: <operation kind="draw"
+/// name="First draw" skipped="false"> with one element for each field of the kind. Only operations
+/// that are skipped may lack values.
+///
 /// A file that is not exactly that is refused: what it says could otherwise be lost unnoticed.
 namespace SetupFile {
 

@@ -5,16 +5,15 @@
 
 #include <BVDoubleSpinBox.h>
 
-SpinField::SpinField(int index, QWidget *parent)
-    : SpinField(index, new BVDoubleSpinBox(parent), parent)
+SpinField::SpinField(const SetupField &field, int index, QWidget *parent)
+    : SpinField(field, index, new BVDoubleSpinBox(parent), parent)
 {
 }
 
-SpinField::SpinField(int index, BVDoubleSpinBox *box, QWidget *parent)
-    : NumberField(index, box, parent)
+SpinField::SpinField(const SetupField &field, int index, BVDoubleSpinBox *box, QWidget *parent)
+    : NumberField(field, index, box, parent)
     , m_box(box)
 {
-    const SetupField &field = SetupFields::field(index);
     box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     box->setUnitString(field.unitText());
     box->setRange(field.minimum, field.maximum);
@@ -28,12 +27,12 @@ SpinField::SpinField(int index, BVDoubleSpinBox *box, QWidget *parent)
 
 double SpinField::value() const
 {
-    return m_box->isEmpty() ? ProcessSetup::noValue() : m_box->value();
+    return m_box->isEmpty() ? FieldValues::noValue() : m_box->value();
 }
 
 void SpinField::setValue(double value)
 {
-    if (value == ProcessSetup::noValue())
+    if (value == FieldValues::noValue())
         m_box->setEmpty(true);
     else
         m_box->setValue(value);

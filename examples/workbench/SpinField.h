@@ -12,14 +12,14 @@ class SpinField : public NumberField
     Q_OBJECT
 
 public:
-    SpinField(int index, QWidget *parent);
+    SpinField(const SetupField &field, int index, QWidget *parent);
 
     double value() const override;
     void setValue(double value) override;
     void takeOver() override;
 
 private:
-    SpinField(int index, BVDoubleSpinBox *box, QWidget *parent);
+    SpinField(const SetupField &field, int index, BVDoubleSpinBox *box, QWidget *parent);
 
     BVDoubleSpinBox *m_box;
 };

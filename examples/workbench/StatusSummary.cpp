@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "StatusSummary.h"
 
-#include "SetupForm.h"
+#include "SetupStack.h"
 
 #include <BVLabel.h>
 #include <BVWidgetStatusRouter.h>
@@ -30,7 +30,7 @@ const LegendEntry s_legend[] = {
 
 } // namespace
 
-StatusSummary::StatusSummary(SetupForm *form, QWidget *parent)
+StatusSummary::StatusSummary(SetupStack *form, QWidget *parent)
     : QWidget(parent)
     , m_form(form)
     , m_label(new BVLabel(this))
@@ -47,7 +47,7 @@ StatusSummary::StatusSummary(SetupForm *form, QWidget *parent)
     layout->addSpacing(18);
     layout->addWidget(m_label);
     BVWidgetStatusRouter::route(m_label, form);
-    connect(form, &SetupForm::changed, this, &StatusSummary::updateText);
+    connect(form, &SetupStack::changed, this, &StatusSummary::updateText);
     updateText();
 }
 

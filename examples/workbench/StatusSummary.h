@@ -4,7 +4,7 @@
 #include <QWidget>
 
 class BVLabel;
-class SetupForm;
+class SetupStack;
 
 /// What the status bar tells about the form: how many fields need input, coloured by the form's
 /// status, and what the colours mean.
@@ -13,13 +13,13 @@ class StatusSummary : public QWidget
     Q_OBJECT
 
 public:
-    StatusSummary(SetupForm *form, QWidget *parent);
+    StatusSummary(SetupStack *form, QWidget *parent);
 
     QString text() const;
 
 private:
     void updateText();
 
-    SetupForm *m_form; // not owned
+    SetupStack *m_form; // not owned
     BVLabel *m_label;
 };

@@ -1,32 +1,32 @@
 // SPDX-License-Identifier: MIT
 #include "TextField.h"
 
-#include "ProcessSetup.h"
+#include "FieldValues.h"
 
 #include <BVLineEdit.h>
 
 #include <QVariant>
 
-TextField::TextField(int index, QWidget *parent)
-    : TextField(index, new BVLineEdit(parent), parent)
+TextField::TextField(const SetupField &field, int index, QWidget *parent)
+    : TextField(field, index, new BVLineEdit(parent), parent)
 {
 }
 
-TextField::TextField(int index, BVLineEdit *edit, QWidget *parent)
-    : FieldEditor(index, edit, parent)
+TextField::TextField(const SetupField &field, int index, BVLineEdit *edit, QWidget *parent)
+    : FieldEditor(field, index, edit, parent)
     , m_edit(edit)
 {
     connect(edit, &QLineEdit::editingFinished, this, &TextField::takeOver);
 }
 
-void TextField::store(ProcessSetup &setup) const
+void TextField::store(FieldValues &values) const
 {
-    setup.setText(index(), m_text);
+    values.setText(index(), m_text);
 }
 
 void TextField::takeOver()
 {
-    const QString text = ProcessSetup::storableText(m_edit->text());
+    const QString text = FieldValues::storableText(m_edit->text());
     if (text == m_text && text == m_edit->text()) {
         m_edit->setModified(false);
         return;
@@ -37,9 +37,9 @@ void TextField::takeOver()
         onUserEdit();
 }
 
-void TextField::show(const ProcessSetup &setup)
+void TextField::show(const FieldValues &values)
 {
-    setText(setup.text(index()));
+    setText(values.text(index()));
 }
 
 void TextField::keepReference()

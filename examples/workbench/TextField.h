@@ -14,20 +14,20 @@ class TextField : public FieldEditor
     Q_OBJECT
 
 public:
-    TextField(int index, QWidget *parent);
+    TextField(const SetupField &field, int index, QWidget *parent);
 
-    void store(ProcessSetup &setup) const override;
+    void store(FieldValues &values) const override;
     void takeOver() override;
 
 protected:
-    void show(const ProcessSetup &setup) override;
+    void show(const FieldValues &values) override;
     void keepReference() override;
     void restoreReference() override;
     bool differsFromReference() const override;
     QVariant reference() const override;
 
 private:
-    TextField(int index, BVLineEdit *edit, QWidget *parent);
+    TextField(const SetupField &field, int index, BVLineEdit *edit, QWidget *parent);
     void setText(const QString &text);
 
     BVLineEdit *m_edit;

@@ -2,9 +2,10 @@
 #include "Tour.h"
 
 #include "FieldEditor.h"
+#include "FieldGroup.h"
 #include "PreferencesDialog.h"
 #include "SetupFields.h"
-#include "SetupForm.h"
+#include "SetupStack.h"
 #include "StatusSummary.h"
 #include "TourHands.h"
 #include "WorkbenchWindow.h"
@@ -17,7 +18,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QGroupBox>
 #include <QMessageBox>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -52,7 +52,8 @@ bool Tour::run()
            refuseFile() && moveSliders() && dragLimit() && turnWheel() && beginNewSetup() &&
            useNarrowWindow() && showResults() && changeLimit() && uncheckResults() &&
            copyResults() && openContextMenu() && searchResults() && loadLongRun() &&
-           planOperation();
+           planOperation() && typeOnStep() && beginOperations() && flyToEntry() &&
+           arrangeOperations() && openNavigationMenu() && filterEntries();
 }
 
 bool Tour::prepare()
@@ -67,6 +68,7 @@ bool Tour::prepare()
 bool Tour::openSteel()
 {
     m_window.openExample(QStringLiteral(":/Setups/square-cup-steel.xml"));
+    m_window.showPageOf(field("tools", "gap")->edit());
     return expectText(field("blank", "thickness"), QStringLiteral("0.78 mm")) &&
            expectText(field("material", "youngsModulus"), QStringLiteral("206000 MPa")) &&
            picture(QStringLiteral("steel"));
@@ -101,8 +103,8 @@ bool Tour::typeUnacceptable()
     type(gap, QStringLiteral("5 kg"));
     sendKey(gap->edit(), Qt::Key_Return, QStringLiteral("\r"));
     settle();
-    const QGroupBox *tools =
-        m_window.form()->groupBox(SetupFields::findGroup(QStringLiteral("tools")));
+    const FieldGroup *tools =
+        m_window.form()->group(SetupFields::findGroup(QStringLiteral("tools")));
     return expectText(gap, QStringLiteral("5 kg")) &&
            expect(gap->status()->isNeedInputStatus(), QStringLiteral("the field needs input")) &&
            expect(tools->property("needInputStatus").toBool(),
@@ -185,6 +187,8 @@ bool Tour::moveSliders()
     BVSlider *radius = slider("dieProfileRadius");
     for (int i = 0; i < 3; ++i)
         sendKey(radius, Qt::Key_PageUp);
+    const bool isMoved = expectText(field("tools", "dieProfileRadius"), QStringLiteral("8 mm")) &&
+                         picture(QStringLiteral("sliders_of_tools"));
     BVSlider *speed = slider("punchSpeed");
     const QPoint groove(speed->width() * 2 / 3, speed->rect().center().y());
     sendMouse(speed, QEvent::MouseButtonPress, groove);
@@ -192,7 +196,7 @@ bool Tour::moveSliders()
     type(field("press", "blankHolderForce"), QStringLiteral("49.0375"));
     sendKey(field("press", "blankHolderForce")->edit(), Qt::Key_Return, QStringLiteral("\r"));
     settle();
-    return expectText(field("tools", "dieProfileRadius"), QStringLiteral("8 mm")) &&
+    return isMoved &&
            expect(speed->value() == speed->pixelPosToValue(groove),
                   QStringLiteral("the slider jumps to the click")) &&
            expect(slider("blankHolderForce")->value() == 490,
@@ -222,15 +226,18 @@ bool Tour::dragLimit()
 bool Tour::turnWheel()
 {
     FieldEditor *friction = field("tools", "friction");
+    m_window.showPageOf(friction->edit());
+    settle();
     turnWheelOver(friction->edit(), 1);
     settle();
     if (!expectText(friction, QStringLiteral("0.162")))
         return false;
+    activate(&m_window);
     friction->edit()->setFocus(Qt::TabFocusReason);
     turnWheelOver(friction->edit(), 1);
     settle();
     sendKey(friction->edit(), Qt::Key_Up);
-    settle();
+    becomes([friction] { return friction->text() == QStringLiteral("0.182"); });
     return expectText(friction, QStringLiteral("0.182")) &&
            write(QStringLiteral("spin_box"), withToolTip(&m_window, friction->edit()));
 }
@@ -250,9 +257,13 @@ bool Tour::useNarrowWindow()
 {
     m_window.openExample(QStringLiteral(":/Setups/square-cup-steel.xml"));
     m_window.resize(s_narrowSize);
+    FieldEditor *last = field("tools", "friction");
+    m_window.showPageOf(last->edit());
     settle();
-    auto *area = m_window.findChild<QScrollArea *>();
-    area->ensureWidgetVisible(field("press", "rollingDirection")->edit());
+    QScrollArea *area = nullptr;
+    for (QWidget *around = last->edit(); around && !area; around = around->parentWidget())
+        area = qobject_cast<QScrollArea *>(around);
+    area->ensureWidgetVisible(last->edit());
     return expect(!area->horizontalScrollBar()->isVisible(),
                   QStringLiteral("the form has room in a narrow window")) &&
            picture(QStringLiteral("narrow"));
@@ -267,11 +278,16 @@ FieldEditor *Tour::field(const char *group, const char *key) const
 
 BVSlider *Tour::slider(const char *key) const
 {
-    return m_window.form()->findChild<BVSlider *>(QLatin1String(key) + QStringLiteral("Slider"));
+    auto *slider =
+        m_window.form()->findChild<BVSlider *>(QLatin1String(key) + QStringLiteral("Slider"));
+    m_window.showPageOf(slider);
+    settle();
+    return slider;
 }
 
 void Tour::type(FieldEditor *field, const QString &text)
 {
+    m_window.showPageOf(field->edit());
     field->edit()->setFocus(Qt::TabFocusReason);
     field->selectAll();
     for (const QChar c : text)

@@ -50,6 +50,12 @@ private:
     bool searchResults();
     bool loadLongRun();
     bool planOperation();
+    bool typeOnStep();
+    bool beginOperations();
+    bool flyToEntry();
+    bool arrangeOperations();
+    bool openNavigationMenu();
+    bool filterEntries();
 
     FieldEditor *field(const char *group, const char *key) const;
     BVSlider *slider(const char *key) const;

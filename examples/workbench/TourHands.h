@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QApplication>
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QPixmap>
 #include <QString>
@@ -17,6 +19,17 @@ namespace TourHands {
 void settle();
 /// Waits for the window to become the active one; not every window system makes it that.
 void activate(QWidget *window);
+/// Waits for a condition to hold, for a second at most; says whether it does.
+template <typename Condition>
+bool becomes(Condition condition)
+{
+    constexpr int longest = 1000; // ms
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition() && timer.elapsed() < longest)
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    return condition();
+}
 /// Waits until the clear button of an edit has faded in or out.
 void waitForClearButton(QLineEdit *edit);
 void sendKey(QWidget *widget, int key, const QString &text = QString(),

@@ -17,15 +17,13 @@
 #include <BVWidgetStatus.h>
 
 #include <QApplication>
-#include <QElapsedTimer>
 
 using namespace TourHands;
 
 namespace {
 
-constexpr int s_drawing = 2;       // row of the operation
-constexpr int s_lastStep = 7;      // its row in the operation
-constexpr int s_followTime = 1000; // ms within which a view follows its model
+constexpr int s_drawing = 2;  // row of the operation
+constexpr int s_lastStep = 7; // its row in the operation
 
 /// A cell of the results, by the rows that lead to it.
 QModelIndex cell(const BVTreeView *view, const QVector<int> &rows, int column)
@@ -39,16 +37,6 @@ QModelIndex cell(const BVTreeView *view, const QVector<int> &rows, int column)
 QString shownText(const BVTreeView *view, const QModelIndex &index)
 {
     return static_cast<BVItemDelegate *>(view->itemDelegate())->getDisplayedText(index);
-}
-
-template <typename Condition>
-bool becomes(Condition condition)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition() && timer.elapsed() < s_followTime)
-        QApplication::processEvents(QEventLoop::AllEvents, 10);
-    return condition();
 }
 
 void typeText(const QString &text)

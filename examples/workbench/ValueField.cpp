@@ -5,16 +5,15 @@
 
 #include <BVValueEdit.h>
 
-ValueField::ValueField(int index, QWidget *parent)
-    : ValueField(index, new BVValueEdit(parent), parent)
+ValueField::ValueField(const SetupField &field, int index, QWidget *parent)
+    : ValueField(field, index, new BVValueEdit(parent), parent)
 {
 }
 
-ValueField::ValueField(int index, BVValueEdit *edit, QWidget *parent)
-    : NumberField(index, edit, parent)
+ValueField::ValueField(const SetupField &field, int index, BVValueEdit *edit, QWidget *parent)
+    : NumberField(field, index, edit, parent)
     , m_edit(edit)
 {
-    const SetupField &field = SetupFields::field(index);
     edit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     edit->setUnitString(field.unitText());
     edit->setRange(field.minimum, field.maximum);

@@ -12,14 +12,14 @@ class ValueField : public NumberField
     Q_OBJECT
 
 public:
-    ValueField(int index, QWidget *parent);
+    ValueField(const SetupField &field, int index, QWidget *parent);
 
     double value() const override;
     void setValue(double value) override;
     void takeOver() override;
 
 private:
-    ValueField(int index, BVValueEdit *edit, QWidget *parent);
+    ValueField(const SetupField &field, int index, BVValueEdit *edit, QWidget *parent);
 
     BVValueEdit *m_edit;
 };

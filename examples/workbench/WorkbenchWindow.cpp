@@ -6,14 +6,12 @@
 #include "PreferencesDialog.h"
 #include "ResultsPage.h"
 #include "SetupFile.h"
-#include "SetupForm.h"
+#include "SetupStack.h"
 #include "StatusSummary.h"
 #include "WorkbenchSettings.h"
 
 #include <BVFormatter.h>
-#include <BVLabel.h>
 #include <BVMenu.h>
-#include <BVTabWidget.h>
 #include <BVWidgetsVersion.h>
 #include <SvgIcon.h>
 #include <UnitsChangedEvent.h>
@@ -27,7 +25,6 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPointer>
-#include <QScrollArea>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -68,27 +65,18 @@ QString shownUnit(UnitsConfiguration::Dimension dimension)
 
 WorkbenchWindow::WorkbenchWindow(Appearance *appearance)
     : m_appearance(appearance)
-    , m_form(new SetupForm)
-    , m_pages(new BVTabWidget(this))
+    , m_form(new SetupStack)
     , m_results(new ResultsPage)
     , m_operations(new OperationsPage)
 {
     qApp->setProperty(s_mainWindowProperty, QVariant::fromValue<QObject *>(this));
     setWindowIcon(createSvgIcon(QStringLiteral(":/Icons/ruler.svg")));
 
-    m_pages->setDocumentMode(true);
-    m_pages->addTab(createSetupPage(), tr("Process set-up"));
-    m_pages->addTab(m_results, tr("Results"));
-    m_pages->addTab(m_operations, tr("Operations"));
-    setCentralWidget(m_pages);
-
+    setCentralWidget(createCentre());
     createActions();
     m_summary = new StatusSummary(m_form, this);
     statusBar()->addPermanentWidget(m_summary);
-    connect(m_form, &SetupForm::changed, this, &WorkbenchWindow::updateTitle);
-    connect(m_pages, &QTabWidget::currentChanged, this, [this] {
-        m_summary->setVisible(m_pages->currentWidget()->isAncestorOf(m_form)); // it is of the form
-    });
+    connect(m_form, &SetupStack::changed, this, &WorkbenchWindow::updateTitle);
     setMinimumSize(s_minimumSize);
     newSetup();
 }
@@ -100,35 +88,17 @@ WorkbenchWindow::~WorkbenchWindow()
         qApp->setProperty(s_mainWindowProperty, QVariant());
 }
 
-QWidget *WorkbenchWindow::createSetupPage()
+/// The steps fill it; what is to stand above or beside them has its place here.
+QWidget *WorkbenchWindow::createCentre()
 {
-    auto *area = new QScrollArea(this);
-    area->setWidgetResizable(true);
-    area->setWidget(m_form);
-    auto *page = new QWidget(this);
-    auto *layout = new QVBoxLayout(page);
+    m_form->addPage(m_results, tr("Results"));
+    m_form->addPage(m_operations, tr("Plan"));
+    auto *centre = new QWidget(this);
+    auto *layout = new QVBoxLayout(centre);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(createHeader());
-    layout->addWidget(area, 1);
-    return page;
-}
-
-QWidget *WorkbenchWindow::createHeader()
-{
-    auto *header = new QFrame(this);
-    header->setObjectName(QStringLiteral("bv_step_header"));
-    m_title = new BVLabel(header);
-    m_title->setProperty("header", true);
-    m_source = new BVLabel(header);
-    m_source->setProperty("hint", true);
-    m_source->setWordWrap(true);
-    auto *layout = new QVBoxLayout(header);
-    layout->setContentsMargins(8, 6, 8, 6);
-    layout->setSpacing(2);
-    layout->addWidget(m_title);
-    layout->addWidget(m_source);
-    return header;
+    layout->addWidget(m_form, 1);
+    return centre;
 }
 
 QAction *WorkbenchWindow::addCommand(QMenu *menu, const QString &icon, const QString &text,
@@ -167,8 +137,8 @@ void WorkbenchWindow::createActions()
     file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
     QAction *reset = addCommand(edit, QStringLiteral("undo"), tr("&Reset all values"), {},
                                 tr("Bring back all values as they are in the file"));
-    QAction *next = addCommand(edit, QStringLiteral("next"), tr("&Next field that needs input"),
-                               Qt::Key_F8, tr("Go to the next field that needs input"));
+    QAction *next = addCommand(edit, QStringLiteral("next"), tr("&Next entry that needs input"),
+                               Qt::Key_F8, tr("Go to the next entry that needs input"));
     edit->addSeparator();
     QAction *preferences = addCommand(edit, QStringLiteral("settings"), tr("&Preferences..."),
                                       Qt::CTRL | Qt::Key_Comma, tr("Choose units and appearance"));
@@ -183,7 +153,7 @@ void WorkbenchWindow::createActions()
     connect(write, &QAction::triggered, this, &WorkbenchWindow::save);
     connect(writeAs, &QAction::triggered, this, &WorkbenchWindow::saveAs);
     connect(reset, &QAction::triggered, this, &WorkbenchWindow::resetAll);
-    connect(next, &QAction::triggered, this, &WorkbenchWindow::goToNextFieldNeedingInput);
+    connect(next, &QAction::triggered, this, &WorkbenchWindow::goToNextNeedingInput);
     connect(preferences, &QAction::triggered, this, &WorkbenchWindow::showPreferences);
     connect(about, &QAction::triggered, this, &WorkbenchWindow::showAbout);
 
@@ -284,22 +254,18 @@ bool WorkbenchWindow::isReadyToSave()
         return true;
     showError(tr("The set-up cannot be saved yet."),
               tr("These fields need input: %1.").arg(fields.join(QStringLiteral(", "))));
-    goToNextFieldNeedingInput();
+    goToNextNeedingInput();
     return false;
 }
 
 void WorkbenchWindow::showPageOf(QWidget *widget)
 {
-    for (int i = 0; i < m_pages->count(); ++i) {
-        if (m_pages->widget(i) == widget || m_pages->widget(i)->isAncestorOf(widget))
-            m_pages->setCurrentIndex(i);
-    }
+    m_form->showPageOf(widget);
 }
 
-void WorkbenchWindow::goToNextFieldNeedingInput()
+void WorkbenchWindow::goToNextNeedingInput()
 {
-    showPageOf(m_form);
-    m_form->focusNextNeedingInput();
+    m_form->goToNextNeedingInput();
 }
 
 bool WorkbenchWindow::saveFile(const QString &path)
@@ -329,9 +295,7 @@ void WorkbenchWindow::setFileName(const QString &path)
     m_documentName = path.isEmpty() ? tr("untitled.xml") : QFileInfo(path).fileName();
     const ProcessSetup setup = m_form->setup();
     const QString substitute = path.isEmpty() ? tr("New set-up") : m_documentName;
-    m_title->setText(setup.title().isEmpty() ? substitute : setup.title());
-    m_source->setText(setup.source());
-    m_source->setVisible(!setup.source().isEmpty());
+    m_form->setHeading(setup.title().isEmpty() ? substitute : setup.title(), setup.source());
     updateTitle();
 }
 

@@ -5,16 +5,14 @@
 #include <QString>
 
 class Appearance;
-class BVLabel;
-class BVTabWidget;
 class OperationsPage;
 class QAction;
 class ResultsPage;
-class SetupForm;
+class SetupStack;
 class StatusSummary;
 
-/// The workbench's window: one process set-up in a form, with the commands to open, change and save
-/// it, and pages with results and operations.
+/// The workbench's window: one process set-up in steps, with the commands to open, change and save
+/// it, and pages with results and the plan.
 ///
 /// While it lives it is the application's main window, which is told about a changed unit choice.
 class WorkbenchWindow : public QMainWindow
@@ -34,7 +32,7 @@ public:
     /// Takes over what is being typed and saves. Told and refused while fields need input.
     bool saveFile(const QString &path);
 
-    SetupForm *form() const { return m_form; }
+    SetupStack *form() const { return m_form; }
     StatusSummary *summary() const { return m_summary; }
     ResultsPage *results() const { return m_results; }
     OperationsPage *operations() const { return m_operations; }
@@ -60,14 +58,13 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    QWidget *createSetupPage();
-    QWidget *createHeader();
+    QWidget *createCentre();
     void createActions();
     void createExamplesMenu();
     QAction *addCommand(QMenu *menu, const QString &icon, const QString &text,
                         const QKeySequence &shortcut, const QString &toolTip);
     bool readSetup(const QString &path);
-    void goToNextFieldNeedingInput();
+    void goToNextNeedingInput();
     void setFileName(const QString &path);
     void rememberFile();
     void updateTitle();
@@ -77,13 +74,10 @@ private:
     void showUnits();
 
     Appearance *m_appearance; // not owned
-    SetupForm *m_form = nullptr;
+    SetupStack *m_form = nullptr;
     StatusSummary *m_summary = nullptr;
-    BVTabWidget *m_pages;
     ResultsPage *m_results;
     OperationsPage *m_operations;
-    BVLabel *m_title = nullptr;
-    BVLabel *m_source = nullptr;
     QString m_fileName;
     QString m_documentName; // shown in the window title
 };

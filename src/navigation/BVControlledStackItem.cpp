@@ -218,7 +218,7 @@ void BVControlledStackItem::setColorFromWidgetStatus()
 void BVControlledStackItem::setCheckable(bool checkable)
 {
     Qt::ItemFlags wanted = flags();
-    BVStackChecks::writeFlags(this, wanted.setFlag(Qt::ItemIsUserCheckable, checkable));
+    BVStackChecks::setFlags(this, wanted.setFlag(Qt::ItemIsUserCheckable, checkable));
 }
 
 bool BVControlledStackItem::isCheckable() const
@@ -235,10 +235,11 @@ void BVControlledStackItem::setCheckState(Qt::CheckState state)
 {
     if (!m_treeItem)
         return;
-    BVStackChecks::seed(this, state);
+    const auto valid = Qt::CheckState(qBound(int(Qt::Unchecked), int(state), int(Qt::Checked)));
+    BVStackChecks::seed(this, valid);
     const BVStackNavigation::Unreported silence(m_stackWidget->m_navigation,
                                                 BVStackChecks::unreportedAbove(this));
-    m_treeItem->setCheckState(m_checkColumn, state);
+    m_treeItem->setCheckState(m_checkColumn, valid);
 }
 
 Qt::CheckState BVControlledStackItem::getCheckState() const
@@ -342,7 +343,8 @@ QWidget *BVControlledStackItem::removeContainerWidget()
 void BVControlledStackItem::setupLayoutItem(QWidget *widget)
 {
     if (!m_stackWidget || !widget || widget == m_containerWidget ||
-        widget->isAncestorOf(m_stackWidget) || widget == m_stackWidget)
+        m_stackWidget->m_entries->isAround(widget) ||
+        !m_stackWidget->m_entries->takeFromEntry(widget))
         return;
     const QPointer<QWidget> guard(widget);
     if (!m_containerWidget)
@@ -445,7 +447,7 @@ void BVControlledStackItem::setFlag(Qt::ItemFlag flag, bool on)
     if (flag == Qt::ItemIsEnabled)
         m_isDisabled = !on;
     Qt::ItemFlags wanted = flags();
-    BVStackChecks::writeFlags(this, wanted.setFlag(flag, on));
+    BVStackChecks::setFlags(this, wanted.setFlag(flag, on));
 }
 
 Qt::ItemFlags BVControlledStackItem::flags() const

@@ -20,6 +20,7 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QItemSelectionModel>
 #include <QVBoxLayout>
 
 namespace {
@@ -56,6 +57,9 @@ BVControlledStackWidget::~BVControlledStackWidget()
 {
     blockSignals(true);
     m_entries->clear();
+    m_entries->leaveRows();
+    if (m_controller && m_controller->getControlledStack() == this)
+        resetController();
     delete m_navigation;
     delete m_entries;
     m_entries = nullptr;
@@ -71,15 +75,33 @@ void BVControlledStackWidget::leaveController()
     const QPointer<BVControlledStackWidget> guard(this);
     m_navigation->hold();
     m_entries->clear();
+    if (guard)
+        m_entries->leaveRows();
     if (!guard)
         return;
     if (m_controller && m_needInputAction)
         m_controller->removeAction(m_needInputAction);
+    resetController();
     m_tree = nullptr;
+    m_order->invalidate();
     m_controller = nullptr;
     delete m_navigation;
     m_navigation = new BVStackNavigation(this); // of no tree
     updateStackVisibility();
+}
+
+/// Takes back what this has set there, so that the next stack finds it as it was.
+void BVControlledStackWidget::resetController()
+{
+    if (!m_controller || !tree())
+        return;
+    if (m_topLevelAsHeader)
+        tree()->setShowTopLevelSeparator(false);
+    if (m_deselectionEnabled)
+        tree()->enableDeselection(false);
+    if (!m_headerLabel.isEmpty())
+        m_controller->setHeaderLabel(QString());
+    BVStackLooks::alignHeader(*m_controller, false);
 }
 
 BVStackControllerWidget *BVControlledStackWidget::controller() const
@@ -153,17 +175,13 @@ BVControlledStackItem *BVControlledStackWidget::addLayoutItem(const QVariant &ke
     layout->setContentsMargins(0, 0, 0, 0);
     BVControlledStackItem *item = addItem(page, index);
     if (item)
-        item->m_layoutKey = key;
+        m_entries->setLayoutKey(item, key);
     return item;
 }
 
 BVControlledStackItem *BVControlledStackWidget::getLayoutItem(const QVariant &key) const
 {
-    const QList<BVControlledStackItem *> items = getLayoutItems();
-    for (BVControlledStackItem *item : items)
-        if (item->m_layoutKey == key)
-            return item;
-    return nullptr;
+    return m_entries->layoutItem(key);
 }
 
 QList<BVControlledStackItem *> BVControlledStackWidget::getLayoutItems() const
@@ -223,12 +241,13 @@ BVControlledStackItem *BVControlledStackWidget::itemAt(int index) const
 
 BVControlledStackItem *BVControlledStackWidget::itemAtDFSIndex(int dfsIndex) const
 {
-    return m_order->items(tree()).value(dfsIndex);
+    const bool isPossible = dfsIndex >= 0 && dfsIndex < m_entries->count();
+    return isPossible ? m_order->at(tree(), dfsIndex) : nullptr;
 }
 
 int BVControlledStackWidget::getDFSIndex(const BVControlledStackItem *item) const
 {
-    return m_order->indexOf(tree(), item);
+    return isOwn(item) ? m_order->indexOf(tree(), item) : -1;
 }
 
 QList<BVControlledStackItem *> BVControlledStackWidget::getDFSItems() const
@@ -277,8 +296,8 @@ void BVControlledStackWidget::setCurrentIndex(int index)
 {
     const QPointer<BVControlledStackWidget> guard(this);
     BVControlledStackItem *item = itemAtDFSIndex(index);
-    if (index < 0 && tree())
-        tree()->setCurrentItem(nullptr);
+    if (index < 0 && tree()) // the view would not bear a slot that deletes it
+        tree()->selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::Clear);
     if (item)
         item->setCurrent();
     if (guard && item)
@@ -409,10 +428,14 @@ void BVControlledStackWidget::removeAllItemsFromGroup(int group)
 
 void BVControlledStackWidget::setCheckableItems(CheckableItems mode)
 {
+    if (mode < NoCheckableItems || mode > AllItemsCheckable)
+        return;
     m_checkableItems = mode;
     const QList<BVControlledStackItem *> items = getDFSItems();
-    for (BVControlledStackItem *item : items)
+    for (BVControlledStackItem *item : items) // each before those that its state is derived from
         BVStackChecks::update(item, mode, item->isTopLevelItem());
+    for (BVControlledStackItem *item : items)
+        BVStackChecks::noteState(item);
     updateHeaderAlignment();
 }
 
@@ -485,7 +508,7 @@ void BVControlledStackWidget::updateMargins(bool noLeft, bool noTop)
 void BVControlledStackWidget::setStartPage(QWidget *page, int threshold)
 {
     m_switch->setThreshold(threshold);
-    if (!page || page == this || page->isAncestorOf(this))
+    if (!page || m_entries->isAround(page) || !m_entries->takeFromEntry(page))
         return;
     m_switch->setStartPage(page, layout());
     m_switch->updateStartPage();

@@ -202,8 +202,9 @@ public:
 
     // Start page
 
-    /// Takes the page over and shows it when it is due; the one before is hidden and belongs to the
-    /// caller. Null changes the threshold only, without effect until the next change.
+    /// Takes the page over and shows it when it is due; until then it is hidden. The one before is
+    /// hidden and belongs to the caller. A page of an entry is one no longer. Null changes the
+    /// threshold only, without effect until the next change.
     void setStartPage(QWidget *page, int threshold);
     QWidget *startPage() const;
     int startPageThreshold() const;
@@ -244,7 +245,7 @@ Q_SIGNALS:
     /// Entries are about to be moved below @p target, null for the top level. A slot that sets
     /// @p mayDrop to false refuses it.
     void itemDragEnter(BVControlledStackItem *target, bool *mayDrop);
-    /// The number of pages.
+    /// The number of pages; once for all that go with a removal, when the rows are gone.
     void widgetCountChanged(int count);
     void currentChanged(int index);
 
@@ -261,6 +262,7 @@ private:
     friend class BVStackNavigation;
 
     void leaveController();
+    void resetController();
     bool isOwn(const BVControlledStackItem *item) const;
     QTreeWidgetItem *rowOf(const BVControlledStackItem *parent) const;
     QList<QTreeWidgetItem *> rowsAt(const QList<int> &dfsIndexes) const;

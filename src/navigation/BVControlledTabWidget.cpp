@@ -92,7 +92,7 @@ void BVControlledTabWidget::leaveStack()
 
 void BVControlledTabWidget::setStack(BVControlledStackWidget *stack)
 {
-    if (stack == m_stack)
+    if (stack == m_stack || (stack && stack->isAncestorOf(this)))
         return;
     leaveStack();
     if (m_stack) {

@@ -35,7 +35,7 @@ public:
     /// Null if there is none.
     BVControlledStackWidget *stack() const;
     /// Takes the stack over and shows it; the one before is hidden and belongs to the caller. Null
-    /// leaves none.
+    /// leaves none. Ignored for a stack that this stands in.
     void setStack(BVControlledStackWidget *stack);
 
     int count() const;

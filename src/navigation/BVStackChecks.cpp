@@ -70,19 +70,31 @@ void BVStackChecks::update(BVControlledStackItem *item, Mode mode, bool isTopLev
                    flags(row->flags(), mode, isTopLevel, BVStackTreeItem::hasEntryBelow(row)));
 }
 
+/// What loses its check box or those below it keeps the state that they have shown.
 void BVStackChecks::writeFlags(BVControlledStackItem *item, Qt::ItemFlags flags)
 {
-    if (!item->m_treeItem)
+    BVStackTreeItem *const row = item->m_treeItem;
+    if (!row)
         return;
     // The toolkit would take the state that a disabled row above brings along for the row's own.
-    const QTreeWidgetItem *above = item->m_treeItem->parent();
+    const QTreeWidgetItem *above = row->parent();
     const bool isBelowDisabled = above && !(above->flags() & Qt::ItemIsEnabled);
-    if (item->m_treeItem->flags() == flags && !isBelowDisabled)
+    if (row->flags() == flags && !isBelowDisabled)
         return;
     if (isBelowDisabled)
         flags.setFlag(Qt::ItemIsEnabled, !item->m_isDisabled);
-    const BlockSignals blocker{item->m_stackWidget->controller(), item->m_treeItem->treeWidget()};
-    item->m_treeItem->setFlags(flags);
+    const BVControlledStackItem *parent = item->parent();
+    if (parent && !(flags & Qt::ItemIsUserCheckable) && item->isCheckable())
+        parent->m_treeItem->keepCheckState();
+    row->keepCheckState();
+    const BlockSignals blocker{item->m_stackWidget->controller(), row->treeWidget()};
+    row->setFlags(flags);
+}
+
+void BVStackChecks::setFlags(BVControlledStackItem *item, Qt::ItemFlags flags)
+{
+    writeFlags(item, flags);
+    noteStates(item);
 }
 
 bool BVStackChecks::isReported(const BVControlledStackItem *item)
@@ -90,11 +102,47 @@ bool BVStackChecks::isReported(const BVControlledStackItem *item)
     return item->data(BVControlledStackItem::ReportedCheckStateRole).isValid();
 }
 
+bool BVStackChecks::isNews(const BVControlledStackItem *item)
+{
+    return isReported(item) ? item->checkStateHasChanged() : item->getCheckState() != Qt::Unchecked;
+}
+
+void BVStackChecks::noteState(BVControlledStackItem *item)
+{
+    if (!item->m_treeItem || item->m_treeItem->isCheckStateOnItsWay() || !isNews(item))
+        return;
+    const BlockSignals blocker{item->m_treeItem->treeWidget()};
+    item->setCurrentCheckStateInData();
+}
+
+void BVStackChecks::noteStates(BVControlledStackItem *item, bool isAnyChecked)
+{
+    do {
+        if (isAnyChecked || isReported(item))
+            noteState(item);
+        item = item->parent();
+    } while (item && item->flags() & Qt::ItemIsAutoTristate);
+}
+
+void BVStackChecks::keepState(const BVControlledStackItem *item, int first, int last)
+{
+    BVStackTreeItem *const row = item->m_treeItem;
+    if (!row || !(row->flags() & Qt::ItemIsAutoTristate))
+        return;
+    for (int i = 0; i < row->childCount(); ++i)
+        if ((i < first || i > last) && row->child(i)->data(0, Qt::CheckStateRole).isValid())
+            return;
+    row->keepCheckState();
+}
+
+/// A group does not become partly checked at will.
 void BVStackChecks::seed(BVControlledStackItem *item, Qt::CheckState state)
 {
+    const bool follows = state == Qt::PartiallyChecked && item->m_treeItem->isCheckStateDerived();
     if (!isReported(item)) {
         const BlockSignals blocker{item->m_treeItem->treeWidget()}; // it does not differ for long
-        item->setData(BVControlledStackItem::ReportedCheckStateRole, int(state));
+        item->setData(BVControlledStackItem::ReportedCheckStateRole,
+                      int(follows ? item->getCheckState() : state));
     }
     if (!(item->flags() & Qt::ItemIsAutoTristate) || state == Qt::PartiallyChecked)
         return;
@@ -112,15 +160,4 @@ QList<BVControlledStackItem *> BVStackChecks::unreportedAbove(const BVControlled
         if (!isReported(parent))
             above.append(parent);
     return above;
-}
-
-void BVStackChecks::followRows(BVControlledStackItem *item, bool isChecked)
-{
-    for (; item && item->flags() & Qt::ItemIsAutoTristate; item = item->parent()) {
-        const bool isReported = BVStackChecks::isReported(item);
-        if (isReported ? !item->checkStateHasChanged() : !isChecked)
-            continue;
-        const BlockSignals blocker{item->m_treeItem->treeWidget()};
-        item->setCurrentCheckStateInData();
-    }
 }

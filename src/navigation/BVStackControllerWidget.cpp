@@ -13,6 +13,7 @@
 #include "platform/PropertyChangeFilter.h"
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QVBoxLayout>
 
@@ -76,7 +77,7 @@ BVStackControllerWidget::~BVStackControllerWidget()
     if (m_stack)
         m_stack->m_entries->leaveTree();
     if (tree())
-        BVStackEntries::keepModel(tree());
+        BVStackEntries::keepModels(tree());
     const QWidget *listControl = m_listControl;
     m_listControl = nullptr;
     delete listControl;
@@ -366,6 +367,16 @@ void BVStackControllerWidget::changeEvent(QEvent *event)
         m_contextMenu->retranslate();
 }
 
+/// The toolkit makes the first row current unless the focus comes by the mouse.
+bool BVStackControllerWidget::focusWithoutCurrent(Qt::FocusReason reason)
+{
+    if (reason == Qt::MouseFocusReason)
+        return false;
+    QFocusEvent event(QEvent::FocusIn, Qt::MouseFocusReason);
+    QCoreApplication::sendEvent(tree(), &event);
+    return true;
+}
+
 bool BVStackControllerWidget::eventFilter(QObject *watched, QEvent *event)
 {
     if (tree() && watched == headerWidget() && event->type() == QEvent::DynamicPropertyChange)
@@ -374,6 +385,8 @@ bool BVStackControllerWidget::eventFilter(QObject *watched, QEvent *event)
         return QFrame::eventFilter(watched, event);
     if (event->type() == QEvent::Resize)
         updateMinimumWidth();
+    if (event->type() == QEvent::FocusIn && m_stack && !tree()->currentIndex().isValid())
+        return focusWithoutCurrent(static_cast<QFocusEvent *>(event)->reason());
     const bool isMenuKey =
         event->type() == QEvent::ContextMenu &&
         static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard;

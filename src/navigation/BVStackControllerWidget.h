@@ -159,6 +159,7 @@ private:
     void updateMinimumWidth();
     bool openMenuByKey();
     void alignHeader();
+    bool focusWithoutCurrent(Qt::FocusReason reason);
 
     QPointer<BVContainerListControl> m_listControl;   // child of this
     QPointer<BVControlledStackWidget> m_stack;        // not owned

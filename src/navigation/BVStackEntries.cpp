@@ -14,11 +14,12 @@
 #include "foundation/BlockSignals.h"
 #include "itemviews/BVDragTreeWidget.h"
 
+#include <QChildEvent>
 #include <QCoreApplication>
 #include <QPointer>
-#include <QVector>
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -83,11 +84,9 @@ BVStackEntries::BVStackEntries(BVControlledStackWidget *stack)
     , m_stack(stack)
 {
     QStackedWidget *const pages = stack->stackedWidget();
-    connect(pages, &QStackedWidget::currentChanged, this, [this] {
-        m_stack->m_switch->updateStartPage();
-        m_stack->updateStackVisibility();
-    });
-    connect(pages, &QStackedWidget::widgetRemoved, this, &BVStackEntries::onPagesChanged);
+    connect(pages, &QStackedWidget::currentChanged, this, &BVStackEntries::updateVisibility);
+    connect(pages, &QStackedWidget::widgetRemoved, this, &BVStackEntries::onPageRemoved);
+    pages->installEventFilter(this);
 }
 
 // Entries
@@ -147,16 +146,24 @@ void BVStackEntries::leaveTree()
     const QList<QTreeWidgetItem *> rows = tree->invisibleRootItem()->takeChildren();
     for (QTreeWidgetItem *row : rows)
         remains->addRow(row);
+    leaveRows();
     m_stack->updateStackVisibility();
 }
 
-void BVStackEntries::keepModel(BVDragTreeWidget *tree)
+void BVStackEntries::leaveRows()
 {
-    QAbstractItemModel *model = tree->model();
-    connect(tree, &QObject::destroyed, model, [model] {
-        model->setParent(QCoreApplication::instance());
-        model->deleteLater();
-    });
+    if (!m_items.isEmpty())
+        detach(QVector<BVControlledStackItem *>(m_items.cbegin(), m_items.cend()));
+}
+
+void BVStackEntries::keepModels(BVDragTreeWidget *tree)
+{
+    const std::initializer_list<QObject *> models{tree->model(), tree->selectionModel()};
+    for (QObject *model : models)
+        connect(tree, &QObject::destroyed, model, [model] {
+            model->setParent(QCoreApplication::instance());
+            model->deleteLater();
+        });
 }
 
 void BVStackEntries::clear()
@@ -180,20 +187,26 @@ void BVStackEntries::rowDeleted(BVControlledStackItem *item)
     entries->detachBranch(row);
 }
 
-/// Pages go from the end, so that those before the last do not come into sight one after the other.
 BVStackRemains *BVStackEntries::detachBranch(QTreeWidgetItem *row)
+{
+    QVector<BVControlledStackItem *> items;
+    const QVector<QTreeWidgetItem *> rows = branchOf(row);
+    for (QTreeWidgetItem *branchRow : rows)
+        if (BVControlledStackItem *item = BVStackTreeItem::entryOf(branchRow))
+            items.append(item);
+    return detach(items);
+}
+
+/// Pages go from the end, so that those before the last do not come into sight one after the other.
+/// No slot is called before all are out, so that it may put one of them to use again.
+BVStackRemains *BVStackEntries::detach(const QVector<BVControlledStackItem *> &items)
 {
     const QPointer<BVStackEntries> guard(this);
     const QPointer<BVStackRemains> remains(new BVStackRemains(m_stack));
-    QVector<BVControlledStackItem *> items;
-    const QVector<QTreeWidgetItem *> rows = branchOf(row);
-    for (QTreeWidgetItem *branchRow : rows) {
-        BVControlledStackItem *item = BVStackTreeItem::entryOf(branchRow);
-        if (!item)
-            continue;
-        items.append(item);
+    for (BVControlledStackItem *item : items) {
         remains->add(item);
         m_items.remove(item);
+        m_layoutItems.remove(item->m_layoutKey.toString(), item);
         item->m_treeItem->detach();
         item->m_treeItem = nullptr;
         item->m_stackWidget = nullptr;
@@ -201,23 +214,58 @@ BVStackRemains *BVStackEntries::detachBranch(QTreeWidgetItem *row)
     m_stack->m_order->invalidate();
     for (int i = items.size() - 1; i >= 0 && guard && remains; --i)
         deletePage(items[i]);
+    if (guard)
+        reportPageCount();
     return remains;
+}
+
+void BVStackEntries::setLayoutKey(BVControlledStackItem *item, const QVariant &key)
+{
+    item->m_layoutKey = key;
+    m_layoutItems.insert(key.toString(), item);
+}
+
+BVControlledStackItem *BVStackEntries::layoutItem(const QVariant &key) const
+{
+    const QList<BVControlledStackItem *> items = m_layoutItems.values(key.toString());
+    for (BVControlledStackItem *item : items)
+        if (item->m_layoutKey == key)
+            return item;
+    return nullptr;
 }
 
 // Pages
 
 void BVStackEntries::setPage(BVControlledStackItem *item, QWidget *page)
 {
-    const bool isAround = page && (page == m_stack || page->isAncestorOf(m_stack));
-    if (page == item->m_containerWidget || isAround)
+    if (page == item->m_containerWidget || isAround(page))
         return;
     const QPointer<BVStackEntries> guard(this);
     const QPointer<QWidget> pageGuard(page);
     deletePage(item);
     if (BVControlledStackItem *other = BVControlledStackItem::itemFromWidget(pageGuard))
         other->removeContainerWidget();
-    if (guard && pageGuard && contains(item))
+    if (!guard)
+        return;
+    if (pageGuard && contains(item) && !item->m_containerWidget)
         attachPage(item, page);
+    else
+        reportPageCount();
+}
+
+bool BVStackEntries::isAround(const QWidget *widget) const
+{
+    const QWidget *pages = m_stack->stackedWidget();
+    return widget && (widget == pages || widget->isAncestorOf(pages));
+}
+
+bool BVStackEntries::takeFromEntry(QWidget *page)
+{
+    const QPointer<BVStackEntries> guard(this);
+    const QPointer<QWidget> pageGuard(page);
+    if (BVControlledStackItem *item = BVControlledStackItem::itemFromWidget(page))
+        item->removeContainerWidget();
+    return guard && pageGuard;
 }
 
 void BVStackEntries::attachPage(BVControlledStackItem *item, QWidget *page)
@@ -228,7 +276,9 @@ void BVStackEntries::attachPage(BVControlledStackItem *item, QWidget *page)
     page->installEventFilter(this);
     item->m_containerWidget = page;
     item->m_pageDestroyed =
-        connect(page, &QObject::destroyed, this, [this, item] { forgetPage(item); });
+        connect(page, &QObject::destroyed, this, [this, item] { onPageDestroyed(item); });
+    if (page == m_stack->startPage())
+        m_stack->m_switch->releaseStartPage();
     const QPointer<BVStackEntries> guard(this);
     const QPointer<QWidget> pageGuard(page);
     m_stack->stackedWidget()->addWidget(page);
@@ -238,22 +288,35 @@ void BVStackEntries::attachPage(BVControlledStackItem *item, QWidget *page)
         followPage(item, int(BVWidgetStatus::status(page)));
     if (guard && item->isCurrent())
         showPage(item);
+    if (!guard)
+        return;
+    m_isPageCountDue = true;
+    updateVisibility();
     if (guard)
-        onPagesChanged();
+        reportPageCount();
 }
 
-/// The page stays what it is, but for that it leaves the stack.
+/// The page stays what it is, but for that it leaves the stack and is hidden. That is not told yet.
 QWidget *BVStackEntries::takePage(BVControlledStackItem *item)
 {
     const QPointer<QWidget> page(item->m_containerWidget);
     if (!page)
         return nullptr;
-    forgetPage(item);
     page->removeEventFilter(this);
     page->setProperty(s_pageProperty, QVariant());
+    disconnect(item->m_pageDestroyed);
+    item->m_containerWidget = nullptr;
+    m_stack->stackedWidget()->removeWidget(page);
     if (page)
-        m_stack->stackedWidget()->removeWidget(page);
+        page->hide();
+    forgetPage(item);
     return page;
+}
+
+void BVStackEntries::onPageDestroyed(BVControlledStackItem *item)
+{
+    m_dyingPage = item->m_containerWidget;
+    forgetPage(item);
 }
 
 void BVStackEntries::forgetPage(BVControlledStackItem *item)
@@ -266,19 +329,18 @@ void BVStackEntries::forgetPage(BVControlledStackItem *item)
 
 void BVStackEntries::deletePage(BVControlledStackItem *item)
 {
-    if (QWidget *page = takePage(item)) {
-        page->hide();
+    if (QWidget *page = takePage(item))
         page->deleteLater();
-    }
 }
 
 QWidget *BVStackEntries::releasePage(BVControlledStackItem *item)
 {
+    const QPointer<BVStackEntries> guard(this);
     const QPointer<QWidget> page(takePage(item));
     if (page)
-        page->hide();
-    if (page)
         page->setParent(nullptr);
+    if (guard)
+        reportPageCount();
     return page;
 }
 
@@ -290,13 +352,33 @@ void BVStackEntries::showPage(const BVControlledStackItem *item)
         pages->setCurrentWidget(page);
 }
 
-void BVStackEntries::onPagesChanged()
+void BVStackEntries::updateVisibility()
 {
     const QPointer<BVStackEntries> guard(this);
     m_stack->m_switch->updateStartPage();
     if (guard)
         m_stack->updateStackVisibility();
-    if (guard)
+}
+
+/// The toolkit's layout is in the middle of it, and does not bear the end of the stack: whoever has
+/// removed the page tells of it afterwards.
+void BVStackEntries::onPageRemoved()
+{
+    if (!std::exchange(m_isPageCountDue, true)) // somebody else may have removed it
+        QMetaObject::invokeMethod(this, &BVStackEntries::reportPageCount, Qt::QueuedConnection);
+    updateVisibility();
+}
+
+/// While rows are on their way, it waits with all that is told of them.
+void BVStackEntries::reportPageCount()
+{
+    if (!m_stack->tree() || !m_stack->m_navigation->isHeld())
+        tellPageCount();
+}
+
+void BVStackEntries::tellPageCount()
+{
+    if (std::exchange(m_isPageCountDue, false))
         Q_EMIT m_stack->widgetCountChanged(m_stack->stackedWidget()->count());
 }
 
@@ -306,8 +388,21 @@ void BVStackEntries::followPage(BVControlledStackItem *item, int stati)
     item->m_isStatusOfPage = true;
 }
 
+/// The layout has heard of it before. True if there is nobody left to hear of it.
+bool BVStackEntries::onChildRemoved(const QObject *child)
+{
+    if (child != m_dyingPage)
+        return false;
+    const QPointer<BVStackEntries> guard(this);
+    m_dyingPage = nullptr;
+    reportPageCount();
+    return !guard;
+}
+
 bool BVStackEntries::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::ChildRemoved && watched == m_stack->stackedWidget())
+        return onChildRemoved(static_cast<QChildEvent *>(event)->child());
     if (event->type() != BVWidgetStatusChangedEvent::s_eventType)
         return false;
     auto *page = qobject_cast<QWidget *>(watched);

@@ -79,11 +79,14 @@ void BVStackNavigation::hold()
     m_isSelectionHeld = false;
 }
 
+/// Whatever slots do when they hear of the number of pages still waits.
 void BVStackNavigation::release()
 {
-    if (--m_holdCount > 0)
-        return;
     const QPointer<BVStackNavigation> guard(this);
+    while (guard && m_holdCount == 1 && m_stack->m_entries->isPageCountDue())
+        m_stack->m_entries->tellPageCount();
+    if (!guard || --m_holdCount > 0)
+        return;
     BVControlledStackItem *const previous = m_heldPrevious;
     if (m_isSelectionHeld)
         reportHeldSelection();
@@ -160,7 +163,11 @@ void BVStackNavigation::forward(QTreeWidgetItem *row)
 void BVStackNavigation::watchTree(BVDragTreeWidget *tree)
 {
     // Rows are deleted after the tree's end has begun, when it can no longer be asked.
-    connect(tree, &QObject::destroyed, this, [this] { m_stack->m_tree = nullptr; });
+    connect(tree, &QObject::destroyed, this, [this] {
+        m_stack->m_tree = nullptr;
+        m_stack->m_order->invalidate();
+        m_stack->m_entries->leaveRows();
+    });
     connect(tree, &QTreeWidget::currentItemChanged, this, &BVStackNavigation::onCurrentItemChanged);
     connect(tree, &QTreeWidget::itemSelectionChanged, this, &BVStackNavigation::onSelectionChanged);
     connect(tree, &QTreeWidget::itemChanged, this, &BVStackNavigation::onItemChanged);
@@ -187,13 +194,18 @@ void BVStackNavigation::watchRows(BVDragTreeWidget *tree)
     const QAbstractItemModel *model = tree->model();
     const auto invalidate = [this] { m_stack->m_order->invalidate(); };
     connect(model, &QAbstractItemModel::rowsInserted, this, &BVStackNavigation::onRowsInserted);
+    connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            &BVStackNavigation::keepStateOf);
     connect(model, &QAbstractItemModel::rowsRemoved, this, &BVStackNavigation::onRowsRemoved);
     connect(model, &QAbstractItemModel::rowsMoved, this, invalidate);
     connect(model, &QAbstractItemModel::layoutChanged, this, invalidate);
+    connect(model, &QAbstractItemModel::modelAboutToBeReset, this,
+            &BVStackNavigation::holdUntilRowsAreRemoved);
     connect(model, &QAbstractItemModel::modelReset, this, [this] {
         m_stack->m_order->invalidate();
         m_stack->updateAutoRootDecoration();
         m_stack->updateStackVisibility();
+        releaseRows();
     });
 }
 
@@ -279,14 +291,10 @@ void BVStackNavigation::onItemChanged(QTreeWidgetItem *row, int column)
     Q_EMIT m_stack->itemTextChanged(item);
 }
 
-/// A row that was never checked by the program is new to the user when it is no longer unchecked.
 bool BVStackNavigation::hasNews(BVControlledStackItem *item) const
 {
-    if (!m_stack->isCheckableItems() || !item->isCheckable() || m_reporting.contains(item) ||
-        m_waiting.contains(item))
-        return false;
-    return BVStackChecks::isReported(item) ? item->checkStateHasChanged()
-                                           : item->getCheckState() != Qt::Unchecked;
+    return m_stack->isCheckableItems() && item->isCheckable() && !m_reporting.contains(item) &&
+           !m_waiting.contains(item) && BVStackChecks::isNews(item);
 }
 
 /// Noting the state changes the row again, so what slots have made of it meanwhile follows.
@@ -318,16 +326,16 @@ void BVStackNavigation::onRowsInserted(const QModelIndex &parent, int first, int
     const QTreeWidgetItem *above =
         parent.isValid() ? tree->itemFromIndex(parent) : tree->invisibleRootItem();
     bool hasBranch = false;
-    bool isChecked = false;
+    bool isAnyChecked = false;
     for (int i = first; i <= last; ++i) {
         hasBranch = hasBranch || above->child(i)->childCount() > 0;
         BVControlledStackItem *item = BVStackTreeItem::entryOf(above->child(i));
         if (!item)
             continue;
         placeEntry(item, !parent.isValid());
-        isChecked = isChecked || item->getCheckState() != Qt::Unchecked;
+        isAnyChecked = isAnyChecked || item->getCheckState() != Qt::Unchecked;
     }
-    updateParent(BVStackTreeItem::entryOf(above), isChecked);
+    updateParent(BVStackTreeItem::entryOf(above), isAnyChecked);
     const bool isDecorationDue = parent.isValid() ? !parent.parent().isValid() : hasBranch;
     if (isDecorationDue && !tree->rootIsDecorated())
         m_stack->updateAutoRootDecoration();
@@ -336,28 +344,42 @@ void BVStackNavigation::onRowsInserted(const QModelIndex &parent, int first, int
 void BVStackNavigation::placeEntry(BVControlledStackItem *item, bool isTopLevel)
 {
     BVStackChecks::update(item, m_stack->checkableItems(), isTopLevel);
+    BVStackChecks::noteState(item);
     if (m_stack->isShowTopLevelItemsAsGroupHeader() && item->isShownAsHeader() != isTopLevel)
         item->setShowAsHeader(isTopLevel);
 }
 
-void BVStackNavigation::updateParent(BVControlledStackItem *item, bool isChecked)
+void BVStackNavigation::updateParent(BVControlledStackItem *item, bool isAnyChecked)
 {
     if (!item)
         return;
     BVStackChecks::update(item, m_stack->checkableItems(), item->isTopLevelItem());
-    BVStackChecks::followRows(item, isChecked);
+    BVStackChecks::noteStates(item, isAnyChecked);
+}
+
+void BVStackNavigation::keepStateOf(const QModelIndex &parent, int first, int last) const
+{
+    const BVDragTreeWidget *tree = m_stack->tree();
+    if (tree && parent.isValid())
+        if (const auto *item = BVStackTreeItem::entryOf(tree->itemFromIndex(parent)))
+            BVStackChecks::keepState(item, first, last);
 }
 
 void BVStackNavigation::onRowsRemoved(const QModelIndex &parent)
 {
-    const QPointer<BVStackNavigation> guard(this);
     m_stack->m_order->invalidate();
     if (BVDragTreeWidget *tree = m_stack->tree()) {
-        updateParent(BVStackTreeItem::entryOf(tree->itemFromIndex(parent)), false);
+        updateParent(BVStackTreeItem::entryOf(tree->itemFromIndex(parent)), true);
         if (tree->rootIsDecorated())
             m_stack->updateAutoRootDecoration();
     }
-    // Slots may remove more rows, which hold and release on their own account.
+    releaseRows();
+}
+
+/// Slots may remove more rows, which hold and release on their own account.
+void BVStackNavigation::releaseRows()
+{
+    const QPointer<BVStackNavigation> guard(this);
     for (int holds = std::exchange(m_deletedRows, 0); guard && holds > 0; --holds)
         release();
 }

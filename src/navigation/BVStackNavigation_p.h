@@ -69,6 +69,7 @@ public:
     /// Reports no changes from here on.
     void hold();
     void holdUntilRowsAreRemoved();
+    bool isHeld() const { return m_holdCount > 0; }
     /// Makes an enabled row current and then selects it. The view would do so in an order that does
     /// not bear slots that remove the row.
     void makeCurrent(QTreeWidgetItem *row);
@@ -94,9 +95,11 @@ private:
     void onRowsInserted(const QModelIndex &parent, int first, int last);
     void onRowsRemoved(const QModelIndex &parent);
     void placeEntry(BVControlledStackItem *item, bool isTopLevel);
-    void updateParent(BVControlledStackItem *item, bool isChecked);
+    void updateParent(BVControlledStackItem *item, bool isAnyChecked);
+    void keepStateOf(const QModelIndex &parent, int first, int last) const;
     void onDragEnter(QTreeWidgetItem *target, bool *mayDrop);
     void release();
+    void releaseRows();
 
     BVControlledStackWidget *m_stack; // the parent
     QSet<const BVControlledStackItem *> m_unreported;

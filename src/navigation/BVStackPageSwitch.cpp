@@ -15,8 +15,16 @@ void BVStackPageSwitch::setStartPage(QWidget *page, QLayout *layout)
         layout->removeWidget(m_startPage);
         m_startPage->hide();
     }
+    if (m_startPage != page)
+        page->hide(); // until it is due
     m_startPage = page;
     layout->addWidget(page);
+}
+
+void BVStackPageSwitch::releaseStartPage()
+{
+    showStartPage(false);
+    m_startPage = nullptr;
 }
 
 /// What goes is hidden first, so that the window never has to hold both.

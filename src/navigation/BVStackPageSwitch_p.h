@@ -16,6 +16,8 @@ public:
     QWidget *startPage() const { return m_startPage; }
     /// Puts the page into the layout in place of the one before, which is hidden.
     void setStartPage(QWidget *page, QLayout *layout);
+    /// The page belongs to others from now on; the pages come into sight if it was.
+    void releaseStartPage();
     int threshold() const { return m_threshold; }
     void setThreshold(int threshold) { m_threshold = threshold; }
 

@@ -8,6 +8,8 @@
 
 #include <QTreeWidget>
 
+#include <utility>
+
 namespace {
 
 constexpr int s_type = QTreeWidgetItem::UserType + BVControlledStackItem::ControlledStackItemRole;
@@ -92,9 +94,39 @@ QVariant BVStackTreeItem::data(int column, int role) const
 
 void BVStackTreeItem::setData(int column, int role, const QVariant &value)
 {
-    if (role == Qt::CheckStateRole && column == 0)
-        m_checkState = static_cast<Qt::CheckState>(qBound(0, value.toInt(), 2));
+    if (role != Qt::CheckStateRole || column != 0) {
+        QTreeWidgetItem::setData(column, role, value);
+        return;
+    }
+    const QVariant before = data(column, role);
+    const bool isKnown = std::exchange(m_writtenCheckState, value) == value;
+    m_checkState = static_cast<Qt::CheckState>(qBound(0, value.toInt(), 2));
+    const bool wasOnItsWay = std::exchange(m_isCheckStateOnItsWay, true);
     QTreeWidgetItem::setData(column, role, value);
+    m_isCheckStateOnItsWay = wasOnItsWay;
+    if (isKnown && data(column, role) != before) // of which the toolkit says nothing
+        tellOfCheckState();
+}
+
+void BVStackTreeItem::tellOfCheckState()
+{
+    emitDataChanged();
+    QTreeWidgetItem *above = parent();
+    if (above && above->type() == s_type && above->flags() & Qt::ItemIsAutoTristate)
+        static_cast<BVStackTreeItem *>(above)->tellOfCheckState();
+}
+
+bool BVStackTreeItem::isCheckStateDerived() const
+{
+    constexpr Qt::ItemFlags needed = Qt::ItemIsUserCheckable | Qt::ItemIsAutoTristate;
+    return (flags() & needed) == needed && derivedCheckState().isValid();
+}
+
+void BVStackTreeItem::keepCheckState()
+{
+    const QVariant state = data(0, Qt::CheckStateRole);
+    if (state.isValid())
+        m_checkState = static_cast<Qt::CheckState>(state.toInt());
 }
 
 /// Invalid if no row below has a check box.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QTreeWidgetItem>
+#include <QVariant>
 
 class BVControlledStackItem;
 
@@ -39,19 +40,29 @@ public:
 
     /// The row's own state, whether it is shown or not.
     Qt::CheckState ownCheckState() const { return m_checkState; }
+    /// Whether the state that is shown is that of rows below.
+    bool isCheckStateDerived() const;
+    /// Whether the state is being written: it is going to be told of.
+    bool isCheckStateOnItsWay() const { return m_isCheckStateOnItsWay; }
+    /// Makes the state that is shown the row's own. Emits nothing.
+    void keepCheckState();
 
     /// A plain row.
     QTreeWidgetItem *clone() const override;
     QVariant data(int column, int role) const override;
+    /// Also tells of a state that is shown when only rows below have made it another one.
     void setData(int column, int role, const QVariant &value) override;
     bool operator<(const QTreeWidgetItem &other) const override;
 
 private:
     QVariant derivedCheckState() const;
+    void tellOfCheckState();
     static int rank(const BVControlledStackItem *entry);
 
     static bool s_byUserOrder;
 
     BVControlledStackItem *m_item; // null for a plain row and once detached
     Qt::CheckState m_checkState = Qt::Unchecked;
+    QVariant m_writtenCheckState; // as the toolkit has it
+    bool m_isCheckStateOnItsWay = false;
 };

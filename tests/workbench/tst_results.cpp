@@ -3,7 +3,6 @@
 #include "ResultsDelegate.h"
 #include "ResultsModel.h"
 #include "ResultsPage.h"
-#include "SetupForm.h"
 #include "TestSupport.h"
 #include "WorkbenchWindow.h"
 
@@ -183,7 +182,7 @@ void tst_Results::longRunIsWhole()
     QVERIFY(page->model()->summary().startsWith(QStringLiteral("100,000 rows")));
     page->loadCup();
     QCOMPARE(page->model()->childCount(), 175);
-    window.showPageOf(window.form());
+    window.showPageOf(window.operations());
     QVERIFY(!page->isVisibleTo(&window));
 }
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "FieldEditor.h"
+#include "FieldGroup.h"
 #include "PreferencesDialog.h"
 #include "SetupFields.h"
 #include "SetupFile.h"
-#include "SetupForm.h"
+#include "SetupStack.h"
 #include "StatusSummary.h"
 #include "TestSupport.h"
 #include "WorkbenchSettings.h"
@@ -75,11 +76,17 @@ public:
 
     WorkbenchWindow *operator->() { return &m_window; }
     FieldEditor *field(const char *path) { return m_window.form()->editor(fieldIndex(path)); }
-    QWidget *edit(const char *path) { return field(path)->edit(); }
+    /// Its page comes into sight.
+    QWidget *edit(const char *path)
+    {
+        m_window.showPageOf(field(path)->edit());
+        return field(path)->edit();
+    }
     const BVWidgetInterface *status(const char *path) { return field(path)->status(); }
     BVSlider *slider(const char *path)
     {
         const QString key = QString::fromLatin1(path).section(QLatin1Char('/'), 1);
+        edit(path);
         return m_window.findChild<BVSlider *>(key + QStringLiteral("Slider"));
     }
     double value(const char *path) { return m_window.form()->setup().number(fieldIndex(path)); }
@@ -261,7 +268,7 @@ void tst_Workbench::refusesFile()
         {"too large in its unit", "\"mm\">150</length", "\"m\">150</length", "length", "150 m in"},
         {"empty value", ">0.144<", "> <", "<friction", "<friction> has no value"},
         {"empty name", "Mild steel<", "<", "<name", "<name> has no value"},
-        {"value missing", "<friction>0.144</friction>", "", "</processSetup>", "<friction> is missing"},
+        {"value missing", "<prestrain>0.007117</prestrain>", "", "</processSetup>", "<prestrain> is missing"},
         {"value twice", "<friction>", "<friction>0.1</friction>\n<friction>", "<friction>0.144", "twice"},
         {"group twice", "</tools>", "</tools>\n<tools/>", "<tools/>", "twice"},
         {"element in a value", ">0.144<", "><b>1</b><", "<friction", "holds an element"},
@@ -405,8 +412,8 @@ void tst_Workbench::typedValueIsConvertedAndMarked()
 void tst_Workbench::unacceptableTextReachesFormAndGoes()
 {
     Bench bench;
-    QWidget *group = bench->form()->groupBox(SetupFields::findGroup(QStringLiteral("tools")));
-    QWidget *other = bench->form()->groupBox(SetupFields::findGroup(QStringLiteral("press")));
+    QWidget *group = bench->form()->group(SetupFields::findGroup(QStringLiteral("tools")));
+    QWidget *other = bench->form()->group(SetupFields::findGroup(QStringLiteral("press")));
     for (const QString &text : {QStringLiteral("5 kg"), QStringLiteral("101"), QStringLiteral("5 k")}) {
         bench.type("tools/gap", text);
         QCOMPARE(bench.field("tools/gap")->text(), text);
