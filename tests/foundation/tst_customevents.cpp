@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QWidget>
 
+#include <memory>
+
 using namespace Brimvale;
 
 class tst_CustomEvents : public QObject
@@ -69,6 +71,13 @@ void tst_CustomEvents::mainWindow()
     QCOMPARE(Brimvale::mainWindow(), &widget);
     for (const QVariant &wrong : {QVariant(3), QVariant::fromValue<QObject *>(qApp), QVariant()}) {
         qApp->setProperty("MainWindow", wrong);
+        QVERIFY(!Brimvale::mainWindow());
+    }
+    for (int i = 0; i < 2; ++i) { // one that goes leaves null, and the next may have its address
+        auto window = std::make_unique<QWidget>();
+        qApp->setProperty("MainWindow", QVariant::fromValue(window.get()));
+        QCOMPARE(Brimvale::mainWindow(), window.get());
+        window.reset();
         QVERIFY(!Brimvale::mainWindow());
     }
 }
