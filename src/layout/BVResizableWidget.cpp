@@ -462,8 +462,9 @@ void BVResizableWidget::onToggleEnlarge()
     if (isFloating()) // the size that it goes back to is that which it is reaching
         mainWidget()->setGeometryWithAnimation(currentRect(), 0, false);
     const QRect from = currentRect();
-    const QRect target = BVPanelGeometry::resized(from, enlargedSize(from), m_handles->keepsRight(),
-                                                  m_handles->keepsBottom());
+    const QRect target = BVPanelGeometry::clamped(
+        availableArea(), BVPanelGeometry::resized(from, enlargedSize(from), m_handles->keepsRight(),
+                                                  m_handles->keepsBottom()));
     m_lastWasEmbedded = !isFloating();
     QPoint position;
     saveRelativePosition(position);
