@@ -18,6 +18,14 @@
 
 using Brimvale::RegisterResizeableWidgetInterfaceEvent;
 
+namespace {
+
+// Enlarged panels leave something of the window in sight.
+constexpr int s_highestMessages = 420;    // px
+constexpr QSize s_largestCurve(780, 560); // px
+
+} // namespace
+
 WorkbenchPanels::WorkbenchPanels(SetupStack *form, QMainWindow *window)
     : QObject(window)
     , m_form(form)
@@ -34,6 +42,7 @@ void WorkbenchPanels::createMessagePanel()
     m_messagePanel = new FloatingPanel(tr("Message panel"), m_messages);
     m_messagePanel->setObjectName(QStringLiteral("messagePanel"));
     m_messagePanel->setVerticalAnchorPosition(BVResizableWidget::AnchorBottom);
+    m_messagePanel->setMaximumHeight(s_highestMessages);
     m_messagePanel->useVerticalHandle(true);
     m_messagePanel->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
@@ -44,6 +53,7 @@ void WorkbenchPanels::createCurvePanel()
     m_curvePanel = new FloatingPanel(tr("Material curve"), m_curve);
     m_curvePanel->setObjectName(QStringLiteral("curvePanel"));
     m_curvePanel->setHorizontalAnchorPosition(BVResizableWidget::AnchorRight);
+    m_curvePanel->setMaximumSize(s_largestCurve);
     m_curvePanel->useVerticalHandle(true);
     m_curvePanel->useHorizontalHandle(true);
     m_curvePanel->useDiagonalHandle(true);

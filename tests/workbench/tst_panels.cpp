@@ -268,6 +268,9 @@ void tst_Panels::panelsFloat()
         QVERIFY(curve->isChecked() && bench.curvePanel->isEnlarged());
         curve->trigger();
         QVERIFY(!curve->isChecked() && !bench.curvePanel->isFloating());
+        bench.messagePanel->toggle(); // though its place is not in the room for panels
+        QVERIFY(bench.messagePanel->isFloating());
+        bench.messagePanel->toggle();
         bench.messagePanel->verticalHandle()->moveBy(QSize(0, 150));
         QVERIFY(bench.messagePanel->isFloating());
         QVERIFY(bench.viewAction(QStringLiteral("Message panel"))->isChecked());
