@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "navigation/BVAnimatedTabBar.h"
 
+#include "controls/BVButton.h"
+
 #include "navigation/BVTabBarAccessible_p.h"
 #include "navigation/BVTabBarPainter_p.h"
 #include "navigation/BVTabBarParts_p.h"
@@ -185,7 +187,7 @@ void BVAnimatedTabBar::onTabsChanged()
 
 QToolButton *BVAnimatedTabBar::addButton(const QIcon &icon, const QString &text)
 {
-    auto *button = new QToolButton(this);
+    auto *button = new BVButton(this); // for which the style sheets read the properties
     button->setIcon(icon);
     button->setText(text);
     button->setToolTip(text);
