@@ -47,11 +47,11 @@ class QToolButton;
 /// only on the current tab: 100 ms after the press menuButtonClicked() asks for the menu, which
 /// showMenu() opens, unless the bar or the button cannot be used any more. A disabled tab's buttons
 /// work while it is the current one. A press whose release goes elsewhere, as to a dialog, comes to
-/// nothing. Dragging a pressed pointer past an end of the tabs scrolls them. The wheel
-/// changes the current tab while the bar has the focus and never wraps; without focus it is left
-/// to the page. A double click on a tab's button counts as two presses of it and emits no
-/// doubleClicked(). The tool tip comes after the style's usual delay, in the active window only,
-/// and not after a press or a key until the pointer comes to another tab.
+/// nothing. Dragging a pressed pointer past an end of the tabs scrolls them. The wheel changes the
+/// current tab while the bar has the focus and never wraps; without focus it is left to the page. A
+/// double click on a tab's button counts as two presses of it and emits no doubleClicked(). The
+/// tool tip comes after the style's usual delay, in the active window only, and not after a press
+/// or a key until the pointer comes to another tab.
 ///
 /// **Keyboard.** The arrows, Home and End choose among the enabled tabs, Delete asks to close the
 /// current tab, the menu key or Alt+Down asks for its menu; a key held down asks once.
@@ -182,6 +182,7 @@ public Q_SLOTS:
 
 protected:
     /// Fills in shorter forms of a tab's text: levels from 0, the full text, on without a gap.
+    /// A text with fewer levels than others keeps its last form.
     using TextReducing = std::function<void(QMap<int, QString> &, const QString &)>;
     /// With no function, texts are only elided.
     void setTextReducing(const TextReducing &reducing);
