@@ -9,7 +9,7 @@ struct StateIcon
 {
     BVAnimatedOPTabBar::OperationRole role;
     const char *name;
-    const char *darkName; // null: the same
+    const char *darkName; // null: its shape in a bright colour
     const char *text;
 };
 
@@ -101,6 +101,7 @@ void BVAnimatedOPTabBar::fillTextReducingMap(QMap<int, QString> &map, const QStr
     const QString letters = without(text, s_notLetters);
     const bool isEnclosed =
         letters.startsWith(QLatin1Char('(')) && letters.endsWith(QLatin1Char(')'));
+    map.clear();
     map.insert(0, text);
     map.insert(1, without(text, s_hyphens));
     map.insert(2, without(text, s_notNumbering));

@@ -40,8 +40,8 @@ public:
     bool isSequenceReversed() const { return isImageAfterTabsMirrored(); }
     void reverseSequence(bool reverse);
 
-    /// Fills @p map with ever shorter forms of @p text: at 0 the text itself, at 1 without "-", at
-    /// 2 only digits, parentheses and full stops, at 3 the first letter, or the first three
-    /// characters of letters in parentheses. A form may be empty.
+    /// Fills @p map, whatever it held, with ever shorter forms of @p text: at 0 the text itself, at
+    /// 1 without "-", at 2 only digits, parentheses and full stops, at 3 the first letter, or the
+    /// first three characters of letters in parentheses. A form may be empty.
     static void fillTextReducingMap(QMap<int, QString> &map, const QString &text);
 };

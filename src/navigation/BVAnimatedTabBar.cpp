@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "navigation/BVAnimatedTabBar.h"
 
+#include "controls/BVButton.h"
+
 #include "navigation/BVTabBarAccessible_p.h"
 #include "navigation/BVTabBarPainter_p.h"
 #include "navigation/BVTabBarParts_p.h"
 
-#include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
-#include <QToolButton>
-
-#include <cstdlib>
-#include <utility>
 
 namespace {
 
@@ -23,39 +19,6 @@ constexpr int s_minimumWidth = 120;       // px for the tabs
 constexpr int s_minimumButtonHeight = 22; // px
 constexpr int s_buttonSpacing = 3;        // px
 constexpr QMargins s_buttonMargins{1, 3, 2, 0};
-
-/// The tab that a key leads to from the current one; -1 if it leads nowhere.
-int targetOf(int key, const BVTabList &tabs, bool rightToLeft)
-{
-    switch (key) {
-    case Qt::Key_Left:
-        return tabs.nextEnabled(tabs.current(), rightToLeft ? 1 : -1);
-    case Qt::Key_Right:
-        return tabs.nextEnabled(tabs.current(), rightToLeft ? -1 : 1);
-    case Qt::Key_Home:
-        return tabs.nextEnabled(-1, 1);
-    case Qt::Key_End:
-        return tabs.nextEnabled(tabs.count(), -1);
-    default:
-        return -1;
-    }
-}
-
-bool isTargetKey(int key)
-{
-    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Home || key == Qt::Key_End;
-}
-
-/// The tab so many enabled tabs from the current one, or the last one on the way.
-int stepped(const BVTabList &tabs, int steps)
-{
-    int target = tabs.current();
-    for (int i = 0; i < std::abs(steps); ++i) {
-        const int next = tabs.nextEnabled(target, steps > 0 ? 1 : -1);
-        target = next < 0 ? target : next;
-    }
-    return target;
-}
 
 QHBoxLayout *buttonLayout(QWidget *bar)
 {
@@ -82,7 +45,10 @@ BVAnimatedTabBar::BVAnimatedTabBar(QWidget *parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-BVAnimatedTabBar::~BVAnimatedTabBar() = default;
+BVAnimatedTabBar::~BVAnimatedTabBar()
+{
+    m_parts->m_press.closeMenu();
+}
 
 int BVAnimatedTabBar::addTab(const QString &text, const QString &toolTip)
 {
@@ -96,14 +62,18 @@ void BVAnimatedTabBar::addTabs(const QList<QString> &texts)
 
 void BVAnimatedTabBar::addTabs(const QList<QPair<QString, QString>> &texts)
 {
+    const int first = count();
     for (const auto &text : texts)
-        addTab(text.first, text.second);
+        m_parts->insert(count(), text.first, text.second);
+    onTabsInserted(first, texts.size());
 }
 
 void BVAnimatedTabBar::addTabs(const QList<QString> &texts, const QList<QVariant> &data)
 {
+    const int first = count();
     for (int i = 0; i < texts.size(); ++i)
-        setData(addTab(texts.at(i)), data.value(i));
+        setData(m_parts->insert(count(), texts.at(i), QString()), data.value(i));
+    onTabsInserted(first, texts.size());
 }
 
 int BVAnimatedTabBar::insertTab(int index, const QString &text)
@@ -113,18 +83,23 @@ int BVAnimatedTabBar::insertTab(int index, const QString &text)
 
 int BVAnimatedTabBar::insertTab(int index, const QString &text, const QString &toolTip)
 {
-    BVTab tab;
-    tab.m_text = text;
-    tab.m_toolTip = toolTip;
-    tab.m_state.setFlag(BVTab::HasCloseButton, m_parts->m_useCloseButtons);
-    const int place = m_parts->m_tabs.insert(index, std::move(tab));
-    m_parts->m_animation.start(m_parts->m_tabs.idAt(place), BVTabBarAnimation::Present, true);
-    onTabsChanged();
-    hideOrShow();
-    BVTabBarAccessible::announce(this, place, QAccessible::ObjectCreated);
-    if (currentIndex() < 0)
-        setCurrentIndex(place);
+    const int place = m_parts->insert(index, text, toolTip);
+    onTabsInserted(place, 1);
     return place;
+}
+
+/// Tells of tabs once they all stand. A slot may delete the bar.
+void BVAnimatedTabBar::onTabsInserted(int first, int inserted)
+{
+    if (inserted == 0)
+        return;
+    onTabsChanged();
+    const QPointer<BVAnimatedTabBar> self = this;
+    hideOrShow();
+    for (int index = first; self && index < first + inserted; ++index)
+        BVTabBarAccessible::announce(this, index, QAccessible::ObjectCreated);
+    if (self && currentIndex() < 0)
+        setCurrentIndex(first);
 }
 
 void BVAnimatedTabBar::removeTab(int index)
@@ -136,18 +111,11 @@ void BVAnimatedTabBar::removeTab(int index)
     const bool wasCurrent = index == tabs.current();
     const bool wasMarked = index == tabs.marked();
     tabs.remove(index);
-    m_parts->m_press.forgetGoneTabs();
     if (wasCurrent) {
         tabs.setCurrent(tabs.successor(index));
         m_parts->m_geometry.show(tabs.current());
     }
-    onTabsChanged();
-    hideOrShow();
-    const QPointer<BVAnimatedTabBar> self = this;
-    if (wasCurrent)
-        Q_EMIT currentChanged(tabs.current());
-    if (self && wasMarked)
-        Q_EMIT markedChanged(tabs.marked());
+    onTabsRemoved(wasCurrent, wasMarked);
 }
 
 void BVAnimatedTabBar::clearTabs()
@@ -159,14 +127,24 @@ void BVAnimatedTabBar::clearTabs()
         BVTabBarAccessible::announce(this, index, QAccessible::ObjectDestroyed);
         tabs.remove(index);
     }
-    m_parts->m_press.forgetGoneTabs();
+    onTabsRemoved(hadCurrent, hadMarked);
+}
+
+/// Tells that tabs are gone, among them perhaps the current and the marked one. Each step may run
+/// slots that delete the bar.
+void BVAnimatedTabBar::onTabsRemoved(bool isOtherCurrent, bool isOtherMarked)
+{
     onTabsChanged();
-    hideOrShow();
     const QPointer<BVAnimatedTabBar> self = this;
-    if (hadCurrent)
-        Q_EMIT currentChanged(-1);
-    if (self && hadMarked)
-        Q_EMIT markedChanged(-1);
+    hideOrShow();
+    if (self)
+        m_parts->m_press.dropLost();
+    if (self && isOtherCurrent) {
+        BVTabBarAccessible::announceCurrent(this);
+        Q_EMIT currentChanged(currentIndex());
+    }
+    if (self && isOtherMarked)
+        Q_EMIT markedChanged(markedIndex());
 }
 
 int BVAnimatedTabBar::count() const
@@ -185,7 +163,7 @@ void BVAnimatedTabBar::onTabsChanged()
 
 QToolButton *BVAnimatedTabBar::addButton(const QIcon &icon, const QString &text)
 {
-    auto *button = new QToolButton(this);
+    auto *button = new BVButton(this); // for which the style sheets read the properties
     button->setIcon(icon);
     button->setText(text);
     button->setToolTip(text);
@@ -211,13 +189,11 @@ void BVAnimatedTabBar::setCurrentIndex(int index)
     m_parts->m_animation.start(tabs.idAt(tabs.current()), BVTabBarAnimation::Current, false);
     m_parts->m_animation.start(tabs.idAt(index), BVTabBarAnimation::Current, true);
     tabs.setCurrent(index);
-    if (!m_parts->m_press.isPressing()) // the tab stays under the pointer until it is released
+    if (!m_parts->m_press.hasSelected()) // else it stays under the pointer until that is released
         m_parts->m_geometry.show(index);
     m_parts->m_hover.correctHoveringState();
     update();
-    BVTabBarAccessible::announce(this, index, QAccessible::Selection);
-    if (hasFocus())
-        BVTabBarAccessible::announce(this, index, QAccessible::Focus);
+    BVTabBarAccessible::announceCurrent(this);
     Q_EMIT currentChanged(index);
 }
 
@@ -246,8 +222,13 @@ void BVAnimatedTabBar::setMarkedIndex(int index)
     BVTabList &tabs = m_parts->m_tabs;
     if (index < -1 || index >= count() || index == tabs.marked())
         return;
+    const int before = tabs.marked();
     tabs.setMarked(index);
     update();
+    for (const int changed : {before, index}) {
+        if (changed >= 0)
+            BVTabBarAccessible::announce(this, changed, QAccessible::DescriptionChanged);
+    }
     Q_EMIT markedChanged(index);
 }
 
@@ -322,6 +303,7 @@ QSize BVAnimatedTabBar::minimumSizeHint() const
 
 void BVAnimatedTabBar::showMenu(int index, QMenu &menu)
 {
+    m_parts->m_hover.cancelToolTip();
     m_parts->m_press.showMenu(index, &menu);
 }
 
@@ -353,6 +335,10 @@ bool BVAnimatedTabBar::event(QEvent *event)
         if (!m_parts->m_hover.toolTip(m_parts->m_hover.index()).isEmpty())
             return true;
         break;
+    case QEvent::WindowBlocked:
+    case QEvent::UngrabMouse:
+        endInput();
+        break;
     case QEvent::LayoutRequest: // a tool button has changed
         m_parts->m_geometry.invalidate();
         updateGeometry();
@@ -377,9 +363,9 @@ void BVAnimatedTabBar::changeEvent(QEvent *event)
         onTabsChanged();
         break;
     case QEvent::EnabledChange:
-        if (!isEnabled())
-            endInput();
         update();
+        if (!isEnabled())
+            cancelInput();
         break;
     default:
         break;
@@ -388,16 +374,9 @@ void BVAnimatedTabBar::changeEvent(QEvent *event)
 
 void BVAnimatedTabBar::hideEvent(QHideEvent *event)
 {
-    endInput();
-    m_parts->m_hover.leave();
     QWidget::hideEvent(event);
-}
-
-/// The release of a pressed button will not come.
-void BVAnimatedTabBar::endInput()
-{
-    m_parts->m_autoScroll.stop();
-    m_parts->m_press.cancel();
+    m_parts->m_hover.leave();
+    cancelInput();
 }
 
 void BVAnimatedTabBar::resizeEvent(QResizeEvent * /*event*/)
@@ -409,94 +388,4 @@ void BVAnimatedTabBar::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
     BVTabBarPainter(this, m_parts.get(), &painter).paint(event->rect());
-}
-
-void BVAnimatedTabBar::mousePressEvent(QMouseEvent *event)
-{
-    if (event->button() != Qt::LeftButton)
-        event->ignore();
-    else if (!m_parts->m_autoScroll.pressArrow(event->pos()))
-        m_parts->m_press.press(event->pos());
-}
-
-void BVAnimatedTabBar::mouseReleaseEvent(QMouseEvent *event)
-{
-    if (event->button() != Qt::LeftButton) {
-        event->ignore();
-        return;
-    }
-    const bool hasScrolled = m_parts->m_autoScroll.stop();
-    const QPointer<BVAnimatedTabBar> self = this;
-    m_parts->m_press.release(event->pos());
-    if (!self || hasScrolled)
-        return;
-    m_parts->m_geometry.show(currentIndex());
-    update();
-}
-
-void BVAnimatedTabBar::mouseDoubleClickEvent(QMouseEvent *event)
-{
-    const QPointer<BVAnimatedTabBar> self = this;
-    mousePressEvent(event);
-    if (!self || event->button() != Qt::LeftButton)
-        return;
-    const auto hit = BVTabBarLayout::hitAt(m_parts->m_geometry.layout(), event->pos());
-    if (hit.m_part == BVTabBarLayout::Part::Tab)
-        Q_EMIT doubleClicked(hit.m_index);
-}
-
-void BVAnimatedTabBar::mouseMoveEvent(QMouseEvent *event)
-{
-    m_parts->m_hover.move(event->pos());
-    if (event->buttons().testFlag(Qt::LeftButton))
-        m_parts->m_autoScroll.drag(event->pos());
-}
-
-void BVAnimatedTabBar::leaveEvent(QEvent *event)
-{
-    m_parts->m_hover.leave();
-    QWidget::leaveEvent(event);
-}
-
-void BVAnimatedTabBar::wheelEvent(QWheelEvent *event)
-{
-    if (!hasFocus()) {
-        event->ignore();
-        return;
-    }
-    event->accept();
-    const QPoint delta = event->angleDelta();
-    m_parts->m_wheel += delta.y() != 0 ? delta.y() : delta.x();
-    const int steps = m_parts->m_wheel / QWheelEvent::DefaultDeltasPerStep;
-    m_parts->m_wheel %= QWheelEvent::DefaultDeltasPerStep;
-    setCurrentIndex(stepped(m_parts->m_tabs, -steps));
-}
-
-void BVAnimatedTabBar::keyPressEvent(QKeyEvent *event)
-{
-    const BVTabList &tabs = m_parts->m_tabs;
-    const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
-    if (isPlain && isTargetKey(event->key()))
-        setCurrentIndex(targetOf(event->key(), tabs, isRightToLeft()));
-    else if (isPlain && event->key() == Qt::Key_Delete && hasCloseButton(currentIndex()))
-        Q_EMIT closeButtonClicked(currentIndex());
-    else if (event->modifiers() == Qt::AltModifier && event->key() == Qt::Key_Down)
-        m_parts->m_press.askForMenu(currentIndex());
-    else
-        QWidget::keyPressEvent(event);
-}
-
-void BVAnimatedTabBar::contextMenuEvent(QContextMenuEvent *event)
-{
-    if (event->reason() == QContextMenuEvent::Keyboard && hasMenuButton(currentIndex()))
-        m_parts->m_press.askForMenu(currentIndex());
-    else
-        QWidget::contextMenuEvent(event);
-}
-
-void BVAnimatedTabBar::focusInEvent(QFocusEvent *event)
-{
-    QWidget::focusInEvent(event);
-    if (currentIndex() >= 0)
-        BVTabBarAccessible::announce(this, currentIndex(), QAccessible::Focus);
 }

@@ -33,9 +33,10 @@ class QToolButton;
 /// **Looks.** The bar is three pixels higher than its tabs, and these follow the font, whose size
 /// the style sheets set; buttons of at least 22 pixels fit. A status shows as a dot in its colour,
 /// which is part of what assistive technology hears. The marked tab has a bar along its lower edge.
-/// Dark tabs have light text. A tab's own image stands in for the bar's image after tabs; a dark
-/// tab prefers its dark-style image. Images after tabs point along the reading direction;
-/// mirroring flips them.
+/// Dark tabs have light text, and the bar draws a light cross and light menu arrows of its own on
+/// them; an icon is shown as it is, but that of an operation's state gets light. A tab's own image
+/// stands in for the bar's image after tabs; a dark tab prefers its dark-style image. Images after
+/// tabs point along the reading direction; mirroring flips them.
 ///
 /// **Room.** When the tabs do not fit, the shorter forms of their texts are tried, if the bar knows
 /// any, until one fits for all; then the longest texts are elided, to a few letters at most; then
@@ -44,13 +45,16 @@ class QToolButton;
 ///
 /// **Pointer.** Pressing a tab makes it current, unless it is disabled. A tab's menu button works
 /// only on the current tab: 100 ms after the press menuButtonClicked() asks for the menu, which
-/// showMenu() opens. Dragging a pressed pointer past an end of the tabs scrolls them. The wheel
-/// changes the current tab while the bar has the focus and never wraps; without focus it is left
-/// to the page. A double click on a tab's button counts as two presses of it and emits no
-/// doubleClicked(). The tool tip comes after the style's usual delay.
+/// showMenu() opens, unless the bar or the button cannot be used any more. A disabled tab's buttons
+/// work while it is the current one. A press whose release goes elsewhere, as to a dialog, comes to
+/// nothing. Dragging a pressed pointer past an end of the tabs scrolls them. The wheel changes the
+/// current tab while the bar has the focus and never wraps; without focus it is left to the page. A
+/// double click on a tab's button counts as two presses of it and emits no doubleClicked(). The
+/// tool tip comes after the style's usual delay, in the active window only, and not after a press
+/// or a key until the pointer comes to another tab.
 ///
 /// **Keyboard.** The arrows, Home and End choose among the enabled tabs, Delete asks to close the
-/// current tab, the menu key or Alt+Down asks for its menu.
+/// current tab, the menu key or Alt+Down asks for its menu; a key held down asks once.
 ///
 /// **Motion.** Hovering, selecting and new tabs fade for less than 150 ms, not at all where the
 /// style has animations off. Nothing is laid out before it is asked for or painted, so tabs that
@@ -74,7 +78,8 @@ public:
     ~BVAnimatedTabBar() override;
 
     /// Append tabs and answer the index of the (first) new one. With @p data, each tab gets the
-    /// value at its place for the default role; missing ones stay invalid.
+    /// value at its place for the default role; missing ones stay invalid. The first tab of an
+    /// empty bar becomes current once all stand with their values.
     int addTab(const QString &text, const QString &toolTip = QString());
     void addTabs(const QList<QString> &texts);
     /// Texts with their tool tips.
@@ -87,7 +92,7 @@ public:
     void clearTabs();
     int count() const;
 
-    /// Adds a flat button at the end of the bar, which owns it. The text is its tool tip and
+    /// Adds a flat BVButton at the end of the bar, which owns it. The text is its tool tip and
     /// accessible name, and shows where there is no icon.
     QToolButton *addButton(const QIcon &icon, const QString &text);
 
@@ -142,7 +147,8 @@ public:
     void useMenuButton(int index, bool use);
     /// Opens the menu at the bottom left corner of the tab's menu button, bottom right in
     /// right-to-left layout, and returns when it has closed. Nothing for a tab without that button
-    /// or while another menu is open. The bar and the menu may be deleted meanwhile.
+    /// or while another menu is open. The menu closes when the tab, its button or the bar goes,
+    /// is hidden or the bar disabled. The bar and the menu may be deleted meanwhile.
     void showMenu(int index, QMenu &menu);
 
     /// The tab at a point of the screen; -1 where there is none.
@@ -178,11 +184,12 @@ public Q_SLOTS:
 
 protected:
     /// Fills in shorter forms of a tab's text: levels from 0, the full text, on without a gap.
+    /// A text with fewer levels than others keeps its last form.
     using TextReducing = std::function<void(QMap<int, QString> &, const QString &)>;
     /// With no function, texts are only elided.
     void setTextReducing(const TextReducing &reducing);
-    /// Sets the icon for bright tabs, the one for dark tabs, if that is another one, and what
-    /// assistive technology hears of it.
+    /// Sets the icon for bright tabs, the one for dark tabs and what assistive technology hears of
+    /// it. With no icon for dark tabs these show the shape of the other in a bright colour.
     void setIcon(int index, const QString &url, const QString &darkUrl, const QString &text);
 
     using BVWidgetInterface::getStatusWidget;
@@ -203,13 +210,17 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     friend class BVTabBarAccessible;
 
     void hideOrShow();
     void onTabsChanged();
+    void onTabsInserted(int first, int inserted);
+    void onTabsRemoved(bool isOtherCurrent, bool isOtherMarked);
     void endInput();
+    void cancelInput();
 
     const std::unique_ptr<BVTabBarParts> m_parts;
 };

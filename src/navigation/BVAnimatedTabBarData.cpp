@@ -42,8 +42,12 @@ void BVAnimatedTabBar::setTabEnabled(int index, bool enabled)
 {
     if (!changeState(m_parts->m_tabs.find(index), BVTab::Disabled, !enabled))
         return;
+    if (!enabled)
+        m_parts->m_press.refuseMenu(index);
     update();
-    BVTabBarAccessible::announce(this, index, QAccessible::StateChanged);
+    QAccessible::State changed;
+    changed.disabled = true;
+    BVTabBarAccessible::announceState(this, index, changed);
 }
 
 BVWidgetStatus::Status BVAnimatedTabBar::getWidgetStatus(int index) const
@@ -85,8 +89,9 @@ QString BVAnimatedTabBar::getItemToolTip(int index) const
 
 void BVAnimatedTabBar::setItemToolTip(int index, const QString &toolTip)
 {
-    if (BVTab *tab = m_parts->m_tabs.find(index))
-        tab->m_toolTip = toolTip;
+    BVTab *tab = m_parts->m_tabs.find(index);
+    if (tab && change(tab->m_toolTip, toolTip))
+        BVTabBarAccessible::announce(this, index, QAccessible::HelpChanged);
 }
 
 QVariant BVAnimatedTabBar::data(int index, int role) const
@@ -119,7 +124,7 @@ QString BVAnimatedTabBar::iconUrl(int index) const
 
 void BVAnimatedTabBar::setIconUrl(int index, const QString &url)
 {
-    setIcon(index, url, QString(), QString());
+    setIcon(index, url, url, QString());
 }
 
 void BVAnimatedTabBar::setIcon(int index, const QString &url, const QString &darkUrl,
@@ -228,6 +233,11 @@ bool BVAnimatedTabBar::hasMenuButton(int index) const
 
 void BVAnimatedTabBar::useMenuButton(int index, bool use)
 {
-    if (changeState(m_parts->m_tabs.find(index), BVTab::HasMenuButton, use))
-        onTabsChanged();
+    if (!changeState(m_parts->m_tabs.find(index), BVTab::HasMenuButton, use))
+        return;
+    onTabsChanged();
+    QAccessible::State changed;
+    changed.hasPopup = true;
+    BVTabBarAccessible::announceState(this, index, changed);
+    m_parts->m_press.dropLost();
 }

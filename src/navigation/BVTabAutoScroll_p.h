@@ -17,6 +17,7 @@ public:
 
     /// Whether the press was on an arrow, which then scrolls until stop().
     bool pressArrow(const QPoint &position);
+    bool isOnArrow() const { return m_isOnArrow; }
     void drag(const QPoint &position);
     /// Whether the tabs have scrolled since they last stopped.
     bool stop();

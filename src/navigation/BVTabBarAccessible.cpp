@@ -38,9 +38,11 @@ QString statusText(BVWidgetStatus::Status status)
 }
 
 /// What the tab shows beside its text.
-QString descriptionOf(const BVTab &tab)
+QString descriptionOf(const BVTab &tab, bool isMarked)
 {
     QStringList parts = {tab.m_iconText, statusText(tab.m_status)};
+    if (isMarked)
+        parts << BVAnimatedTabBar::tr("marked");
     parts.removeAll(QString());
     return parts.join(QLatin1String(", "));
 }
@@ -97,7 +99,9 @@ public:
             return tab()->m_text;
         if (kind == QAccessible::Help)
             return tab()->m_toolTip;
-        return kind == QAccessible::Description ? descriptionOf(*tab()) : QString();
+        return kind == QAccessible::Description
+                   ? descriptionOf(*tab(), index() == m_bar->markedIndex())
+                   : QString();
     }
 
     QAccessible::State state() const override
@@ -126,14 +130,16 @@ public:
                    : nullptr;
     }
 
+    /// As with the pointer, a disabled tab can be operated only while it is current.
     QStringList actionNames() const override
     {
         QStringList names;
         const BVTab *known = tab();
-        if (!m_bar || !m_bar->isEnabled() || !known)
+        if (!known || !m_bar->isEnabled())
             return names;
-        if (known->isEnabled())
-            names << pressAction() << setFocusAction();
+        if (!known->isEnabled() && index() != m_bar->currentIndex())
+            return names;
+        names << pressAction() << setFocusAction();
         if (known->m_state.testFlag(BVTab::HasMenuButton))
             names << showMenuAction();
         if (known->m_state.testFlag(BVTab::HasCloseButton))
@@ -167,10 +173,10 @@ public:
 private:
     void choose(bool focuses)
     {
-        if (m_bar)
-            m_bar->setCurrentIndex(index());
-        if (m_bar && focuses) // a slot may have deleted it
-            m_bar->setFocus(Qt::OtherFocusReason);
+        const QPointer<BVAnimatedTabBar> bar = m_bar; // a slot may delete it, and this with it
+        bar->setCurrentIndex(index());
+        if (bar && focuses)
+            bar->setFocus(Qt::OtherFocusReason);
     }
 
     QPointer<BVAnimatedTabBar> m_bar;
@@ -211,6 +217,25 @@ void BVTabBarAccessible::announce(BVAnimatedTabBar *bar, int tab, QAccessible::E
     QAccessibleEvent announced(bar, event);
     announced.setChild(tab);
     QAccessible::updateAccessibility(&announced);
+}
+
+void BVTabBarAccessible::announceState(BVAnimatedTabBar *bar, int tab, QAccessible::State changed)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleStateChangeEvent announced(bar, changed);
+    announced.setChild(tab);
+    QAccessible::updateAccessibility(&announced);
+}
+
+void BVTabBarAccessible::announceCurrent(BVAnimatedTabBar *bar)
+{
+    const int current = bar->currentIndex();
+    if (current < 0)
+        return;
+    announce(bar, current, QAccessible::Selection);
+    if (bar->hasFocus())
+        announce(bar, current, QAccessible::Focus);
 }
 
 BVTabBarParts *BVTabBarAccessible::partsOf(const BVAnimatedTabBar *bar)

@@ -19,6 +19,10 @@ public:
     static void install();
     /// Tell that something about a tab has changed, or that it has come or is going.
     static void announce(BVAnimatedTabBar *bar, int tab, QAccessible::Event event);
+    /// Tells that the states set in @p changed have changed.
+    static void announceState(BVAnimatedTabBar *bar, int tab, QAccessible::State changed);
+    /// Tells that the current tab is another one.
+    static void announceCurrent(BVAnimatedTabBar *bar);
 
     int childCount() const override;
     QAccessibleInterface *child(int index) const override;

@@ -49,19 +49,31 @@ void BVTabBarGeometry::measure() const
 {
     if (m_isMeasured)
         return;
+    measureTexts();
     m_sizes.clear();
     m_sizes.reserve(m_tabs->count());
-    const QFontMetrics metrics = m_bar->fontMetrics();
     const int imageHeight = barHeight() - BVTabBarLayout::s_topMargin;
-    for (BVTab &tab : *m_tabs) {
-        if (!tab.m_texts.isMeasured())
-            tab.m_texts.measure(tab.m_text, m_reducing, metrics);
+    for (const BVTab &tab : *m_tabs) {
         const QString image = tab.shownImage(m_imageAfterTabs);
         m_sizes.append({tab.m_texts.m_widths, m_pictures->sizeOf(image, imageHeight).width(),
                         !tab.shownIcon().isEmpty(), tab.m_state.testFlag(BVTab::HasCloseButton),
                         tab.m_state.testFlag(BVTab::HasMenuButton)});
     }
     m_isMeasured = true;
+}
+
+/// All texts get as many levels as the one with the most.
+void BVTabBarGeometry::measureTexts() const
+{
+    const QFontMetrics metrics = m_bar->fontMetrics();
+    int levels = 0;
+    for (BVTab &tab : *m_tabs) {
+        if (!tab.m_texts.isMeasured())
+            tab.m_texts.measure(tab.m_text, m_reducing, metrics);
+        levels = std::max(levels, tab.m_texts.m_forms.size());
+    }
+    for (BVTab &tab : *m_tabs)
+        tab.m_texts.pad(levels);
 }
 
 BVTabBarLayout::Request BVTabBarGeometry::request() const
@@ -113,7 +125,7 @@ const QString &BVTabBarGeometry::shownText(int index) const
 
 bool BVTabBarGeometry::isShortened(int index) const
 {
-    return shownText(index) != m_tabs->at(index).m_text;
+    return shownText(index) != BVTabTexts::oneLine(m_tabs->at(index).m_text);
 }
 
 void BVTabBarGeometry::show(int index)

@@ -40,6 +40,7 @@ public:
 
 private:
     void measure() const;
+    void measureTexts() const;
     BVTabBarLayout::Request request() const;
     QVector<QString> shownTexts() const;
 

@@ -9,6 +9,7 @@
 #include <QPainterPath>
 
 using BVTabBarLayout::Part;
+using Look = BVTabPictures::Look;
 
 namespace {
 
@@ -129,6 +130,13 @@ bool BVTabBarPainter::isEnabled(const BVTab &tab) const
     return m_bar->isEnabled() && tab.isEnabled();
 }
 
+/// A disabled tab's buttons work while it is current.
+bool BVTabBarPainter::canUseButtons(int index) const
+{
+    const BVTabList &tabs = m_parts->m_tabs;
+    return isEnabled(tabs.at(index)) || (m_bar->isEnabled() && index == tabs.current());
+}
+
 double BVTabBarPainter::contentOpacity(const BVTab &tab) const
 {
     const double present =
@@ -237,7 +245,8 @@ void BVTabBarPainter::paintContent(int index)
     if (!place.m_icon.isEmpty()) {
         const double opacity = m_painter->opacity();
         m_painter->setOpacity(contentOpacity(tab));
-        m_parts->m_pictures.draw(m_painter, tab.shownIcon(), place.m_icon);
+        m_parts->m_pictures.draw(m_painter, tab.shownIcon(), place.m_icon,
+                                 tab.isIconTinted() ? Look::Bright : Look::Own);
         m_painter->setOpacity(opacity);
     }
     m_painter->setPen(textColor(tab));
@@ -249,16 +258,19 @@ void BVTabBarPainter::paintButtons(int index)
 {
     const BVTab &tab = m_parts->m_tabs.at(index);
     const BVTabBarLayout::Place &place = m_layout.m_places.at(index);
-    const bool isHovered = isEnabled(tab) && index == m_parts->m_hover.index();
+    const bool isUsable = canUseButtons(index);
+    const bool isHovered = isUsable && index == m_parts->m_hover.index();
     const Part part = m_parts->m_hover.part();
-    const bool closeHovered = isHovered && part == Part::CloseButton;
     const bool menuHovered = isHovered && part == Part::MenuButton;
     const bool menuPressed = tab.m_state.testFlag(BVTab::MenuPressed);
-    paintButton(tab, place.m_closeButton, closeIcon(tab.m_darkStyle), closeHovered,
-                tab.m_state.testFlag(BVTab::ClosePressed));
+    const double opacity = m_painter->opacity();
+    m_painter->setOpacity(isUsable ? opacity : opacity * s_disabledOpacity);
+    paintButton(tab, place.m_closeButton, closeIcon(tab.m_darkStyle),
+                isHovered && part == Part::CloseButton, tab.m_state.testFlag(BVTab::ClosePressed));
     paintButton(tab, place.m_menuButton,
-                menuIcon(tab.m_darkStyle, isEnabled(tab), menuHovered, menuPressed), menuHovered,
+                menuIcon(tab.m_darkStyle, isUsable, menuHovered, menuPressed), menuHovered,
                 menuPressed);
+    m_painter->setOpacity(opacity);
 }
 
 void BVTabBarPainter::paintButton(const BVTab &tab, const QPolygon &polygon, const QString &icon,
@@ -276,10 +288,7 @@ void BVTabBarPainter::paintButton(const BVTab &tab, const QPolygon &polygon, con
         m_painter->drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), s_buttonRadius,
                                    s_buttonRadius);
     }
-    const double opacity = m_painter->opacity();
-    m_painter->setOpacity(contentOpacity(tab));
     m_parts->m_pictures.draw(m_painter, icon, rect);
-    m_painter->setOpacity(opacity);
 }
 
 void BVTabBarPainter::paintImage(int index)
@@ -290,7 +299,7 @@ void BVTabBarPainter::paintImage(int index)
         return;
     const bool isMirrored = m_parts->m_areImagesMirrored != m_bar->isRightToLeft();
     m_parts->m_pictures.draw(m_painter, tab.shownImage(m_parts->m_geometry.imageAfterTabs()), place,
-                             isMirrored);
+                             isMirrored ? Look::Mirrored : Look::Own);
 }
 
 void BVTabBarPainter::paintFocus()

@@ -39,6 +39,7 @@ private:
     void fillShape(const QRect &rect, const QBrush &brush, double strength);
     QBrush brush(BVTabBarGradient gradient) const;
     bool isEnabled(const BVTab &tab) const;
+    bool canUseButtons(int index) const;
     double contentOpacity(const BVTab &tab) const;
     QColor textColor(const BVTab &tab) const;
 

@@ -10,6 +10,8 @@
 #include "navigation/BVTabPictures_p.h"
 #include "navigation/BVTabPress_p.h"
 
+#include <utility>
+
 /// What an animated tab bar consists of.
 class BVTabBarParts
 {
@@ -21,6 +23,18 @@ public:
         , m_press(bar, &m_tabs, &m_geometry)
         , m_autoScroll(bar, &m_geometry, &m_hover)
     {
+    }
+
+    /// Answers the index that the new tab got.
+    int insert(int index, const QString &text, const QString &toolTip)
+    {
+        BVTab tab;
+        tab.m_text = text;
+        tab.m_toolTip = toolTip;
+        tab.m_state.setFlag(BVTab::HasCloseButton, m_useCloseButtons);
+        const int place = m_tabs.insert(index, std::move(tab));
+        m_animation.start(m_tabs.idAt(place), BVTabBarAnimation::Present, true);
+        return place;
     }
 
     enum class Wish { None, Shown, Hidden };

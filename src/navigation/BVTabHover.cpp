@@ -5,21 +5,24 @@
 #include "navigation/BVTabBarAnimation_p.h"
 #include "navigation/BVTabBarGeometry_p.h"
 
+#include <QApplication>
 #include <QStyle>
 #include <QTextDocument>
 #include <QTimerEvent>
 #include <QToolTip>
 
+#include <utility>
+
 namespace {
 
+/// A tab's plain text with its tool tip, which may be rich, below it.
 QString below(const QString &text, const QString &toolTip)
 {
-    if (toolTip.isEmpty() || toolTip == text)
-        return text;
-    if (!Qt::mightBeRichText(toolTip) && !Qt::mightBeRichText(text))
-        return text + QLatin1Char('\n') + toolTip;
-    const QString lower = Qt::mightBeRichText(toolTip) ? toolTip : toolTip.toHtmlEscaped();
-    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()) + lower;
+    const QString lower = toolTip == text ? QString() : toolTip;
+    if (!Qt::mightBeRichText(lower) && !Qt::mightBeRichText(text))
+        return lower.isEmpty() ? text : text + QLatin1Char('\n') + lower;
+    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()) +
+           (Qt::mightBeRichText(lower) ? lower : lower.toHtmlEscaped());
 }
 
 } // namespace
@@ -42,7 +45,14 @@ void BVTabHover::move(const QPoint &position)
 {
     m_position = position;
     m_isInside = true;
-    const BVTabBarLayout::Hit hit = BVTabBarLayout::hitAt(m_geometry->layout(), position);
+    m_hasMoved = true;
+    follow();
+}
+
+/// Sees what is under the pointer.
+void BVTabHover::follow()
+{
+    const BVTabBarLayout::Hit hit = BVTabBarLayout::hitAt(m_geometry->layout(), m_position);
     if (hit.m_part != m_part)
         m_bar->update();
     m_part = hit.m_part;
@@ -72,14 +82,31 @@ void BVTabHover::setIndex(int index)
 
 void BVTabHover::waitForToolTip()
 {
-    if (m_showsToolTip)
-        QToolTip::hideText();
-    m_showsToolTip = false;
-    if (m_tab < 0 || !m_isInside)
-        m_toolTipTimer.stop();
-    else
+    hideToolTip();
+    if (m_tab >= 0 && m_isInside && m_hasMoved)
         m_toolTipTimer.start(
             m_bar->style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay, nullptr, m_bar), this);
+}
+
+void BVTabHover::hideToolTip()
+{
+    m_toolTipTimer.stop();
+    if (std::exchange(m_showsToolTip, false))
+        QToolTip::hideText();
+}
+
+void BVTabHover::cancelToolTip()
+{
+    hideToolTip();
+    m_hasMoved = false;
+}
+
+/// As the toolkit does it: in the active window, and not beside a menu.
+bool BVTabHover::mayShowToolTip() const
+{
+    if (QApplication::activePopupWidget())
+        return false;
+    return m_bar->isActiveWindow() || m_bar->window()->testAttribute(Qt::WA_AlwaysShowToolTips);
 }
 
 QString BVTabHover::toolTip(int index) const
@@ -113,9 +140,10 @@ void BVTabHover::timerEvent(QTimerEvent *event)
 {
     if (event->timerId() == m_toolTipTimer.timerId()) {
         m_toolTipTimer.stop();
-        m_bar->onShowToolTip();
+        if (mayShowToolTip())
+            m_bar->onShowToolTip();
     } else {
         m_correction.stop();
-        move(m_position);
+        follow();
     }
 }

@@ -28,13 +28,18 @@ public:
     /// Once control is back in the event loop, sees which tab has come to be under the pointer.
     void correctHoveringState();
     void showToolTip();
+    /// The user does something; no tool tip until the pointer comes to another tab.
+    void cancelToolTip();
     QString toolTip(int index) const;
 
 protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
+    void follow();
     void waitForToolTip();
+    void hideToolTip();
+    bool mayShowToolTip() const;
 
     BVAnimatedTabBar *m_bar;
     const BVTabList *m_tabs;
@@ -44,6 +49,7 @@ private:
     QBasicTimer m_correction;
     QPoint m_position; // of the pointer
     bool m_isInside = false;
+    bool m_hasMoved = false; // since the user did something else
     bool m_showsToolTip = false;
     int m_tab = -1; // the hovered tab's id
     BVTabBarLayout::Part m_part = BVTabBarLayout::Part::None;

@@ -9,14 +9,15 @@
 namespace {
 
 constexpr int s_maximumPixmaps = 256; // more than the states of a bar need; then all are dropped
+constexpr QRgb s_bright = qRgb(0xf5, 0xf5, 0xf5);
 
-QString keyOf(const QString &url, const QSize &size, qreal ratio, bool mirrored)
+QString keyOf(const QString &url, const QSize &size, qreal ratio, BVTabPictures::Look look)
 {
     return QStringLiteral("%1|%2|%3|%4|%5")
         .arg(size.width())
         .arg(size.height())
         .arg(ratio)
-        .arg(int(mirrored))
+        .arg(int(look))
         .arg(url);
 }
 
@@ -30,6 +31,13 @@ QPixmap drawn(const QIcon &icon, const QSize &size, qreal ratio)
     painter.end();
     pixmap.setDevicePixelRatio(ratio);
     return pixmap;
+}
+
+void makeBright(QPixmap *pixmap)
+{
+    QPainter painter(pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(pixmap->rect(), QColor(s_bright));
 }
 
 } // namespace
@@ -52,7 +60,7 @@ QSize BVTabPictures::sizeOf(const QString &url, int height)
     return known->scaled(known->width(), height, Qt::KeepAspectRatio);
 }
 
-void BVTabPictures::draw(QPainter *painter, const QString &url, const QRect &rect, bool mirrored)
+void BVTabPictures::draw(QPainter *painter, const QString &url, const QRect &rect, Look look)
 {
     const QSize own = sizeOf(url, rect.height());
     if (own.isEmpty() || rect.isEmpty())
@@ -62,20 +70,22 @@ void BVTabPictures::draw(QPainter *painter, const QString &url, const QRect &rec
     QRect place(QPoint(), size);
     place.moveCenter(rect.center());
     painter->drawPixmap(place.topLeft(),
-                        pixmap(url, size, painter->device()->devicePixelRatioF(), mirrored));
+                        pixmap(url, size, painter->device()->devicePixelRatioF(), look));
 }
 
-QPixmap BVTabPictures::pixmap(const QString &url, const QSize &size, qreal ratio, bool mirrored)
+QPixmap BVTabPictures::pixmap(const QString &url, const QSize &size, qreal ratio, Look look)
 {
-    const QString key = keyOf(url, size, ratio, mirrored);
+    const QString key = keyOf(url, size, ratio, look);
     const auto known = m_pixmaps.constFind(key);
     if (known != m_pixmaps.constEnd())
         return *known;
     if (m_pixmaps.size() >= s_maximumPixmaps)
         m_pixmaps.clear();
     QPixmap made = drawn(icon(url), size, ratio);
-    if (mirrored)
+    if (look == Look::Mirrored)
         made = made.transformed(QTransform::fromScale(-1, 1));
+    else if (look == Look::Bright)
+        makeBright(&made);
     m_pixmaps.insert(key, made);
     return made;
 }

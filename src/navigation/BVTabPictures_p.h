@@ -15,12 +15,17 @@ class BVTabPictures
 public:
     /// The picture's own size, made smaller to fit @p height; empty if there is none.
     QSize sizeOf(const QString &url, int height);
+    enum class Look {
+        Own,
+        Mirrored,
+        Bright, // the shape alone, for dark surfaces
+    };
     /// Draws the picture in the middle of @p rect, at its whole size or fitted in.
-    void draw(QPainter *painter, const QString &url, const QRect &rect, bool mirrored = false);
+    void draw(QPainter *painter, const QString &url, const QRect &rect, Look look = Look::Own);
 
 private:
     const QIcon &icon(const QString &url);
-    QPixmap pixmap(const QString &url, const QSize &size, qreal ratio, bool mirrored);
+    QPixmap pixmap(const QString &url, const QSize &size, qreal ratio, Look look);
 
     QHash<QString, QIcon> m_icons;
     QHash<QString, QSize> m_sizes;

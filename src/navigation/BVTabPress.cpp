@@ -9,8 +9,6 @@
 #include <QMenu>
 #include <QTimerEvent>
 
-#include <utility>
-
 using BVTabBarLayout::Part;
 
 namespace {
@@ -39,6 +37,7 @@ BVTabPress::BVTabPress(BVAnimatedTabBar *bar, BVTabList *tabs, const BVTabBarGeo
 
 void BVTabPress::press(const QPoint &position)
 {
+    endPress(); // its release has got lost
     const BVTabBarLayout::Hit hit = BVTabBarLayout::hitAt(m_geometry->layout(), position);
     m_pressed = m_tabs->idAt(hit.m_index);
     if (m_pressed < 0)
@@ -53,8 +52,9 @@ void BVTabPress::select(const BVTabBarLayout::Hit &hit)
 {
     const int tab = m_pressed;
     const QPointer<BVAnimatedTabBar> bar = m_bar;
+    m_hasSelected = true;
     m_bar->setCurrentIndex(hit.m_index);
-    if (bar && hit.m_part == Part::CloseButton)
+    if (bar && m_pressed == tab && hit.m_part == Part::CloseButton)
         setState(tab, BVTab::ClosePressed, true);
 }
 
@@ -63,57 +63,63 @@ void BVTabPress::pressCurrent(const BVTabBarLayout::Hit &hit)
     if (hit.m_part == Part::CloseButton) {
         setState(m_pressed, BVTab::ClosePressed, true);
     } else if (hit.m_part == Part::MenuButton && !m_isMenuOpen) { // not the press that closes it
-        m_menuTab = m_pressed;
         m_menuDelay.start(s_menuDelay, this);
-        setState(m_menuTab, BVTab::MenuPressed, true);
+        setMenuTab(m_pressed);
         m_bar->repaint();
     }
 }
 
 void BVTabPress::release(const QPoint &position)
 {
-    const int tab = std::exchange(m_pressed, -1);
+    const int tab = m_pressed;
     const BVTabBarLayout::Hit hit = BVTabBarLayout::hitAt(m_geometry->layout(), position);
     const bool isOnCurrent = hit.m_index >= 0 && hit.m_index == m_tabs->current();
     if (tab >= 0 && isOnCurrent && m_tabs->idAt(hit.m_index) == tab)
         click(hit, hit.m_part == Part::CloseButton);
-    else
-        letGo(tab);
+    else if (tab >= 0)
+        endPress();
+}
+
+void BVTabPress::endPress()
+{
+    m_menuDelay.stop();
+    lift(m_pressed);
 }
 
 void BVTabPress::cancel()
 {
-    letGo(std::exchange(m_pressed, -1));
+    endPress();
+    setMenuTab(-1);
+    closeMenu();
 }
 
-/// The press on the tab has come to nothing.
-void BVTabPress::letGo(int tab)
+void BVTabPress::closeMenu()
 {
-    if (tab < 0)
-        return;
-    m_menuDelay.stop();
-    lift(tab);
+    if (m_menu)
+        m_menu->close();
 }
 
 void BVTabPress::click(const BVTabBarLayout::Hit &hit, bool closes)
 {
     const BVTab &tab = m_tabs->at(hit.m_index);
-    const int id = tab.m_id;
     const QString record =
         clickRecord(hit.m_index, tab, closes || tab.m_state.testFlag(BVTab::ClosePressed));
-    const QPointer<BVAnimatedTabBar> bar = m_bar;
+    if (closes)
+        m_menuDelay.stop(); // one press does one thing
+    lift(tab.m_id);
     if (closes)
         Q_EMIT m_bar->closeButtonClicked(hit.m_index);
-    if (bar)
-        lift(id);
     WidgetTrackerSingleton::getInstance().track(record);
 }
 
+/// The press on the tab is over.
 void BVTabPress::lift(int tab)
 {
+    m_pressed = -1;
+    m_hasSelected = false;
     setState(tab, BVTab::ClosePressed, false);
     if (!isMenuPending())
-        setState(tab, BVTab::MenuPressed, false);
+        setMenuTab(-1);
 }
 
 void BVTabPress::setState(int tab, BVTab::State state, bool on)
@@ -125,71 +131,91 @@ void BVTabPress::setState(int tab, BVTab::State state, bool on)
     m_bar->update();
 }
 
+/// At most one tab's menu button is pressed.
+void BVTabPress::setMenuTab(int tab)
+{
+    if (tab != m_menuTab)
+        setState(m_menuTab, BVTab::MenuPressed, false);
+    m_menuTab = tab;
+    setState(tab, BVTab::MenuPressed, true);
+}
+
+bool BVTabPress::hasMenuButton(int index) const
+{
+    const BVTab *tab = m_tabs->find(index);
+    return tab && tab->m_state.testFlag(BVTab::HasMenuButton);
+}
+
 void BVTabPress::timerEvent(QTimerEvent * /*event*/)
 {
     m_menuDelay.stop();
-    if (m_tabs->indexOf(m_menuTab) == m_tabs->current())
+    const int index = m_tabs->indexOf(m_menuTab);
+    if (index == m_tabs->current() && hasMenuButton(index) && m_bar->isEnabled())
         requestMenu();
     else
-        setState(m_menuTab, BVTab::MenuPressed, false); // the user has gone on
+        setMenuTab(-1); // the user has gone on
 }
 
 void BVTabPress::askForMenu(int index)
 {
-    const BVTab *tab = m_tabs->find(index);
-    if (!tab || !tab->m_state.testFlag(BVTab::HasMenuButton) || m_isMenuOpen)
+    if (!hasMenuButton(index) || m_isMenuOpen)
         return;
     m_menuDelay.stop();
-    m_menuTab = tab->m_id;
-    setState(m_menuTab, BVTab::MenuPressed, true);
+    setMenuTab(m_tabs->idAt(index));
     requestMenu();
 }
 
 void BVTabPress::requestMenu()
 {
-    const int index = m_tabs->indexOf(m_menuTab);
-    if (index < 0)
-        return;
     const int tab = m_menuTab;
     const QPointer<BVAnimatedTabBar> bar = m_bar;
-    Q_EMIT m_bar->menuButtonClicked(index);
+    Q_EMIT m_bar->menuButtonClicked(m_tabs->indexOf(tab));
     if (bar && m_pressed != tab && !isMenuPending())
-        setState(tab, BVTab::MenuPressed, false); // nobody has opened a menu
+        setMenuTab(-1); // nobody has opened a menu
+}
+
+void BVTabPress::refuseMenu(int index)
+{
+    if (!m_menuDelay.isActive() || m_tabs->idAt(index) != m_menuTab)
+        return;
+    m_menuDelay.stop();
+    setMenuTab(-1);
 }
 
 void BVTabPress::showMenu(int index, QMenu *menu)
 {
-    const BVTab *tab = m_tabs->find(index);
-    if (!tab || !tab->m_state.testFlag(BVTab::HasMenuButton) || m_isMenuOpen)
+    if (!hasMenuButton(index) || m_isMenuOpen)
         return;
-    const int id = tab->m_id;
+    const int tab = m_tabs->idAt(index);
+    const QPoint corner = menuCorner(index, menu->sizeHint().width());
+    const QPointer<BVAnimatedTabBar> bar = m_bar;
+    const QPointer<QMenu> opened = menu;
     m_menuDelay.stop();
-    m_menuTab = id;
     m_isMenuOpen = true;
     m_menu = menu;
-    setState(id, BVTab::MenuPressed, true);
+    setMenuTab(tab);
     endHeldPress(index);
-    const QPointer<BVAnimatedTabBar> bar = m_bar;
-    menu->exec(menuCorner(index, menu->sizeHint().width()));
+    if (bar && opened && m_menuTab == tab) // those who hear of the click may change everything
+        opened->exec(corner);
     if (bar)
-        menuClosed(id);
+        menuClosed();
 }
 
-void BVTabPress::menuClosed(int tab)
+void BVTabPress::menuClosed()
 {
     m_menu = nullptr;
     m_isMenuOpen = false;
-    m_menuTab = -1;
-    setState(tab, BVTab::MenuPressed, false);
+    setMenuTab(-1);
 }
 
 /// While a menu is open, the release of the button that asked for it does not come to the bar.
 void BVTabPress::endHeldPress(int index)
 {
-    if (m_pressed != m_menuTab)
+    if (m_pressed < 0 || m_pressed != m_menuTab)
         return;
-    m_pressed = -1;
-    WidgetTrackerSingleton::getInstance().track(clickRecord(index, m_tabs->at(index), false));
+    const QString record = clickRecord(index, m_tabs->at(index), false);
+    lift(m_pressed);
+    WidgetTrackerSingleton::getInstance().track(record);
 }
 
 QPoint BVTabPress::menuCorner(int index, int menuWidth) const
@@ -199,13 +225,15 @@ QPoint BVTabPress::menuCorner(int index, int menuWidth) const
     return m_bar->mapToGlobal(QPoint(x, button.bottom()));
 }
 
-void BVTabPress::forgetGoneTabs()
+void BVTabPress::dropLost()
 {
-    if (m_pressed >= 0 && m_tabs->indexOf(m_pressed) < 0)
+    if (m_tabs->indexOf(m_pressed) < 0) {
         m_pressed = -1;
-    if (m_menuTab < 0 || m_tabs->indexOf(m_menuTab) >= 0)
+        m_hasSelected = false;
+    }
+    if (m_menuTab < 0 || hasMenuButton(m_tabs->indexOf(m_menuTab)))
         return;
     m_menuDelay.stop();
-    if (m_menu)
-        m_menu->close();
+    setMenuTab(-1);
+    closeMenu();
 }

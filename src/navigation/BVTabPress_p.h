@@ -23,15 +23,25 @@ public:
 
     void press(const QPoint &position);
     void release(const QPoint &position);
-    /// The press ends without a release.
-    void cancel();
+    /// The press ends without a release, and no menu comes of it.
+    void endPress();
     /// Between a press on a tab and its release.
     bool isPressing() const { return m_pressed >= 0; }
+    /// The press has made another tab the current one, which stays where it is until the end.
+    bool hasSelected() const { return m_hasSelected; }
     /// Asks at once for the menu of a tab that has a menu button.
     void askForMenu(int index);
+    /// The menu and the bar may be deleted meanwhile.
     void showMenu(int index, QMenu *menu);
-    /// A tab has been removed.
-    void forgetGoneTabs();
+    /// The user's wish for the tab's menu is not fulfilled, unless the menu is open.
+    void refuseMenu(int index);
+
+    // What slots of a menu that closes do may delete the bar.
+    /// Ends a press and a menu whose tab or button has gone.
+    void dropLost();
+    /// Ends the press and the menu.
+    void cancel();
+    void closeMenu();
 
 protected:
     void timerEvent(QTimerEvent *event) override;
@@ -40,13 +50,14 @@ private:
     void select(const BVTabBarLayout::Hit &hit);
     void pressCurrent(const BVTabBarLayout::Hit &hit);
     void click(const BVTabBarLayout::Hit &hit, bool closes);
-    void letGo(int tab);
     void lift(int tab);
     void requestMenu();
     void setState(int tab, BVTab::State state, bool on);
+    void setMenuTab(int tab);
+    bool hasMenuButton(int index) const;
     bool isMenuPending() const { return m_menuDelay.isActive() || m_isMenuOpen; }
     void endHeldPress(int index);
-    void menuClosed(int tab);
+    void menuClosed();
     QPoint menuCorner(int index, int menuWidth) const; // on the screen
 
     BVAnimatedTabBar *m_bar;
@@ -54,7 +65,8 @@ private:
     const BVTabBarGeometry *m_geometry;
     QBasicTimer m_menuDelay;
     int m_pressed = -1; // the id of the tab under the press; -1 when released
-    int m_menuTab = -1; // the id of the tab whose menu is pending or open
-    bool m_isMenuOpen = false;
-    QPointer<QMenu> m_menu; // the open one
+    bool m_hasSelected = false;
+    int m_menuTab = -1;        // the id of the tab whose menu is pending or open
+    bool m_isMenuOpen = false; // until showMenu() returns
+    QPointer<QMenu> m_menu;    // the open one
 };

@@ -14,7 +14,9 @@ QVector<QString> formsOf(const QString &text, const BVTabTexts::Reducing &reduci
         reducing(map, text);
     if (map.isEmpty())
         map.insert(0, text);
-    return QVector<QString>::fromList(map.values());
+    QVector<QString> forms = QVector<QString>::fromList(map.values());
+    std::transform(forms.begin(), forms.end(), forms.begin(), BVTabTexts::oneLine);
+    return forms;
 }
 
 /// The text that stands in for an empty form at @p level.
@@ -39,6 +41,24 @@ void BVTabTexts::measure(const QString &text, const Reducing &reducing, const QF
         m_forms.append(nearestForm(forms, level));
         m_widths.append(metrics.horizontalAdvance(m_forms.last()));
     }
+}
+
+void BVTabTexts::pad(int levels)
+{
+    while (m_forms.size() < levels) {
+        m_forms.append(QString(m_forms.last()));
+        m_widths.append(int(m_widths.last()));
+    }
+}
+
+QString BVTabTexts::oneLine(QString text)
+{
+    const auto breaksLine = [](QChar c) {
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
+               c == QChar::ParagraphSeparator;
+    };
+    std::replace_if(text.begin(), text.end(), breaksLine, QLatin1Char(' '));
+    return text;
 }
 
 void BVTabTexts::forget()

@@ -20,6 +20,11 @@ struct BVTabTexts
     /// The forms of @p text; without @p reducing the text alone. A level that leaves nothing of the
     /// text shows the next one that leaves something, else the one before it.
     void measure(const QString &text, const Reducing &reducing, const QFontMetrics &metrics);
+    /// Repeats the last form until there are @p levels.
+    void pad(int levels);
     bool isMeasured() const { return !m_forms.isEmpty(); }
     void forget();
+
+    /// The text as a tab shows it, with line breaks and tabulators as spaces.
+    static QString oneLine(QString text);
 };

@@ -27,7 +27,7 @@ struct BVTab
     QString m_toolTip;
     QMap<int, QVariant> m_data; // by role
     QString m_iconUrl;
-    QString m_darkStyleIconUrl; // empty: as on bright tabs
+    QString m_darkStyleIconUrl; // empty: the shape of the other, in the colour of the text
     QString m_iconText;         // what the icon tells those who do not see it
     QString m_imageUrl;         // empty: that of the bar
     QString m_darkStyleImageUrl;
@@ -38,6 +38,7 @@ struct BVTab
     BVTabTexts m_texts; // measured when they are needed
 
     bool isEnabled() const { return !m_state.testFlag(Disabled); }
+    bool isIconTinted() const { return m_darkStyle && m_darkStyleIconUrl.isEmpty(); }
     /// The icon and the image after it that the tab shows; @p imageAfterTabs is that of the bar.
     QString shownIcon() const;
     QString shownImage(const QString &imageAfterTabs) const;

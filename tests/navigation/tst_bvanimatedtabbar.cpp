@@ -21,7 +21,7 @@
 
 namespace {
 
-/// Shows or forbids animations.
+/// Shows or forbids animations; tool tips come soon.
 class MotionStyle : public QProxyStyle
 {
 public:
@@ -29,6 +29,8 @@ public:
     {
         if (hint == SH_Widget_Animate)
             return int(m_animates);
+        if (hint == SH_ToolTip_WakeUpDelay)
+            return 5;
         return hint == SH_Widget_Animation_Duration ? 100 : QProxyStyle::styleHint(hint, option, widget, data);
     }
     bool m_animates = false;
@@ -94,9 +96,30 @@ struct Scene
                 QTest::keySequence(m_bar, QKeySequence(on));
             if (what == "remove")
                 m_bar->removeTab(on.at(0).unicode() - 'a');
+            if (what == "disable")
+                on.isEmpty() ? m_bar->setEnabled(false) : m_bar->setTabEnabled(0, false);
+            if (what == "hide" || what == "show")
+                m_bar->setVisible(what == "show");
+            if (what == "nomenu")
+                m_bar->useMenuButton(0, false);
+            if (what == "block") // by a dialog
+                send(QEvent(QEvent::WindowBlocked));
+            if (what == "repeat")
+                send(QKeyEvent(QEvent::KeyPress, Qt::Key_Delete, {}, QString(), true));
+            if (what == "move")
+                send(QMouseEvent(QEvent::MouseMove, place(on), Qt::NoButton, {}, {}));
+            if (what == "choose")
+                QAccessible::queryAccessibleInterface(m_bar)->child(1)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+            if (what == "settle") // longer than a menu keeps one waiting
+                QTest::qWait(150);
             if (what == "wait")
                 QTRY_VERIFY_WITH_TIMEOUT(m_log.contains("menu"), 2000);
         }
+    }
+    template <typename Event>
+    void send(Event event)
+    {
+        QApplication::sendEvent(m_bar, &event);
     }
 
     QWidget m_window;
@@ -123,6 +146,9 @@ private Q_SLOTS:
     void clickRecords();
     void menus();
     void slotsThatDelete();
+    void nothingStaysPressed();
+    void menusAmongChanges();
+    void releaseKeepsView();
     void changes();
     void wheel();
     void rightToLeftKeys();
@@ -193,6 +219,18 @@ void tst_BVAnimatedTabBar::input_data()
                                   << "current 3 current 1 current 0 ";
     QTest::newRow("close by key") << "key Right, key Del"
                                   << "current 1 close 1 ";
+    QTest::newRow("one press does one thing") << "press av, release ax, settle"
+                                              << "close 0 ";
+    QTest::newRow("menu button goes") << "click av, nomenu, settle"
+                                      << "";
+    QTest::newRow("tab gets disabled") << "click av, disable a, settle"
+                                       << "";
+    QTest::newRow("bar gets disabled") << "click av, disable, settle"
+                                       << "";
+    QTest::newRow("bar gets hidden") << "click av, hide, settle"
+                                     << "";
+    QTest::newRow("held key closes once") << "key Del, repeat, repeat"
+                                          << "close 0 ";
     QTest::newRow("menu by key") << "key Alt+Down"
                                  << "menu 0 ";
 }
@@ -274,7 +312,8 @@ void tst_BVAnimatedTabBar::slotsThatDelete()
     const QPair<Signal, QString> cases[] = {{&BVAnimatedTabBar::currentChanged, "click bx"},
                                             {&BVAnimatedTabBar::closeButtonClicked, "click ax"},
                                             {&BVAnimatedTabBar::menuButtonClicked, "key Alt+Down"},
-                                            {&BVAnimatedTabBar::doubleClicked, "double a"}};
+                                            {&BVAnimatedTabBar::doubleClicked, "double a"},
+                                            {&BVAnimatedTabBar::currentChanged, "choose b"}};
     for (const auto &one : cases) {
         Scene scene;
         const QString steps = one.second.startsWith("click") ? "press" + one.second.mid(5) : one.second;
@@ -284,6 +323,77 @@ void tst_BVAnimatedTabBar::slotsThatDelete()
             scene.run("release" + one.second.mid(5));
         QVERIFY(!scene.m_bar);
     }
+    QPointer<BVAnimatedTabBar> bar = new BVAnimatedTabBar;
+    connect(bar, &BVAnimatedTabBar::currentChanged, [&] { delete bar; });
+    bar->addTabs({"a", "b"}, {1, 2});
+    QVERIFY(!bar);
+}
+
+/// However a press ends, no button stays pressed.
+void tst_BVAnimatedTabBar::nothingStaysPressed()
+{
+    const QPair<QString, int> cases[] = {{"click av, click b, click bv, settle", 1},
+                                         {"press ax, block", 0},
+                                         {"press ax, move z", 0},
+                                         {"press ax, press b, release b", 1},
+                                         {"click av, hide, show", 0}};
+    for (const auto &one : cases) {
+        Scene scene;
+        scene.run(one.first);
+        Scene other;
+        other.m_bar->setCurrentIndex(one.second);
+        for (Scene *each : {&scene, &other}) {
+            each->m_bar->clearFocus();
+            each->m_bar->onHoveredIndexChanged(-1);
+        }
+        QVERIFY2(scene.m_bar->grab().toImage() == other.m_bar->grab().toImage(), qPrintable(one.first));
+    }
+}
+
+/// Those who hear of the click or of the closing menu find the tabs as they are.
+void tst_BVAnimatedTabBar::menusAmongChanges()
+{
+    for (const bool atRecord : {true, false}) {
+        Scene scene;
+        QMenu menu;
+        menu.addAction("action");
+        QPair<int, int> found(-2, -2);
+        connect(&menu, &QMenu::aboutToHide, [&] { found = {scene.m_bar->currentIndex(), scene.m_bar->count()}; });
+        connect(scene.m_bar, &BVAnimatedTabBar::menuButtonClicked, [&](int index) {
+            QTimer::singleShot(0, scene.m_bar, [&] { scene.m_bar->clearTabs(); });
+            scene.m_bar->showMenu(index, menu);
+        });
+        const auto listening = WidgetTrackerSingleton::getInstance().listen([&](const QString &) {
+            if (atRecord)
+                scene.m_bar->clearTabs();
+        });
+        scene.run("press av, wait");
+        QTRY_COMPARE(scene.m_bar->count(), 0);
+        QCOMPARE(found, atRecord ? qMakePair(-2, -2) : qMakePair(-1, 0));
+    }
+    QMenu menu;
+    menu.addAction("action");
+    Scene scene;
+    QTimer::singleShot(0, scene.m_bar, [&] { delete scene.m_bar; });
+    scene.m_bar->showMenu(0, menu); // closes with the bar
+    QVERIFY(!menu.isVisible() && !scene.m_bar);
+}
+
+void tst_BVAnimatedTabBar::releaseKeepsView()
+{
+    Scene scene;
+    scene.m_bar->setFixedWidth(200);
+    scene.m_bar->setCurrentIndex(3);
+    const QPoint arrow(9, 20);
+    QTest::mouseClick(scene.m_bar, Qt::LeftButton, {}, arrow);
+    const QRect scrolled = scene.m_bar->getTabRect(3);
+    QVERIFY(scrolled.right() >= 200);
+    QTest::mouseClick(scene.m_bar, Qt::LeftButton, {}, QPoint(100, 1)); // above the tabs
+    QCOMPARE(scene.m_bar->getTabRect(3), scrolled);
+    scene.m_log.clear();
+    QTest::mouseDClick(scene.m_bar, Qt::LeftButton, {}, arrow);
+    QTest::mouseRelease(scene.m_bar, Qt::LeftButton, {}, arrow);
+    QCOMPARE(scene.m_log, QString());
 }
 
 void tst_BVAnimatedTabBar::changes()
@@ -389,6 +499,7 @@ void tst_BVAnimatedTabBar::toolButtons()
     const int width = bar.sizeHint().width();
     QToolButton *button = bar.addButton(QIcon(), "Add");
     QToolButton *second = bar.addButton(QIcon(), "More");
+    QVERIFY(button->inherits("BVButton")); // for which the sheets read the properties
     QVERIFY(button->autoRaise() && button->property("flatIcon").toBool() && button->property("tabBar").toBool());
     QCOMPARE(button->minimumHeight(), 22);
     QCOMPARE(bar.layout()->contentsMargins(), QMargins(1, 3, 2, 0));
@@ -433,7 +544,17 @@ void tst_BVAnimatedTabBar::toolTips()
     bar.setItemText(0, "a text that is far too long for the bar");
     bar.setFixedWidth(300);
     QCOMPARE(tip(), QString("a text that is far too long for the bar\ntip"));
+    bar.setItemToolTip(0, QString());
+    bar.setItemText(0, "<b>a plain text</b> that is far too long");
+    QVERIFY(tip().contains("&lt;b&gt;a plain text"));
     QToolTip::hideText();
+    scene.run("move b, move a");
+    QTRY_VERIFY(QToolTip::text().contains("plain"));
+    for (const QString &step : {QString("press a"), QString("key Left")}) {
+        scene.run("move z, move a, " + step);
+        QTest::qWait(50);
+        QVERIFY2(QToolTip::text().isEmpty(), qPrintable(step));
+    }
 }
 
 void tst_BVAnimatedTabBar::layoutIsLazy()
@@ -484,7 +605,8 @@ void tst_BVAnimatedTabBar::accessibility()
     QAccessibleInterface *tab = list->child(1);
     QCOMPARE(tab->role(), QAccessible::PageTab);
     QCOMPARE(tab->text(QAccessible::Name), QString("bbbb"));
-    QCOMPARE(tab->text(QAccessible::Description), QString("needs input"));
+    bar.setMarkedIndex(1);
+    QCOMPARE(tab->text(QAccessible::Description), QString("needs input, marked"));
     QCOMPARE(tab->text(QAccessible::Help), QString("tip"));
     QVERIFY(!tab->state().selected && list->child(2)->state().disabled);
     const QRect place = tab->rect();
@@ -496,7 +618,10 @@ void tst_BVAnimatedTabBar::accessibility()
     act(list->child(2), QAccessibleActionInterface::pressAction()); // disabled
     act(tab, "Close");
     act(tab, QAccessibleActionInterface::showMenuAction());
-    QCOMPARE(scene.m_log, QString("current 1 close 1 menu 1 "));
+    QCOMPARE(scene.m_log, QString("marked 1 current 1 close 1 menu 1 "));
+    QVERIFY(list->child(2)->actionInterface()->actionNames().isEmpty());
+    bar.setTabEnabled(1, false); // current, so that its buttons work
+    QVERIFY(tab->actionInterface()->actionNames().contains("Close"));
     bar.removeTab(0);
     QCOMPARE(list->indexOfChild(tab), 0);
     bar.removeTab(0);
@@ -560,7 +685,7 @@ void tst_BVAnimatedTabBar::textReducing()
 {
     QFETCH(QString, text);
     QFETCH(QStringList, forms);
-    QMap<int, QString> map;
+    QMap<int, QString> map = {{9, "of another text"}};
     BVAnimatedOPTabBar::fillTextReducingMap(map, text);
     QCOMPARE(map.keys(), (QList<int>{0, 1, 2, 3}));
     QCOMPARE(QStringList(map.values()), forms);
@@ -568,6 +693,20 @@ void tst_BVAnimatedTabBar::textReducing()
 
 void tst_BVAnimatedTabBar::reducedTogether()
 {
+    struct : BVAnimatedTabBar
+    {
+        using BVAnimatedTabBar::setTextReducing;
+    } own;
+    own.setTextReducing([](QMap<int, QString> &map, const QString &text) {
+        map = text.size() > 5 ? QMap<int, QString>{{0, text}, {1, "x"}} : QMap<int, QString>{{0, text}};
+    });
+    own.addTabs(QList<QString>{"one\nmore", "short"});
+    own.resize(own.sizeHint());
+    const int shortWidth = own.getTabRect(1).width();
+    own.setItemText(0, "one more");
+    QCOMPARE(own.sizeHint().width(), own.width());
+    own.resize(own.width() - 10, own.height());
+    QCOMPARE(own.getTabRect(1).width(), shortWidth); // has no shorter form
     BVAnimatedOPTabBar bar;
     for (int i = 0; i < 6; ++i)
         bar.addTab(QStringLiteral("Drawing-%1").arg(i));
