@@ -272,6 +272,12 @@ void tst_BVResizableWidget::check()
     QVERIFY(!possible(panel->diagonalHandle(), 5, 5));
     scene.drag(panel->diagonalHandle(), QPoint(30, 30));
     QVERIFY(!panel->isFloating());
+    struct WithoutHandles : BVResizableWidget
+    {
+        Handle *createHandle(Handle::Position /*position*/) override { return nullptr; }
+    } without;
+    without.useDiagonalHandle(true);
+    QVERIFY(!without.hasDiagonalHandle());
 }
 
 void tst_BVResizableWidget::registration()
@@ -661,7 +667,9 @@ void tst_BVResizableWidget::scrollArea()
 {
     Scene scene;
     scene.m_content->setMinimumSize(300, 300);
+    scene.m_panel->setStyleSheet("BVResizableWidget[scrollArea=\"true\"] { min-width: 180px; }");
     scene.m_panel->useScrollArea(true);
+    QTRY_COMPARE(scene.m_panel->minimumWidth(), 180); // by the sheet, which hears of the property
     QVERIFY(scene.m_panel->minimumSizeHint().height() < 300);
     QVERIFY(scene.m_panel->findChild<QScrollArea *>()->isAncestorOf(scene.m_content));
     scene.m_panel->useScrollArea(false);
