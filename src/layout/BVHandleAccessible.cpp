@@ -2,6 +2,7 @@
 #include "layout/BVHandleAccessible_p.h"
 
 #include "layout/BVPanelGeometry_p.h"
+#include "layout/BVResizableWidgetTextHandle.h"
 
 namespace {
 
@@ -27,6 +28,9 @@ QString nameOf(const BVResizableWidgetHandle *handle)
 {
     if (dragsWidth(handle) && dragsHeight(handle))
         return BVResizableWidgetHandle::tr("Change size");
+    const auto *text = qobject_cast<const BVResizableWidgetTextHandle *>(handle);
+    if (text && !text->shownText().isEmpty())
+        return text->shownText();
     return dragsWidth(handle) ? BVResizableWidgetHandle::tr("Change width")
                               : BVResizableWidgetHandle::tr("Change height");
 }
@@ -58,6 +62,12 @@ void BVHandleAccessible::announceValue(BVResizableWidgetHandle *handle)
         return;
     const QSize size = handle->resizedWidget()->size();
     QAccessibleValueChangeEvent event(handle, dragsWidth(handle) ? size.width() : size.height());
+    QAccessible::updateAccessibility(&event);
+}
+
+void BVHandleAccessible::announceName(BVResizableWidgetHandle *handle)
+{
+    QAccessibleEvent event(handle, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&event);
 }
 
@@ -98,7 +108,7 @@ void BVHandleAccessible::setCurrentValue(const QVariant &value)
     const int wanted = value.toInt(&isNumber);
     const int highest = maximumValue().toInt();
     if (isNumber)
-        growBy(qBound(0, wanted, highest) - currentValue().toInt());
+        growBy(qBound(0, wanted, highest) - currentValue().toInt(), false);
 }
 
 QVariant BVHandleAccessible::maximumValue() const
@@ -128,14 +138,16 @@ QStringList BVHandleAccessible::actionNames() const
 void BVHandleAccessible::doAction(const QString &name)
 {
     if (name == increaseAction() || name == decreaseAction())
-        growBy(name == increaseAction() ? s_step : -s_step);
+        growBy(name == increaseAction() ? s_step : -s_step, true);
     else if (name == toggleAction() && handle()->isEnabled())
         Q_EMIT handle()->sigToggleRequested();
     else
         QAccessibleWidget::doAction(name);
 }
 
-void BVHandleAccessible::growBy(int pixels)
+/// A corner has one value, but grows in both directions.
+void BVHandleAccessible::growBy(int pixels, bool bothWays)
 {
-    handle()->moveBy(dragsWidth(handle()) ? QSize(pixels, 0) : QSize(0, pixels));
+    const bool growsHeight = dragsHeight(handle()) && (bothWays || !dragsWidth(handle()));
+    handle()->moveBy(QSize(dragsWidth(handle()) ? pixels : 0, growsHeight ? pixels : 0));
 }

@@ -6,7 +6,7 @@
 #include <QAccessibleWidget>
 
 /// What a handle tells assistive technology: a grip whose value is the width or height of the
-/// widget that it drags, for a corner the width.
+/// widget that it drags, for a corner the width. A handle with a text has that as its name.
 class BVHandleAccessible : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:
@@ -16,6 +16,8 @@ public:
     static void install();
     /// Tells that the widget of the handle has got another size.
     static void announceValue(BVResizableWidgetHandle *handle);
+    /// Tells that the handle shows another text.
+    static void announceName(BVResizableWidgetHandle *handle);
 
     void *interface_cast(QAccessible::InterfaceType type) override;
     QString text(QAccessible::Text kind) const override;
@@ -32,5 +34,5 @@ public:
 private:
     BVResizableWidgetHandle *handle() const;
     int extent(const QSize &size) const;
-    void growBy(int pixels);
+    void growBy(int pixels, bool bothWays);
 };

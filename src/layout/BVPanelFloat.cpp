@@ -2,8 +2,10 @@
 #include "layout/BVPanelFloat_p.h"
 
 #include "layout/BVPanelGeometry_p.h"
+#include "layout/BVPanelRegistration_p.h"
 #include "layout/MainWidget.h"
 
+#include <QDockWidget>
 #include <QEvent>
 #include <QLayout>
 #include <QPainter>
@@ -66,14 +68,36 @@ private:
 /// Whether something other than a layout holds the widget, which could not hold a place for it.
 bool isHeldElsewhere(const QWidget *widget)
 {
+    if (qobject_cast<MainWidget *>(widget->parentWidget()))
+        return true; // it floats already
     const auto *area = widget->parentWidget()
                            ? qobject_cast<QScrollArea *>(widget->parentWidget()->parentWidget())
                            : nullptr;
     return area && area->widget() == widget;
 }
 
-/// Lets @p in take the place of @p out in the parent's layout or splitter; @p takeOut takes the
-/// other one out of the parent. False, with nothing changed, if the layout cannot do that.
+/// Whether a container can float in the window: a splitter would take it for one of its panes.
+bool canHold(const QWidget *window)
+{
+    return !qobject_cast<const QSplitter *>(window);
+}
+
+/// The value with what of it has been set between the widget and its window, which others of the
+/// window do not inherit. @p Value is a font or palette.
+template <typename Value>
+Value inheritedBelow(const QWidget *window, const QWidget *widget,
+                     const Value &(QWidget::*valueOf)() const)
+{
+    decltype(Value().resolve()) mask = 0;
+    for (const QWidget *each = widget; each && each != window; each = each->parentWidget())
+        mask |= (each->*valueOf)().resolve();
+    Value value = (widget->*valueOf)();
+    value.resolve(mask);
+    return value;
+}
+
+/// Lets @p in take the place of @p out in the parent's layout, splitter or dock; @p takeOut takes
+/// the other one out of the parent. False, with nothing changed, if the layout cannot do that.
 template <typename TakeOut>
 bool replace(QWidget *parent, QWidget *out, QWidget *in, const TakeOut &takeOut)
 {
@@ -83,6 +107,12 @@ bool replace(QWidget *parent, QWidget *out, QWidget *in, const TakeOut &takeOut)
         takeOut();
         splitter->insertWidget(index, in);
         splitter->setSizes(sizes);
+        return true;
+    }
+    auto *dock = qobject_cast<QDockWidget *>(parent);
+    if (dock && dock->widget() == out) {
+        takeOut();
+        dock->setWidget(in);
         return true;
     }
     QLayout *layout = parent->layout();
@@ -126,21 +156,17 @@ private:
 std::unique_ptr<BVPanelFloat> BVPanelFloat::leave(QWidget *panel)
 {
     QWidget *window = BVPanelGeometry::hostWindow(panel);
-    if (panel->isWindow() || window == panel || isHeldElsewhere(panel))
+    if (panel->isWindow() || window == panel || isHeldElsewhere(panel) || !canHold(window))
         return nullptr;
     const FocusKeeper focus(panel);
     const QRect rect = BVPanelGeometry::rectInWindow(panel);
-    auto *place = new PlaceHolder(panel);
     std::unique_ptr<BVPanelFloat> result(new BVPanelFloat(panel, window));
     MainWidget *main = result->m_mainWidget;
     main->setGeometry(rect);
-    if (!replace(panel->parentWidget(), panel, place, [&] { main->setContent(panel); })) {
-        delete place;
-        delete main;
+    result->syncLook();
+    const auto takeOut = [&] { main->setContent(panel); };
+    if (!replace(panel->parentWidget(), panel, result->m_place, takeOut))
         return nullptr;
-    }
-    result->m_place = place;
-    connect(place, &QObject::destroyed, result.get(), &BVPanelFloat::onPlaceDestroyed);
     result->watchAncestors();
     result->syncWithPlace();
     main->raise();
@@ -149,10 +175,16 @@ std::unique_ptr<BVPanelFloat> BVPanelFloat::leave(QWidget *panel)
 
 BVPanelFloat::BVPanelFloat(QWidget *panel, QWidget *window)
     : m_panel(panel)
+    , m_place(new PlaceHolder(panel))
     , m_mainWidget(new MainWidget(window))
 {
     // A pointer that clears itself does so only when all children of the widget are gone.
     connect(m_mainWidget, &QObject::destroyed, this, [this] { m_mainWidget = nullptr; });
+    connect(m_place, &QObject::destroyed, this, &BVPanelFloat::onPlaceDestroyed);
+    connect(m_mainWidget, &MainWidget::sigAnimationFinished, this, [this](bool returning) {
+        if (returning)
+            comeBack();
+    });
 }
 
 BVPanelFloat::~BVPanelFloat()
@@ -168,25 +200,52 @@ BVPanelFloat::~BVPanelFloat()
     }
 }
 
+void BVPanelFloat::returnToPlace()
+{
+    if (m_place && m_mainWidget)
+        m_mainWidget->setGeometryWithAnimation(placeRect(), s_duration, true);
+}
+
 void BVPanelFloat::comeBack()
 {
-    const FocusKeeper focus(m_panel);
+    if (!m_place || !m_mainWidget)
+        return;
+    {
+        const FocusKeeper focus(m_panel);
+        unwatchAll();
+        m_place->disconnect(this);
+        const std::unique_ptr<QWidget> place(std::exchange(m_place, nullptr));
+        const bool isHidden = place->isHidden();
+        QWidget *parent = place->parentWidget();
+        m_mainWidget->hide();
+        replace(parent, place.get(), m_panel, [&] { place->setParent(nullptr); });
+        m_panel->setVisible(!isHidden);
+    }
+    end();
+}
+
+/// Lets the main widget go, and tells it. Nothing else afterwards: this may be deleted.
+void BVPanelFloat::end()
+{
     unwatchAll();
-    m_place->disconnect(this);
-    const std::unique_ptr<QWidget> place(std::exchange(m_place, nullptr));
-    const bool isHidden = place->isHidden();
-    QWidget *parent = place->parentWidget();
-    m_mainWidget->hide();
-    replace(parent, place.get(), m_panel, [&] { place->setParent(nullptr); });
-    m_panel->setVisible(!isHidden);
-    m_mainWidget->deleteLater(); // its animation may be ending this
     m_mainWidget->disconnect(this);
+    m_mainWidget->hide();
+    m_mainWidget->deleteLater(); // its animation may be ending this
     m_mainWidget = nullptr;
+    const QPointer<QWidget> panel(m_panel);
+    Q_EMIT sigEnded();
+    if (panel)
+        BVPanelRegistration::postClosed(panel);
 }
 
 MainWidget *BVPanelFloat::mainWidget() const
 {
     return m_mainWidget;
+}
+
+QWidget *BVPanelFloat::place() const
+{
+    return m_place;
 }
 
 QRect BVPanelFloat::placeRect() const
@@ -223,10 +282,14 @@ bool BVPanelFloat::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_panel) { // shown or hidden by the program
         if (m_place && (type == QEvent::ShowToParent || type == QEvent::HideToParent))
             m_place->setVisible(type == QEvent::ShowToParent);
+        else if (type == QEvent::ParentChange)
+            onPanelMoved();
         return false;
     }
     if (type == QEvent::ParentChange)
         onAncestorMoved();
+    else if (watched == m_place && (type == QEvent::FontChange || type == QEvent::PaletteChange))
+        syncLook();
     else if (type == QEvent::Show || type == QEvent::Hide || type == QEvent::EnabledChange ||
              type == QEvent::LayoutDirectionChange)
         syncWithPlace();
@@ -239,7 +302,17 @@ void BVPanelFloat::onAncestorMoved()
         return;
     watchAncestors();
     if (BVPanelGeometry::hostWindow(m_place) != m_mainWidget->parentWidget())
-        Q_EMIT sigWindowChanged();
+        QMetaObject::invokeMethod(this, &BVPanelFloat::comeBack, Qt::QueuedConnection);
+}
+
+/// The program has taken the panel elsewhere.
+void BVPanelFloat::onPanelMoved()
+{
+    if (!m_place || !m_mainWidget || m_panel->parentWidget() == m_mainWidget)
+        return;
+    m_place->disconnect(this);
+    delete std::exchange(m_place, nullptr);
+    end();
 }
 
 void BVPanelFloat::syncWithPlace()
@@ -249,6 +322,15 @@ void BVPanelFloat::syncWithPlace()
     m_mainWidget->setEnabled(m_place->isEnabled());
     m_mainWidget->setLayoutDirection(m_place->layoutDirection());
     m_mainWidget->setVisible(m_place->isVisible());
+}
+
+void BVPanelFloat::syncLook()
+{
+    if (!m_place || !m_mainWidget)
+        return;
+    const QWidget *window = m_mainWidget->parentWidget();
+    m_mainWidget->setFont(inheritedBelow(window, m_place, &QWidget::font));
+    m_mainWidget->setPalette(inheritedBelow(window, m_place, &QWidget::palette));
 }
 
 void BVPanelFloat::onPlaceDestroyed()

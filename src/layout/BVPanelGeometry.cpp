@@ -52,7 +52,8 @@ const HandlePlace &handlePlace(Position position)
 QSize growth(Position position, const QPoint &moved)
 {
     const HandlePlace &place = handlePlace(position);
-    return QSize(place.widthSign * moved.x(), place.heightSign * moved.y());
+    const QPoint way = plausible(moved);
+    return QSize(place.widthSign * way.x(), place.heightSign * way.y());
 }
 
 QSize alongHandle(Position position, const QSize &growth)
@@ -127,13 +128,38 @@ QRect clamped(const QRect &area, const QRect &rect)
     return result;
 }
 
+QRect grown(const Limits &limits, const QRect &rect, const QSize &wanted)
+{
+    const QSize room = roomFor(limits.area, rect, limits.keepsRight, limits.keepsBottom);
+    const QSize size = wanted.boundedTo(room).boundedTo(limits.most).expandedTo(limits.least);
+    if (size == rect.size())
+        return rect;
+    return clamped(limits.area, resized(rect, size, limits.keepsRight, limits.keepsBottom));
+}
+
+QSize plausible(const QSize &size)
+{
+    const QSize largest(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    return size.boundedTo(largest).expandedTo(largest * -1);
+}
+
+QPoint plausible(const QPoint &point)
+{
+    const QSize size = plausible(QSize(point.x(), point.y()));
+    return QPoint(size.width(), size.height());
+}
+
+bool isLarger(const QSize &size, const QSize &other)
+{
+    return size.width() > other.width() || size.height() > other.height();
+}
+
 QWidget *hostWindow(QWidget *widget)
 {
     QWidget *window = widget;
-    for (QWidget *ancestor = widget ? widget->parentWidget() : nullptr; ancestor;
-         ancestor = ancestor->parentWidget()) {
-        window = ancestor;
-        if (qobject_cast<QMainWindow *>(ancestor))
+    while (window && !window->isWindow() && window->parentWidget()) {
+        window = window->parentWidget();
+        if (qobject_cast<QMainWindow *>(window))
             break;
     }
     return window;

@@ -30,7 +30,7 @@ struct HandlePlace
 
 bool isPosition(int position);
 const HandlePlace &handlePlace(Position position);
-/// The growth that a movement of the pointer asks for.
+/// The growth that a plausible movement of the pointer asks for.
 QSize growth(Position position, const QPoint &moved);
 /// The growth without what the handle does not drag.
 QSize alongHandle(Position position, const QSize &growth);
@@ -51,6 +51,23 @@ QRect resized(const QRect &rect, const QSize &size, bool keepsRight, bool keepsB
 QSize roomFor(const QRect &area, const QRect &rect, bool keepsRight, bool keepsBottom);
 /// The rectangle moved into the area, and made smaller only where it is larger than that.
 QRect clamped(const QRect &area, const QRect &rect);
+
+/// What bounds the growth of a panel.
+struct Limits
+{
+    QRect area;
+    QSize least;
+    QSize most;
+    bool keepsRight;
+    bool keepsBottom;
+};
+/// The rectangle with another size as far as the limits allow, moved into the area if it grows.
+QRect grown(const Limits &limits, const QRect &rect, const QSize &wanted);
+
+/// The same within what a widget can have, so that sums do not overflow.
+QSize plausible(const QSize &size);
+QPoint plausible(const QPoint &point);
+bool isLarger(const QSize &size, const QSize &other);
 
 /// The nearest QMainWindow around the widget, or its top-most widget.
 QWidget *hostWindow(QWidget *widget);

@@ -4,8 +4,8 @@
 #include <QPointer>
 #include <QSize>
 
-class QScrollArea;
 class QWidget;
+class ResizableScrollArea;
 
 /// Lets the container of a panel stand in the panel itself or in a scroll area.
 class BVPanelScroll
@@ -23,6 +23,8 @@ public:
     QWidget *standIn(QWidget *container) const;
 
 private:
+    void makeArea();
+
     QWidget *m_panel;
-    QPointer<QScrollArea> m_area; // child of the panel
+    QPointer<ResizableScrollArea> m_area; // child of the panel
 };

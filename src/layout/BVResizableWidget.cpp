@@ -2,53 +2,34 @@
 #include "layout/BVResizableWidget.h"
 
 #include "foundation/MainWindow.h"
-#include "foundation/RegisterResizeableWidgetInterfaceEvent.h"
-#include "foundation/ResizeWidgetCloseEvent.h"
 #include "layout/BVPanelFloat_p.h"
 #include "layout/BVPanelGeometry_p.h"
 #include "layout/BVPanelHandles_p.h"
+#include "layout/BVPanelRegistration_p.h"
 #include "layout/BVPanelScroll_p.h"
 #include "layout/BVPanelState_p.h"
 #include "layout/BVResizableWidgetTextHandle.h"
 #include "layout/MainWidget.h"
 #include "platform/PropertyChangeFilter.h"
 
-#include <QCoreApplication>
 #include <QEvent>
 #include <QTimer>
 
-using Brimvale::RegisterResizeableWidgetInterfaceEvent;
 using Brimvale::ResizeableWidgetInterface;
-using Brimvale::ResizeWidgetCloseEvent;
-
-namespace {
-
-constexpr int s_duration = 80; // ms that a change of the size takes
-
-bool isLarger(const QSize &size, const QSize &other)
-{
-    return size.width() > other.width() || size.height() > other.height();
-}
-
-/// The size within what a widget can have, so that sums do not overflow.
-QSize plausible(const QSize &size)
-{
-    const QSize largest(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    return size.boundedTo(largest).expandedTo(QSize(-QWIDGETSIZE_MAX, -QWIDGETSIZE_MAX));
-}
-
-} // namespace
+using BVPanelGeometry::isLarger;
+using BVPanelGeometry::plausible;
 
 BVResizableWidget::BVResizableWidget(QWidget *parent)
     : QWidget(parent)
     , m_handles(std::make_unique<BVPanelHandles>(this))
     , m_scroll(std::make_unique<BVPanelScroll>(this))
+    , m_registration(std::make_unique<BVPanelRegistration>(this))
 {
 }
 
 BVResizableWidget::~BVResizableWidget()
 {
-    if (m_registration && !isFloating())
+    if (m_registration->isPosted() && !isFloating())
         registerResizeableWidgetToMainWindow(true);
 }
 
@@ -59,7 +40,8 @@ void BVResizableWidget::setContainerWidget(QWidget *container, bool registerPane
     if (container == this || (container && container->isAncestorOf(this)))
         return;
     if (container != m_container) {
-        delete m_container;
+        if (isAncestorOf(m_container))
+            delete m_container;
         m_container = container;
         m_scroll->fitToScrollArea(container);
         m_handles->updateContainerWidgetLayoutPosition(m_scroll->standIn(m_container));
@@ -68,15 +50,11 @@ void BVResizableWidget::setContainerWidget(QWidget *container, bool registerPane
         registerResizeableWidgetToMainWindow(false);
 }
 
-QWidget *BVResizableWidget::containerWidget() const
-{
-    return m_container;
-}
-
 void BVResizableWidget::useScrollArea(bool on)
 {
     m_scroll->manageScrollAreas(on, m_container);
     m_handles->updateContainerWidgetLayoutPosition(m_scroll->standIn(m_container));
+    PropertyChangeFilter::repolishPost(this);
 }
 
 bool BVResizableWidget::hasScrollArea() const
@@ -90,16 +68,6 @@ QSize BVResizableWidget::containerSize() const
     return widget ? widget->size() : size();
 }
 
-QSize BVResizableWidget::sizeHint() const
-{
-    return QWidget::sizeHint();
-}
-
-QSize BVResizableWidget::minimumSizeHint() const
-{
-    return QWidget::minimumSizeHint();
-}
-
 // Handles
 
 void BVResizableWidget::useVerticalHandle(bool on)
@@ -107,29 +75,14 @@ void BVResizableWidget::useVerticalHandle(bool on)
     useHandle(BVPanelHandles::Vertical, on);
 }
 
-bool BVResizableWidget::hasVerticalHandle() const
-{
-    return m_handles->handle(BVPanelHandles::Vertical);
-}
-
 void BVResizableWidget::useHorizontalHandle(bool on)
 {
     useHandle(BVPanelHandles::Horizontal, on);
 }
 
-bool BVResizableWidget::hasHorizontalHandle() const
-{
-    return m_handles->handle(BVPanelHandles::Horizontal);
-}
-
 void BVResizableWidget::useDiagonalHandle(bool on)
 {
     useHandle(BVPanelHandles::Diagonal, on);
-}
-
-bool BVResizableWidget::hasDiagonalHandle() const
-{
-    return m_handles->handle(BVPanelHandles::Diagonal);
 }
 
 BVResizableWidgetHandle *BVResizableWidget::verticalHandle() const
@@ -152,9 +105,12 @@ void BVResizableWidget::useHandle(int kind, bool on)
     const auto handleKind = BVPanelHandles::Kind(kind);
     if (on == bool(m_handles->handle(handleKind)))
         return;
+    PropertyChangeFilter::repolishPost(this);
     if (!on)
         return m_handles->remove(handleKind);
     BVResizableWidgetHandle *handle = createHandle(m_handles->positionOf(handleKind));
+    if (!handle)
+        return;
     connectHandle(handle);
     m_handles->add(handleKind, handle);
 }
@@ -209,26 +165,12 @@ QWidget *BVResizableWidget::getMainWindow()
     return Brimvale::mainWindow();
 }
 
-QWidget *BVResizableWidget::getResizableWidget()
-{
-    return this;
-}
-
 void BVResizableWidget::registerResizeableWidgetToMainWindow(bool deregister)
 {
-    m_registration.reset(); // takes back what has not arrived yet
-    QWidget *window = getMainWindow();
-    if (!window)
-        return;
-    if (deregister) {
-        RegisterResizeableWidgetInterfaceEvent event(this, m_container, false);
-        QCoreApplication::sendEvent(window, &event);
-        return;
-    }
-    m_registration = std::make_unique<QObject>();
-    auto *event = new RegisterResizeableWidgetInterfaceEvent(this, m_container, true);
-    event->setGuard(m_registration.get());
-    QCoreApplication::postEvent(window, event);
+    if (deregister)
+        m_registration->takeBack(m_container);
+    else
+        m_registration->post(m_container);
 }
 
 bool BVResizableWidget::fitToMainWindow(const QRect &rect) const
@@ -295,7 +237,7 @@ void BVResizableWidget::onMoved()
 {
     m_wantedSize = QSize();
     if (isFloating() && !isLarger(currentRect().size(), m_float->placeRect().size()))
-        returnToPlace();
+        m_float->returnToPlace();
 }
 
 void BVResizableWidget::onMoveCanceled()
@@ -303,11 +245,16 @@ void BVResizableWidget::onMoveCanceled()
     m_wantedSize = QSize();
     if (!isFloating())
         return;
+    const bool floated = m_floatedAtPress;
+    const QRect rect = m_rectAtPress;
+    const QPointer<BVResizableWidget> self(this);
     setEnlarged(m_enlargedAtPress);
-    if (m_floatedAtPress)
-        mainWidget()->setGeometryWithAnimation(m_rectAtPress, 0, false);
+    if (!self || !isFloating())
+        return;
+    if (floated)
+        mainWidget()->setGeometryWithAnimation(rect, 0, false);
     else
-        restoreFromFreeFloating();
+        m_float->comeBack();
 }
 
 bool BVResizableWidget::checkResizingPossible(QObject *handle, const QSize &delta)
@@ -324,16 +271,12 @@ bool BVResizableWidget::checkResizingPossible(QObject *handle, const QSize &delt
 
 void BVResizableWidget::onResizeAbout(QSize delta, bool initial)
 {
-    const QRect from = currentRect();
     if (initial || !m_wantedSize.isValid())
-        m_wantedSize = from.size();
+        m_wantedSize = currentRect().size();
     m_wantedSize = plausible(m_wantedSize + plausible(delta));
-    const QSize wanted = limitedSize(from, m_wantedSize);
-    if (wanted == from.size())
+    const QRect target = grown(m_wantedSize);
+    if (target == currentRect())
         return;
-    const QRect target = BVPanelGeometry::clamped(
-        availableArea(),
-        BVPanelGeometry::resized(from, wanted, m_handles->keepsRight(), m_handles->keepsBottom()));
     const QPointer<BVResizableWidget> self(this);
     setEnlarged(false);
     if (!self)
@@ -354,20 +297,21 @@ void BVResizableWidget::onResize(QSize size, QPoint relativePosition)
         size.rwidth() += width() - lastSize().width();
     if (!m_handles->dragsHeight())
         size.setHeight(height());
-    const QSize position = plausible(QSize(relativePosition.x(), relativePosition.y()));
-    const QRect target(QPoint(position.width(), position.height()), plausible(size));
+    const QRect target(plausible(relativePosition), plausible(size));
     // A panel that has no room to grow does not leave its layout first.
     if (fitToMainWindow(target) && (isFloating() || makeFreeFloating()))
         moveTo(target);
 }
 
-/// The size within the window, and not smaller than the place.
-QSize BVResizableWidget::limitedSize(const QRect &rect, const QSize &wanted) const
+/// What a drag that asks for that size makes of the panel, within the window and not smaller than
+/// the place.
+QRect BVResizableWidget::grown(const QSize &wanted) const
 {
-    const QSize room = BVPanelGeometry::roomFor(availableArea(), rect, m_handles->keepsRight(),
-                                                m_handles->keepsBottom());
+    const QRect rect = currentRect();
     const QSize place = m_float ? m_float->placeRect().size() : rect.size();
-    return wanted.boundedTo(room).boundedTo(maximumSize()).expandedTo(place);
+    return BVPanelGeometry::grown(
+        {availableArea(), place, maximumSize(), m_handles->keepsRight(), m_handles->keepsBottom()},
+        rect, wanted);
 }
 
 QRect BVResizableWidget::currentRect() const
@@ -383,7 +327,7 @@ void BVResizableWidget::moveTo(const QRect &target)
     const QPointer<BVResizableWidget> self(this);
     Q_EMIT sigResizedAbout(size(), target.size());
     if (self && isFloating())
-        mainWidget()->setGeometryWithAnimation(target, s_duration, false);
+        mainWidget()->setGeometryWithAnimation(target, BVPanelFloat::s_duration, false);
 }
 
 bool BVResizableWidget::makeFreeFloating()
@@ -392,10 +336,11 @@ bool BVResizableWidget::makeFreeFloating()
     m_float = BVPanelFloat::leave(this);
     if (!m_float)
         return false;
-    connect(mainWidget(), &MainWidget::sigAnimationFinished, this,
-            &BVResizableWidget::onAnimationFinished);
-    connect(m_float.get(), &BVPanelFloat::sigWindowChanged, this,
-            &BVResizableWidget::restoreFromFreeFloating, Qt::QueuedConnection);
+    connect(mainWidget(), &MainWidget::sigAnimationFinished, this, [this](bool returning) {
+        if (!returning)
+            Q_EMIT sigResiged();
+    });
+    connect(m_float.get(), &BVPanelFloat::sigEnded, this, &BVResizableWidget::onFloatEnded);
     for (auto it = m_mainWidgetProperties.cbegin(); it != m_mainWidgetProperties.cend(); ++it)
         mainWidget()->setProperty(it.key().toUtf8().constData(), it.value());
     registerResizeableWidgetToMainWindow(true);
@@ -404,12 +349,9 @@ bool BVResizableWidget::makeFreeFloating()
     return self && isFloating();
 }
 
-void BVResizableWidget::restoreFromFreeFloating()
+void BVResizableWidget::onFloatEnded()
 {
-    if (!isFloating())
-        return;
     const QPointer<BVResizableWidget> self(this);
-    m_float->comeBack();
     m_float.reset();
     registerResizeableWidgetToMainWindow(false);
     setEnlarged(false);
@@ -419,61 +361,38 @@ void BVResizableWidget::restoreFromFreeFloating()
         Q_EMIT sigResiged();
 }
 
-void BVResizableWidget::returnToPlace()
-{
-    mainWidget()->setGeometryWithAnimation(m_float->placeRect(), s_duration, true);
-}
-
-void BVResizableWidget::onAnimationFinished(bool returning)
-{
-    if (returning)
-        restoreFromFreeFloating();
-    else
-        Q_EMIT sigResiged();
-}
-
 // The enlarged size
-
-bool BVResizableWidget::isEnlarged() const
-{
-    return m_enlarged;
-}
 
 void BVResizableWidget::setEnlarged(bool enlarged)
 {
     if (m_enlarged == enlarged)
         return;
     m_enlarged = enlarged;
+    PropertyChangeFilter::repolishPost(this);
     Q_EMIT sigEnlargedChanged(enlarged);
-}
-
-QSize BVResizableWidget::enlargedSize(const QRect &rect) const
-{
-    return limitedSize(rect, QSize(m_handles->dragsWidth() ? QWIDGETSIZE_MAX : rect.width(),
-                                   m_handles->dragsHeight() ? QWIDGETSIZE_MAX : rect.height()));
 }
 
 void BVResizableWidget::onToggleEnlarge()
 {
     if (m_enlarged)
         return onRestoreEnlarge();
-    if (!isResizingEnabled())
-        return;
-    if (isFloating()) // the size that it goes back to is that which it is reaching
-        mainWidget()->setGeometryWithAnimation(currentRect(), 0, false);
     const QRect from = currentRect();
-    const QRect target = BVPanelGeometry::clamped(
-        availableArea(), BVPanelGeometry::resized(from, enlargedSize(from), m_handles->keepsRight(),
-                                                  m_handles->keepsBottom()));
-    m_lastWasEmbedded = !isFloating();
-    QPoint position;
-    saveRelativePosition(position);
-    saveLastSize();
-    m_lastRect = QRect(position, lastSize());
+    const QRect target = grown(QSize(m_handles->dragsWidth() ? QWIDGETSIZE_MAX : from.width(),
+                                     m_handles->dragsHeight() ? QWIDGETSIZE_MAX : from.height()));
+    if (!isResizingEnabled() || target == from)
+        return;
     const QPointer<BVResizableWidget> self(this);
-    if (target != from)
+    m_lastWasEmbedded = !isFloating();
+    m_lastRect = from;
+    if (isFloating())
+        mainWidget()->skipAnimation();
+    QPoint position;
+    if (self) {
+        saveRelativePosition(position);
+        saveLastSize();
         onResize(target.size(), target.topLeft());
-    if (self && isFloating() && currentRect() == target && target != from)
+    }
+    if (self && isFloating() && currentRect() == target)
         setEnlarged(true);
 }
 
@@ -486,30 +405,35 @@ void BVResizableWidget::onRestoreEnlarge()
     if (!self || !isFloating())
         return;
     if (m_lastWasEmbedded)
-        returnToPlace();
+        m_float->returnToPlace();
     else
-        moveTo(BVPanelGeometry::clamped(availableArea(), m_lastRect));
+        moveTo(restored(m_lastRect));
 }
 
 void BVResizableWidget::closeEnlarged()
 {
-    if (!isFloating())
-        return;
-    const QPointer<BVResizableWidget> self(this);
-    restoreFromFreeFloating();
-    if (self && getMainWindow())
-        QCoreApplication::postEvent(getMainWindow(), new ResizeWidgetCloseEvent(parentWidget()));
+    if (isFloating())
+        m_float->comeBack();
 }
 
 // Stored state
+
+/// The rectangle as far as the limits of the panel and its window allow it now.
+QRect BVResizableWidget::restored(const QRect &rect) const
+{
+    const QSize place = m_float->placeRect().size();
+    const QSize size = rect.size().expandedTo(place).expandedTo(minimumSize());
+    return BVPanelGeometry::clamped(availableArea(),
+                                    QRect(rect.topLeft(), size.boundedTo(maximumSize())));
+}
 
 QByteArray BVResizableWidget::saveState() const
 {
     if (!m_pendingState.isEmpty())
         return m_pendingState;
     BVPanelState state;
-    state.floating = isFloating();
-    state.enlarged = m_enlarged;
+    state.floating = isFloating() && !mainWidget()->isReturning();
+    state.enlarged = state.floating && m_enlarged;
     if (state.floating)
         state.rect = currentRect();
     if (state.enlarged) {
@@ -535,7 +459,7 @@ void BVResizableWidget::applyState()
     if (!state.fromBytes(std::exchange(m_pendingState, QByteArray())))
         return;
     if (!state.floating)
-        return restoreFromFreeFloating();
+        return closeEnlarged();
     const QPointer<BVResizableWidget> self(this);
     if (!isFloating() && !makeFreeFloating())
         return;
@@ -543,8 +467,7 @@ void BVResizableWidget::applyState()
     m_lastRect = state.lastRect;
     setEnlarged(state.enlarged);
     if (self && isFloating())
-        mainWidget()->setGeometryWithAnimation(
-            BVPanelGeometry::clamped(availableArea(), state.rect), 0, false);
+        mainWidget()->setGeometryWithAnimation(restored(state.rect), 0, false);
 }
 
 // Events

@@ -13,6 +13,7 @@
 
 class BVPanelFloat;
 class BVPanelHandles;
+class BVPanelRegistration;
 class BVPanelScroll;
 class MainWidget;
 
@@ -21,15 +22,21 @@ class MainWidget;
 /// When a drag asks for more room than the panel has, the panel leaves its layout, where a place
 /// holder keeps its place, and floats over its main window: the nearest QMainWindow around it, or
 /// its top-most widget. A drag is limited to the window; it never makes the panel smaller than its
-/// place, and a panel dragged back to that size returns when the handle is let go. It
-/// floats from where its place can be kept: a splitter, a stack, the toolkit's other layouts or a
-/// parent without one; not from a scroll area or the middle of a main window.
+/// place, and a panel dragged back to that size returns when the handle is let go. A request that
+/// the window has no room for leaves the panel where it is.
 ///
-/// While it floats it is visible and enabled as its place is, and it belongs to whatever owns that
-/// place: when the form is deleted, the panel is too.
+/// It floats from where its place can be kept: a splitter, a stack, a dock, the toolkit's other
+/// layouts or a parent without one; not from a scroll area or the middle of a main window, nor in a
+/// window that is itself a splitter.
+///
+/// While it floats it is visible and enabled as its place is, has the font and palette that its
+/// form gives it, but not what a style sheet set on the form itself says, and it belongs to
+/// whatever owns that place: when the form is deleted, the panel is too. When the program gives it
+/// another parent, it stays there and floats no longer.
 ///
 /// The main window in the application's property "MainWindow" is told of the panel while it stands
-/// in its layout.
+/// in its layout. Each time that it has left the main widget, the main window gets, posted, the
+/// registration and behind it a Brimvale::ResizeWidgetCloseEvent with the panel.
 class BVWIDGETS_EXPORT BVResizableWidget :
     public QWidget,
     public Brimvale::ResizeableWidgetInterface
@@ -57,21 +64,22 @@ public:
     explicit BVResizableWidget(QWidget *parent = nullptr);
     ~BVResizableWidget() override;
 
-    /// Puts @p container into the panel, which takes it over and deletes its former one; null
-    /// leaves the panel empty. With @p registerPanel the main window is told of the panel.
+    /// Puts @p container into the panel, which takes it over and deletes its former one unless that
+    /// has left the panel; null leaves the panel empty. With @p registerPanel the main window is
+    /// told of the panel.
     void setContainerWidget(QWidget *container, bool registerPanel = true);
     /// Null when there is none, or when it is gone.
-    QWidget *containerWidget() const;
+    QWidget *containerWidget() const { return m_container; }
 
     /// The handle that drags the height.
     void useVerticalHandle(bool on);
-    bool hasVerticalHandle() const;
+    bool hasVerticalHandle() const { return verticalHandle(); }
     /// The handle that drags the width.
     void useHorizontalHandle(bool on);
-    bool hasHorizontalHandle() const;
+    bool hasHorizontalHandle() const { return horizontalHandle(); }
     /// The handle that drags both.
     void useDiagonalHandle(bool on);
-    bool hasDiagonalHandle() const;
+    bool hasDiagonalHandle() const { return diagonalHandle(); }
     /// Null for a handle that is not used.
     BVResizableWidgetHandle *verticalHandle() const;
     BVResizableWidgetHandle *horizontalHandle() const;
@@ -94,7 +102,7 @@ public:
     /// The widget in the application's property "MainWindow"; null when it holds none.
     static QWidget *getMainWindow();
 
-    QWidget *getResizableWidget() override;
+    QWidget *getResizableWidget() override { return this; }
     /// Whether a drag of one of the handles by @p delta pixels needs more room than the panel has:
     /// more width for the horizontal handle, more height for the vertical one, either for the
     /// diagonal one. Never for another object, and never while resizing is disabled.
@@ -109,19 +117,20 @@ public:
     MainWidget *mainWidget() const;
     bool isFloating() const;
 
-    bool isEnlarged() const;
-    /// Returns to the place in the layout at once, and asks the main window, posted, to close what
-    /// stands in that place. Nothing while the panel does not float.
+    bool isEnlarged() const { return m_enlarged; }
+    /// Returns to the place in the layout at once. Nothing while the panel does not float.
     void closeEnlarged() override;
 
-    /// Whether the panel floats, where and how large, for restoreState().
+    /// Whether the panel floats, where and how large, for restoreState(). One that is on its way
+    /// back does not.
     QByteArray saveState() const;
-    /// Takes over what saveState() has told, as far as the window has room for it. A panel that is
+    /// Takes over what saveState() has told, as far as the window has room for it, not smaller than
+    /// the place and the minimum size and not larger than the maximum one. A panel that is
     /// not visible does so when it is shown. False, with nothing changed, for other data.
     bool restoreState(const QByteArray &state);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override { return QWidget::sizeHint(); }
+    QSize minimumSizeHint() const override { return QWidget::minimumSizeHint(); }
 
 Q_SIGNALS:
     /// The panel begins to change its size.
@@ -145,7 +154,8 @@ public Q_SLOTS:
     void onRestoreEnlarge();
 
 protected:
-    /// Makes one of the handles, a child of the panel. A text handle follows the enlarged state.
+    /// Makes one of the handles, a child of the panel; null for none. A text handle follows the
+    /// enlarged state.
     virtual BVResizableWidgetHandle *createHandle(BVResizableWidgetHandle::Position position);
     void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
@@ -162,14 +172,12 @@ private:
 
     QSize containerSize() const;
     QRect currentRect() const;
-    QSize limitedSize(const QRect &rect, const QSize &wanted) const;
-    QSize enlargedSize(const QRect &rect) const;
+    QRect grown(const QSize &wanted) const;
+    QRect restored(const QRect &rect) const;
     QRect availableArea() const;
     void moveTo(const QRect &target);
-    void returnToPlace();
     bool makeFreeFloating();
-    void restoreFromFreeFloating();
-    void onAnimationFinished(bool returning);
+    void onFloatEnded();
     void setEnlarged(bool enlarged);
     void applyState();
 
@@ -177,7 +185,7 @@ private:
     std::unique_ptr<BVPanelHandles> m_handles; // never null
     std::unique_ptr<BVPanelFloat> m_float;     // the place and the main widget while floating
     std::unique_ptr<BVPanelScroll> m_scroll;   // never null
-    std::unique_ptr<QObject> m_registration;   // the guard of the posted registration
+    std::unique_ptr<BVPanelRegistration> m_registration; // never null
     QVariantMap m_mainWidgetProperties;
     QByteArray m_pendingState; // applied when the panel is shown
     QRect m_rectAtPress;       // in the window's coordinates

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 
 namespace {
 
@@ -172,21 +173,24 @@ void BVResizableWidgetHandle::watchSplitter()
 
 void BVResizableWidgetHandle::press(const QPoint &global)
 {
-    m_lastGlobal = global;
+    m_lastGlobal = BVPanelGeometry::plausible(global);
     m_pressing = true;
     m_moved = false;
-    setFocus(Qt::MouseFocusReason);
     qApp->installEventFilter(this); // for Escape, whoever has the keyboard
-    update();
-    Q_EMIT sigMoveStarted();
+    PropertyChangeFilter::repolishPost(this);
+    const QPointer<BVResizableWidgetHandle> self(this);
+    setFocus(Qt::MouseFocusReason);
+    if (self && m_pressing)
+        Q_EMIT sigMoveStarted();
 }
 
 void BVResizableWidgetHandle::move(const QPoint &global)
 {
-    const QSize delta = BVPanelGeometry::growth(m_position, global - m_lastGlobal);
+    const QPoint position = BVPanelGeometry::plausible(global);
+    const QSize delta = BVPanelGeometry::growth(m_position, position - m_lastGlobal);
     if (delta.isNull())
         return;
-    m_lastGlobal = global;
+    m_lastGlobal = position;
     m_moved = true;
     Q_EMIT sigMoveAbout(delta);
 }
@@ -205,7 +209,7 @@ void BVResizableWidgetHandle::endPress()
     m_moved = false;
     m_pressedOnSplitter = false;
     qApp->removeEventFilter(this);
-    update();
+    PropertyChangeFilter::repolishPost(this);
 }
 
 void BVResizableWidgetHandle::cancelMove()
@@ -216,8 +220,18 @@ void BVResizableWidgetHandle::cancelMove()
     Q_EMIT sigMoveCanceled();
 }
 
-void BVResizableWidgetHandle::moveBy(const QSize &growth)
+/// Posted, since what hides or disables the handle is still at work.
+void BVResizableWidgetHandle::cancelIfUnreachable()
 {
+    QTimer::singleShot(0, this, [this] {
+        if (!isVisible() || !isEnabled())
+            cancelMove();
+    });
+}
+
+void BVResizableWidgetHandle::moveBy(const QSize &size)
+{
+    const QSize growth = BVPanelGeometry::plausible(size);
     if (m_pressing || growth.isNull() || !isEnabled())
         return;
     const QPointer<BVResizableWidgetHandle> self(this);
@@ -241,7 +255,10 @@ void BVResizableWidgetHandle::mouseMoveEvent(QMouseEvent *event)
     if (!m_pressing)
         return QFrame::mouseMoveEvent(event);
     event->accept();
-    move(event->globalPos());
+    if (event->buttons() & Qt::LeftButton)
+        move(event->globalPos());
+    else
+        cancelMove(); // the release has gone elsewhere
 }
 
 void BVResizableWidgetHandle::mouseReleaseEvent(QMouseEvent *event)
@@ -300,6 +317,9 @@ bool BVResizableWidgetHandle::event(QEvent *event)
         watchParent();
         placeAtParent();
     }
+    const bool isLeaving = event->type() == QEvent::Hide || event->type() == QEvent::EnabledChange;
+    if (isLeaving && m_pressing)
+        cancelIfUnreachable();
     return QFrame::event(event);
 }
 
@@ -309,6 +329,8 @@ bool BVResizableWidgetHandle::eventFilter(QObject *watched, QEvent *event)
         return true;
     if (watched == m_watchedParent && event->type() == QEvent::Resize)
         placeAtParent();
+    if (m_pressing && watched == window() && event->type() == QEvent::WindowBlocked)
+        QTimer::singleShot(0, this, &BVResizableWidgetHandle::cancelMove);
     return (m_pressing && escapeEvent(event)) || QFrame::eventFilter(watched, event);
 }
 

@@ -11,9 +11,10 @@
 ///
 /// The handle resizes nothing itself. A drag is reported as sigMoveStarted(), any number of
 /// sigMoveAbout() with the growth since the last one, and sigMoved() if there was any. Escape ends
-/// a drag with sigMoveCanceled(). The arrow keys move a focused handle by 10 pixels, with Shift by
-/// one; each key is a drag of its own. A double click, Return and Space ask for
-/// sigToggleRequested().
+/// a drag with sigMoveCanceled(), and so does what keeps the release from the handle: hiding or
+/// disabling it, a modal dialog, or a pointer that comes without its button. The arrow keys move a
+/// focused handle by 10 pixels, with Shift by one; each key is a drag of its own. A double click,
+/// Return and Space ask for sigToggleRequested().
 ///
 /// A handle that no layout manages keeps to its place at the edge of its parent. Positions are
 /// edges on the screen, in both layout directions.
@@ -104,6 +105,7 @@ private:
     void move(const QPoint &global);
     void release();
     void endPress();
+    void cancelIfUnreachable();
     bool splitterEvent(QEvent *event);
     bool escapeEvent(QEvent *event);
     void takePosition();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "layout/BVResizableWidgetTextHandle.h"
 
+#include "layout/BVHandleAccessible_p.h"
 #include "layout/BVPanelGeometry_p.h"
 
 #include <QMouseEvent>
@@ -64,6 +65,7 @@ void BVResizableWidgetTextHandle::updateText()
 {
     updateGeometry();
     update();
+    BVHandleAccessible::announceName(this);
 }
 
 void BVResizableWidgetTextHandle::updatePosition()

@@ -54,9 +54,13 @@ BVResizeWidget::ResizeType typeOf(Qt::Edges edges, BVResizeWidget::ResizeType fa
     return fallback;
 }
 
+/// Null for other keys, and with modifiers other than Shift.
 QPoint stepOf(const QKeyEvent &event)
 {
-    const int length = event.modifiers() & Qt::ShiftModifier ? 1 : s_keyStep;
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if (modifiers & ~Qt::ShiftModifier)
+        return QPoint();
+    const int length = modifiers & Qt::ShiftModifier ? 1 : s_keyStep;
     switch (event.key()) {
     case Qt::Key_Left:
         return QPoint(-length, 0);

@@ -13,8 +13,8 @@
 /// The dragged edge goes to the cursor. At the window's smallest width, a left edge that is dragged
 /// inward ends the drag, until the next press; so does an upper edge at the smallest height, even
 /// when it is only dragged sideways. The upper edge of "topRight" never ends a drag. An edge that
-/// ends a drag goes no further inward than the smallest size allows, and the other side of the
-/// window stays where it is.
+/// ends a drag goes no further inward than the smallest size allows and no further outward than the
+/// largest one, and the other side of the window stays where it is.
 ///
 /// The grip takes the keyboard with Tab. Arrow keys move its edge by ten pixels, with Shift by one;
 /// in a corner each key moves the edge that lies in its direction. It moves nothing without a

@@ -63,6 +63,18 @@ bool MainWidget::isAnimating() const
     return m_animation->state() == QAbstractAnimation::Running;
 }
 
+bool MainWidget::isReturning() const
+{
+    return m_returning && isAnimating();
+}
+
+void MainWidget::skipAnimation()
+{
+    const QRect target = targetGeometry();
+    m_animation->stop();
+    setGeometry(target);
+}
+
 QRect MainWidget::availableArea() const
 {
     return BVPanelGeometry::availableArea(parentWidget()->size(),
@@ -124,7 +136,7 @@ bool MainWidget::eventFilter(QObject *watched, QEvent *event)
 
 void MainWidget::keepInWindow()
 {
-    if (isAnimating() && m_returning)
+    if (isReturning())
         return;
     const QRect target = targetGeometry();
     const QRect inside = BVPanelGeometry::clamped(availableArea(), target);

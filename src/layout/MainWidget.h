@@ -37,6 +37,10 @@ public:
     /// Where the animation ends; the geometry without one.
     QRect targetGeometry() const;
     bool isAnimating() const;
+    /// Whether an animation is running that was asked for as returning.
+    bool isReturning() const;
+    /// Ends the animation where it leads to, without telling that it has arrived.
+    void skipAnimation();
 
     /// The room that the window has for panels, in its coordinates.
     QRect availableArea() const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "layout/ResizableScrollArea.h"
 
+#include "layout/BVHandleAccessible_p.h"
 #include "layout/BVPanelGeometry_p.h"
 
 #include <QEvent>
@@ -12,6 +13,7 @@
 namespace {
 
 using Handle = BVResizableWidgetHandle;
+using BVPanelGeometry::plausible;
 
 /// Stands between the viewport and a scroll bar, where the area places it.
 class AreaHandle : public Handle
@@ -150,8 +152,11 @@ QSize ResizableScrollArea::edges() const
 bool ResizableScrollArea::event(QEvent *event)
 {
     const bool isHandled = QScrollArea::event(event);
-    if (event->type() == QEvent::Resize)
+    if (event->type() == QEvent::Resize) {
         placeHandle();
+        if (m_handle)
+            BVHandleAccessible::announceValue(m_handle);
+    }
     return isHandled;
 }
 
@@ -163,7 +168,7 @@ void ResizableScrollArea::resizeEvent(QResizeEvent *event)
 
 void ResizableScrollArea::resizeAbout(const QSize &growth)
 {
-    resizeAlongHandle(size() + BVPanelGeometry::alongHandle(m_position, growth));
+    resizeAlongHandle(size() + BVPanelGeometry::alongHandle(m_position, plausible(growth)));
 }
 
 void ResizableScrollArea::onMoveStarted()
@@ -174,7 +179,7 @@ void ResizableScrollArea::onMoveStarted()
 
 void ResizableScrollArea::onMoveAbout(const QSize &growth)
 {
-    m_wanted += BVPanelGeometry::alongHandle(m_position, growth);
+    m_wanted = plausible(m_wanted + BVPanelGeometry::alongHandle(m_position, plausible(growth)));
     resizeAlongHandle(m_wanted);
 }
 

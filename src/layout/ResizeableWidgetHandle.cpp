@@ -1,51 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "layout/ResizeableWidgetHandle.h"
 
-#include "foundation/MainWindow.h"
-#include "foundation/RegisterResizeableWidgetInterfaceEvent.h"
-#include "foundation/ResizeWidgetCloseEvent.h"
 #include "layout/BVHandleAccessible_p.h"
 #include "layout/BVPanelFloat_p.h"
 #include "layout/BVPanelGeometry_p.h"
+#include "layout/BVPanelRegistration_p.h"
 #include "layout/MainWidget.h"
 #include "layout/ResizeWidgetPlaceHolder.h"
 
-#include <QCoreApplication>
 #include <QEvent>
-#include <QSplitterHandle>
 #include <QVBoxLayout>
 
-#include <utility>
-
-using Brimvale::RegisterResizeableWidgetInterfaceEvent;
 using Brimvale::ResizeableWidgetInterface;
-using Brimvale::ResizeWidgetCloseEvent;
-
-namespace {
-
-constexpr int s_duration = 80; // ms that a change of the size takes
-
-bool isLarger(const QSize &size, const QSize &other)
-{
-    return size.width() > other.width() || size.height() > other.height();
-}
-
-/// The child that has come to the widget since it had the former ones, and keeps a place there.
-QWidget *newPlace(const QWidget *parent, const QObjectList &former)
-{
-    for (QObject *child : parent->children()) {
-        if (child->isWidgetType() && !former.contains(child) &&
-            !qobject_cast<QSplitterHandle *>(child))
-            return static_cast<QWidget *>(child);
-    }
-    return nullptr;
-}
-
-} // namespace
+using BVPanelGeometry::isLarger;
+using BVPanelGeometry::plausible;
 
 ResizeableWidgetHandle::ResizeableWidgetHandle(QWidget *widget, Position position)
     : BVResizableWidgetHandle(position, widget)
     , m_widget(widget)
+    , m_registration(std::make_unique<BVPanelRegistration>(this))
 {
     connect(this, &BVResizableWidgetHandle::sigMoveStarted, this,
             &ResizeableWidgetHandle::onMoveStarted);
@@ -57,19 +30,25 @@ ResizeableWidgetHandle::ResizeableWidgetHandle(QWidget *widget, Position positio
     connect(this, &BVResizableWidgetHandle::sigToggleRequested, this,
             &ResizeableWidgetHandle::onToggleRequested);
     placeOverWidget();
-    registerToMainWindow();
+    for (const QPointer<ResizeableWidgetHandle> &other : handlesOfWidget()) {
+        if (other->isFloating() && !isFloating())
+            join(other->m_float);
+    }
+    if (m_widget && !isFloating())
+        m_registration->post(m_widget);
 }
 
 ResizeableWidgetHandle::~ResizeableWidgetHandle()
 {
     disconnect();
-    deregisterFromMainWindow();
+    if (m_registration->isPosted())
+        m_registration->takeBack(m_widget);
     // A widget that is going itself has taken its children from their list, and its place goes too.
     if (!isFloating() || !m_widget || !m_widget->children().contains(this))
         return;
-    delete m_placeHolder;
-    m_float->comeBack();
-    postClosed();
+    m_float->disconnect(this);
+    if (m_float.use_count() == 1)
+        m_float->comeBack();
 }
 
 QWidget *ResizeableWidgetHandle::getResizableWidget()
@@ -99,24 +78,16 @@ void ResizeableWidgetHandle::onResize(QSize size, QPoint relativePosition)
     if (!isLarger(size, m_widget->size()))
         return;
     // A widget that has no room to grow does not leave its layout first.
-    const QRect target(relativePosition, size);
+    const QRect target(plausible(relativePosition), plausible(size));
     if (BVPanelGeometry::fits(availableArea(), target) && (isFloating() || leavePlace()))
-        moveTo(target, s_duration);
+        mainWidget()->setGeometryWithAnimation(target, BVPanelFloat::s_duration, false);
 }
 
 void ResizeableWidgetHandle::closeEnlarged()
 {
-    if (!isFloating())
-        return;
-    const QPointer<ResizeableWidgetHandle> self(this);
-    delete m_placeHolder;
-    m_float->comeBack();
-    m_float.reset();
-    registerToMainWindow();
-    postClosed();
-    placeOverWidget();
-    if (self)
-        Q_EMIT sigFloatingChanged(false);
+    const std::shared_ptr<BVPanelFloat> panelFloat = m_float; // which its end takes away
+    if (panelFloat)
+        panelFloat->comeBack();
 }
 
 bool ResizeableWidgetHandle::isFloating() const
@@ -131,7 +102,7 @@ MainWidget *ResizeableWidgetHandle::mainWidget() const
 
 ResizeWidgetPlaceHolder *ResizeableWidgetHandle::placeHolder() const
 {
-    return m_placeHolder;
+    return isFloating() ? m_float->place()->findChild<ResizeWidgetPlaceHolder *>() : nullptr;
 }
 
 void ResizeableWidgetHandle::updatePosition()
@@ -166,13 +137,13 @@ void ResizeableWidgetHandle::onMoveAbout(const QSize &delta)
     const QSize growth = BVPanelGeometry::alongHandle(position(), delta);
     if (!m_widget || !ResizeableWidgetInterface::checkResizingPossible(this, growth))
         return;
-    m_wantedSize += growth;
+    m_wantedSize = plausible(m_wantedSize + plausible(growth));
     // What the drag has taken away before does not count as a wish for more room.
     if (!isFloating() && !checkResizingPossible(this, m_wantedSize - m_widget->size()))
         return;
     const QRect target = grown(m_wantedSize);
     if (target != currentRect() && (isFloating() || leavePlace()))
-        moveTo(target, 0);
+        mainWidget()->setGeometryWithAnimation(target, 0, false);
 }
 
 void ResizeableWidgetHandle::onMoved()
@@ -186,7 +157,7 @@ void ResizeableWidgetHandle::onMoveCanceled()
     if (!m_floatedAtPress)
         closeEnlarged();
     else if (isFloating())
-        moveTo(m_rectAtPress, 0);
+        mainWidget()->setGeometryWithAnimation(m_rectAtPress, 0, false);
 }
 
 void ResizeableWidgetHandle::onToggleRequested()
@@ -221,88 +192,81 @@ QRect ResizeableWidgetHandle::currentRect() const
     return isFloating() ? mainWidget()->targetGeometry() : BVPanelGeometry::rectInWindow(m_widget);
 }
 
-/// The rectangle with another size, as far as the window has room and not smaller than the place.
+/// What a drag that asks for that size makes of the widget, within the window and not smaller than
+/// the place.
 QRect ResizeableWidgetHandle::grown(const QSize &wanted) const
 {
     const BVPanelGeometry::HandlePlace &place = BVPanelGeometry::handlePlace(position());
-    const bool keepsRight = place.widthSign < 0;
-    const bool keepsBottom = place.heightSign < 0;
     const QRect rect = currentRect();
-    const QSize room = BVPanelGeometry::roomFor(availableArea(), rect, keepsRight, keepsBottom);
     const QSize least = m_float ? m_float->placeRect().size() : rect.size();
-    const QSize size = wanted.boundedTo(room).boundedTo(m_widget->maximumSize()).expandedTo(least);
-    return BVPanelGeometry::resized(rect, size, keepsRight, keepsBottom);
+    return BVPanelGeometry::grown({availableArea(), least, m_widget->maximumSize(),
+                                   place.widthSign < 0, place.heightSign < 0},
+                                  rect, wanted);
 }
 
-void ResizeableWidgetHandle::moveTo(const QRect &target, int duration)
+QVector<QPointer<ResizeableWidgetHandle>> ResizeableWidgetHandle::handlesOfWidget() const
 {
-    mainWidget()->setGeometryWithAnimation(target, duration, false);
+    QVector<QPointer<ResizeableWidgetHandle>> handles;
+    for (QObject *child : m_widget ? m_widget->children() : QObjectList()) {
+        if (auto *handle = qobject_cast<ResizeableWidgetHandle *>(child))
+            handles.append(handle);
+    }
+    return handles;
 }
 
 bool ResizeableWidgetHandle::leavePlace()
 {
-    const QPointer<ResizeableWidgetHandle> self(this);
-    const QWidget *parent = m_widget->parentWidget();
-    const QObjectList former = parent ? parent->children() : QObjectList();
-    m_float = BVPanelFloat::leave(m_widget);
-    if (!m_float)
+    const std::shared_ptr<BVPanelFloat> panelFloat = BVPanelFloat::leave(m_widget);
+    if (!panelFloat)
         return false;
-    addPlaceHolder(newPlace(parent, former));
-    connect(m_float.get(), &BVPanelFloat::sigWindowChanged, this,
-            &ResizeableWidgetHandle::closeEnlarged, Qt::QueuedConnection);
-    connect(mainWidget(), &MainWidget::sigAnimationFinished, this, [this](bool returning) {
-        if (returning)
-            closeEnlarged();
-    });
-    deregisterFromMainWindow();
-    if (self && isFloating())
-        Q_EMIT sigFloatingChanged(true);
+    const QPointer<ResizeableWidgetHandle> self(this);
+    const QVector<QPointer<ResizeableWidgetHandle>> handles = handlesOfWidget();
+    for (const QPointer<ResizeableWidgetHandle> &handle : handles)
+        handle->join(panelFloat);
+    addPlaceHolder();
+    for (const QPointer<ResizeableWidgetHandle> &handle : handles) {
+        if (handle && handle->isFloating())
+            handle->tellFloating();
+    }
     return self && isFloating();
 }
 
-void ResizeableWidgetHandle::addPlaceHolder(QWidget *place)
+void ResizeableWidgetHandle::join(const std::shared_ptr<BVPanelFloat> &panelFloat)
 {
-    if (!place)
-        return;
-    m_placeHolder = new ResizeWidgetPlaceHolder(place);
-    m_placeHolder->standFor(m_widget);
-    auto *layout = new QVBoxLayout(place);
+    m_float = panelFloat;
+    connect(m_float.get(), &BVPanelFloat::sigEnded, this, &ResizeableWidgetHandle::onFloatEnded);
+}
+
+void ResizeableWidgetHandle::tellFloating()
+{
+    const QPointer<ResizeableWidgetHandle> self(this);
+    if (m_registration->isPosted())
+        m_registration->takeBack(m_widget);
+    if (self && isFloating())
+        Q_EMIT sigFloatingChanged(true);
+}
+
+void ResizeableWidgetHandle::onFloatEnded()
+{
+    m_float.reset();
+    m_registration->post(m_widget);
+    placeOverWidget();
+    Q_EMIT sigFloatingChanged(false);
+}
+
+void ResizeableWidgetHandle::addPlaceHolder()
+{
+    auto *holder = new ResizeWidgetPlaceHolder(m_float->place());
+    holder->standFor(m_widget);
+    auto *layout = new QVBoxLayout(m_float->place());
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_placeHolder);
-    connect(m_placeHolder, &ResizeWidgetPlaceHolder::sigCloseRequested, this,
-            &ResizeableWidgetHandle::returnToPlace, Qt::QueuedConnection);
+    layout->addWidget(holder);
+    connect(holder, &ResizeWidgetPlaceHolder::sigCloseRequested, m_float.get(),
+            &BVPanelFloat::returnToPlace, Qt::QueuedConnection);
 }
 
 void ResizeableWidgetHandle::returnToPlace()
 {
     if (isFloating())
-        mainWidget()->setGeometryWithAnimation(m_float->placeRect(), s_duration, true);
-}
-
-void ResizeableWidgetHandle::registerToMainWindow()
-{
-    m_registration.reset(); // takes back what has not arrived yet
-    QWidget *window = Brimvale::mainWindow();
-    if (!window || !m_widget)
-        return;
-    m_registration = std::make_unique<QObject>();
-    auto *event = new RegisterResizeableWidgetInterfaceEvent(this, m_widget, true);
-    event->setGuard(m_registration.get());
-    QCoreApplication::postEvent(window, event);
-}
-
-void ResizeableWidgetHandle::deregisterFromMainWindow()
-{
-    const bool wasRegistered = std::exchange(m_registration, nullptr) != nullptr;
-    QWidget *window = Brimvale::mainWindow();
-    if (!window || !wasRegistered)
-        return;
-    RegisterResizeableWidgetInterfaceEvent event(this, m_widget, false);
-    QCoreApplication::sendEvent(window, &event);
-}
-
-void ResizeableWidgetHandle::postClosed()
-{
-    if (QWidget *window = Brimvale::mainWindow())
-        QCoreApplication::postEvent(window, new ResizeWidgetCloseEvent(m_widget));
+        m_float->returnToPlace();
 }

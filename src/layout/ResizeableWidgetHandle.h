@@ -6,10 +6,12 @@
 #include "layout/ResizeableWidgetInterface.h"
 
 #include <QPointer>
+#include <QVector>
 
 #include <memory>
 
 class BVPanelFloat;
+class BVPanelRegistration;
 class MainWidget;
 class ResizeWidgetPlaceHolder;
 
@@ -26,8 +28,13 @@ class ResizeWidgetPlaceHolder;
 /// Space lets the widget grow as far as the window has room, or return. So does the place holder.
 ///
 /// The main window in the application's property "MainWindow" is told of the widget while that
-/// stands in its layout, and each time that the place holder has closed. The widget belongs to
-/// whatever owns its place. When the handle is deleted, the widget returns first.
+/// stands in its layout, and gets a Brimvale::ResizeWidgetCloseEvent with the widget, posted, each
+/// time that the place holder has closed. The widget belongs to whatever owns its place; when the
+/// program gives it another parent, it stays there and floats no longer. When the last of its
+/// handles is deleted, the widget returns first.
+///
+/// A widget can have several handles, say at an edge and a corner. It floats for all of them at
+/// once, and each registers it.
 class BVWIDGETS_EXPORT ResizeableWidgetHandle :
     public BVResizableWidgetHandle,
     public Brimvale::ResizeableWidgetInterface
@@ -75,23 +82,22 @@ private:
     void onMoveCanceled();
     void onToggleRequested();
 
+    QVector<QPointer<ResizeableWidgetHandle>> handlesOfWidget() const;
     void placeOverWidget();
     QRect availableArea() const;
     QRect currentRect() const;
     QRect grown(const QSize &wanted) const;
-    void moveTo(const QRect &target, int duration);
     bool leavePlace();
-    void addPlaceHolder(QWidget *place);
+    void addPlaceHolder();
     void returnToPlace();
-    void registerToMainWindow();
-    void deregisterFromMainWindow();
-    void postClosed();
+    void join(const std::shared_ptr<BVPanelFloat> &panelFloat);
+    void tellFloating();
+    void onFloatEnded();
 
     QPointer<QWidget> m_widget;
-    QPointer<ResizeWidgetPlaceHolder> m_placeHolder;
-    std::unique_ptr<BVPanelFloat> m_float;   // while the widget floats
-    std::unique_ptr<QObject> m_registration; // the guard of the posted registration
-    QRect m_rectAtPress;                     // in the window's coordinates
-    QSize m_wantedSize;                      // what the drag asks for, within the window or not
+    std::shared_ptr<BVPanelFloat> m_float; // while the widget floats, of all handles of the widget
+    std::unique_ptr<BVPanelRegistration> m_registration; // never null
+    QRect m_rectAtPress;                                 // in the window's coordinates
+    QSize m_wantedSize; // what the drag asks for, within the window or not
     bool m_floatedAtPress = false;
 };

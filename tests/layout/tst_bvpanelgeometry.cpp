@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "layout/BVPanelGeometry_p.h"
 
+#include <QDialog>
 #include <QMainWindow>
 #include <QTest>
 
@@ -135,12 +136,15 @@ void tst_BVPanelGeometry::resized()
 void tst_BVPanelGeometry::hostWindow()
 {
     QWidget top;
-    auto *inner = new QMainWindow(&top, Qt::Widget);
+    auto *inner = new QMainWindow(&top);
+    inner->setWindowFlags(Qt::Widget);
     auto *central = new QWidget;
     inner->setCentralWidget(central);
     QCOMPARE(BVPanelGeometry::hostWindow(central), static_cast<QWidget *>(inner));
     QCOMPARE(BVPanelGeometry::hostWindow(inner), &top);
     QCOMPARE(BVPanelGeometry::hostWindow(&top), &top);
+    QDialog dialog(inner);
+    QCOMPARE(BVPanelGeometry::hostWindow(new QWidget(&dialog)), &dialog);
 }
 
 QTEST_MAIN(tst_BVPanelGeometry)

@@ -7,6 +7,7 @@
 #include "TestSupport.h"
 
 #include <QApplication>
+#include <QDockWidget>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -61,7 +62,8 @@ protected:
             const QString name = interface ? interface->getResizableWidget()->objectName() : "null";
             m_registered << (panel->deregister() ? "+" : "-") + name + (panel->getResizableWidget() ? "" : "()");
         } else if (event->type() == ResizeWidgetCloseEvent::s_customEventType) {
-            m_registered << "close";
+            const QWidget *closed = static_cast<ResizeWidgetCloseEvent *>(event)->getParentWidget();
+            m_registered << "close:" + (closed ? closed->objectName() : QString());
         }
         return QMainWindow::event(event);
     }
@@ -137,7 +139,10 @@ private Q_SLOTS:
     void places_data();
     void places();
     void followsPlace();
+    void movedElsewhere();
     void windowShrinks();
+    void endsInSignal_data();
+    void endsInSignal();
     void deletions_data();
     void deletions();
     void storedState();
@@ -267,6 +272,12 @@ void tst_BVResizableWidget::check()
     QVERIFY(!possible(panel->diagonalHandle(), 5, 5));
     scene.drag(panel->diagonalHandle(), QPoint(30, 30));
     QVERIFY(!panel->isFloating());
+    struct WithoutHandles : BVResizableWidget
+    {
+        Handle *createHandle(Handle::Position /*position*/) override { return nullptr; }
+    } without;
+    without.useDiagonalHandle(true);
+    QVERIFY(!without.hasDiagonalHandle());
 }
 
 void tst_BVResizableWidget::registration()
@@ -279,7 +290,10 @@ void tst_BVResizableWidget::registration()
     scene.drag(scene.m_panel->diagonalHandle(), QPoint(30, 30));
     QCOMPARE(scene.m_window->registered(), QString("-a"));
     scene.m_panel->closeEnlarged();
-    QCOMPARE(scene.m_window->registered(), QString("+a close"));
+    QCOMPARE(scene.m_window->registered(), QString("+a close:a"));
+    scene.drag(scene.m_panel->diagonalHandle(), QPoint(30, 30));
+    scene.drag(scene.m_panel->diagonalHandle(), QPoint(-30, -30));
+    QCOMPARE(scene.m_window->registered(), QString("-a +a close:a")); // whatever brings it back
     delete scene.m_content;
     scene.m_panel->registerResizeableWidgetToMainWindow(false);
     QCOMPARE(scene.m_window->registered(), QString("+a()"));
@@ -362,6 +376,9 @@ void tst_BVResizableWidget::places_data()
     QTest::newRow("scrolled widget") << "scroll" << false;
     QTest::newRow("central widget") << "central" << false;
     QTest::newRow("window") << "window" << false;
+    QTest::newRow("dock") << "dock" << true;
+    QTest::newRow("tab") << "tab" << true;
+    QTest::newRow("splitter that is the window") << "pane" << false;
 }
 
 void tst_BVResizableWidget::places()
@@ -371,11 +388,14 @@ void tst_BVResizableWidget::places()
     auto *panel = new BVResizableWidget;
     const std::unique_ptr<BVResizableWidget> owner(kind == "window" ? panel : nullptr);
     auto *host = new QWidget;
+    QSplitter panes;
+    panes.addWidget(new QLabel("beside"));
+    auto *tabs = new QTabWidget;
     auto *splitter = new QSplitter;
     auto *stack = new QStackedWidget;
     auto *scroll = new QScrollArea;
     auto *outer = new QVBoxLayout(host);
-    for (QWidget *widget : {static_cast<QWidget *>(splitter), static_cast<QWidget *>(stack), static_cast<QWidget *>(scroll)})
+    for (QWidget *widget : {static_cast<QWidget *>(splitter), static_cast<QWidget *>(stack), static_cast<QWidget *>(scroll), static_cast<QWidget *>(tabs)})
         outer->addWidget(widget);
     window.setCentralWidget(host);
     auto *plain = new QWidget(host);
@@ -399,6 +419,16 @@ void tst_BVResizableWidget::places()
         stack->addWidget(panel);
     } else if (kind == "scroll") {
         scroll->setWidget(panel);
+    } else if (kind == "tab") {
+        tabs->addTab(panel, "panel");
+    } else if (kind == "dock") {
+        auto *dock = new QDockWidget;
+        dock->setWidget(panel);
+        window.addDockWidget(Qt::BottomDockWidgetArea, dock);
+    } else if (kind == "pane") {
+        panes.addWidget(panel);
+        panes.resize(600, 500);
+        panes.show();
     } else if (kind == "central") {
         window.setCentralWidget(panel);
     }
@@ -409,7 +439,7 @@ void tst_BVResizableWidget::places()
     const QRect before = panel->geometry();
     const QWidget *parent = panel->parentWidget();
     panel->onResize(panel->size() + QSize(1, 1), QPoint(10, 10)); // all sizes have to fit in the window
-    if (kind != "window" && kind != "central")
+    if (kind != "window" && kind != "central" && kind != "pane")
         panel->onResize(QSize(500, 400), QPoint(10, 10));
     QTEST(panel->isFloating(), "floats");
     QCoreApplication::processEvents();
@@ -420,6 +450,7 @@ void tst_BVResizableWidget::places()
     QVERIFY(panel->isVisible());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!window.findChild<MainWidget *>());
+    QCOMPARE(panes.count(), kind == "pane" ? 2 : 1);
 }
 
 void tst_BVResizableWidget::followsPlace()
@@ -437,6 +468,12 @@ void tst_BVResizableWidget::followsPlace()
     scene.m_host->setEnabled(false);
     QVERIFY(!scene.m_panel->isEnabled());
     scene.m_host->setEnabled(true);
+    scene.m_host->setFont(QFont("Mono", 21));
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::yellow);
+    scene.m_host->setPalette(palette);
+    QCOMPARE(scene.m_content->font().pointSize(), 21);
+    QCOMPARE(scene.m_content->palette().color(QPalette::Base), QColor(Qt::yellow));
     scene.m_panel->hide();
     QVERIFY(!main->isVisible());
     scene.m_panel->show();
@@ -450,6 +487,74 @@ void tst_BVResizableWidget::followsPlace()
     QTRY_VERIFY(!scene.m_panel->isFloating());
     QCOMPARE(scene.m_panel->window(), &other);
     delete scene.m_host;
+}
+
+void tst_BVResizableWidget::movedElsewhere()
+{
+    Scene scene;
+    QWidget other;
+    scene.drag(scene.m_panel->diagonalHandle(), QPoint(30, 30));
+    scene.m_window->registered();
+    QSignalSpy floating(scene.m_panel, &BVResizableWidget::sigFloatingChanged);
+    (new QVBoxLayout(&other))->addWidget(scene.m_panel);
+    QVERIFY(!scene.m_panel->isFloating() && !scene.m_panel->isEnlarged());
+    QCOMPARE(floating.count(), 1);
+    QCOMPARE(scene.m_window->registered(), QString("+a close:a"));
+    QCOMPARE(scene.m_host->findChildren<QWidget *>().size(), 0); // nothing keeps the place
+    other.show();
+    QVERIFY(scene.m_panel->isVisible());
+}
+
+/// The panel goes, or is closed, where it tells of itself while it floats already.
+void tst_BVResizableWidget::endsInSignal_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::addColumn<bool>("deletes");
+    for (const char *how : {"about", "resized", "enlarged", "escape"}) {
+        QTest::addRow("%s, deleted", how) << how << true;
+        QTest::addRow("%s, closed", how) << how << false;
+    }
+}
+
+void tst_BVResizableWidget::endsInSignal()
+{
+    QFETCH(const QString, how);
+    QFETCH(const bool, deletes);
+    Scene scene;
+    scene.m_panel->onResize(QSize(300, 250), QPoint(20, 20));
+    if (how == "escape")
+        scene.m_panel->onToggleEnlarge();
+    Handle *handle = scene.m_panel->diagonalHandle();
+    const QPoint at = handle->mapToGlobal(QPoint(5, 5));
+    const auto mouse = [&](QEvent::Type type, const QPoint &global) {
+        QMouseEvent event(type, handle->mapFromGlobal(global), global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(handle, &event);
+    };
+    if (how == "escape") {
+        mouse(QEvent::MouseButtonPress, at);
+        mouse(QEvent::MouseMove, at - QPoint(50, 50));
+    }
+    bool isFirst = true;
+    const auto end = [&] {
+        if (!std::exchange(isFirst, false))
+            return;
+        if (deletes)
+            delete scene.m_panel;
+        else
+            scene.m_panel->closeEnlarged();
+    };
+    if (how == "about")
+        connect(scene.m_panel, &BVResizableWidget::sigResizedAbout, end);
+    else if (how == "resized")
+        connect(scene.m_panel, &BVResizableWidget::sigResiged, end);
+    else
+        connect(scene.m_panel, &BVResizableWidget::sigEnlargedChanged, end);
+    if (how == "escape")
+        QTest::keyClick(scene.m_window.get(), Qt::Key_Escape);
+    else
+        scene.m_panel->onToggleEnlarge();
+    QCOMPARE(bool(scene.m_panel), !deletes);
+    QVERIFY(!scene.m_panel || !scene.m_panel->isFloating());
 }
 
 void tst_BVResizableWidget::windowShrinks()
@@ -514,8 +619,19 @@ void tst_BVResizableWidget::storedState()
     QVERIFY(scene.m_panel->isEnlarged());
     scene.m_panel->onToggleEnlarge();
     QCOMPARE(scene.rect(), QRect(50, 40, 500, 300));
+    scene.m_panel->setMaximumSize(480, 290);
+    scene.m_panel->setMinimumSize(230, 120);
+    QVERIFY(scene.m_panel->restoreState(enlarged));
+    QCOMPARE(scene.m_panel->size(), QSize(480, 290));
     QVERIFY(scene.m_panel->restoreState(embedded));
     QVERIFY(!scene.m_panel->isFloating());
+    QByteArray tiny = floating;
+    tiny.replace(7, 16, QByteArray("\0\0\0\5\0\0\0\5\0\0\0\6\0\0\0\6", 16)); // two pixels each way
+    QVERIFY(scene.m_panel->restoreState(tiny));
+    QCOMPARE(scene.m_panel->size(), QSize(230, 120));
+    scene.m_panel->setMinimumSize(0, 0);
+    scene.m_panel->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    QVERIFY(scene.m_panel->restoreState(embedded));
     scene.m_window->hide();
     scene.m_window->resize(450, 300);
     QVERIFY(scene.m_panel->restoreState(floating)); // waits until it can be seen
@@ -551,7 +667,9 @@ void tst_BVResizableWidget::scrollArea()
 {
     Scene scene;
     scene.m_content->setMinimumSize(300, 300);
+    scene.m_panel->setStyleSheet("BVResizableWidget[scrollArea=\"true\"] { min-width: 180px; }");
     scene.m_panel->useScrollArea(true);
+    QTRY_COMPARE(scene.m_panel->minimumWidth(), 180); // by the sheet, which hears of the property
     QVERIFY(scene.m_panel->minimumSizeHint().height() < 300);
     QVERIFY(scene.m_panel->findChild<QScrollArea *>()->isAncestorOf(scene.m_content));
     scene.m_panel->useScrollArea(false);
@@ -562,6 +680,10 @@ void tst_BVResizableWidget::scrollArea()
     scene.m_panel->useScrollArea(true);
     scene.m_panel->setContainerWidget(other);
     QVERIFY(!scene.m_content && other->isVisible()); // the former one is gone
+    BVResizableWidget second;
+    second.setContainerWidget(other);
+    scene.m_panel->setContainerWidget(new QLabel("third"));
+    QCOMPARE(second.containerWidget(), other); // it belongs to the second one now
 }
 
 void tst_BVResizableWidget::directions()

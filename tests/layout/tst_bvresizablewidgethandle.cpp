@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDialog>
 #include <QMouseEvent>
 #include <QTest>
 
@@ -46,6 +47,8 @@ private Q_SLOTS:
     void keys_data();
     void keys();
     void escape();
+    void lostRelease_data();
+    void lostRelease();
     void places();
     void splitter_data();
     void splitter();
@@ -112,6 +115,33 @@ void tst_BVResizableWidgetHandle::escape()
     right.send(right.m_handle, QEvent::MouseMove, at + QPoint(20, 0));
     right.send(right.m_handle, QEvent::MouseButtonRelease, at);
     QCOMPARE(right.told(), QString("start 9,0 cancel"));
+}
+
+void tst_BVResizableWidgetHandle::lostRelease_data()
+{
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"elsewhere", "hidden", "disabled", "modal dialog"})
+        QTest::newRow(how) << how;
+}
+
+void tst_BVResizableWidgetHandle::lostRelease()
+{
+    QFETCH(const QString, how);
+    Dragged right(Handle::RightEdge);
+    const QPoint at = right.m_handle->mapToGlobal(QPoint(5, 50));
+    right.send(right.m_handle, QEvent::MouseButtonPress, at);
+    QDialog dialog(&right.m_parent);
+    if (how == "hidden")
+        right.m_parent.hide();
+    else if (how == "disabled")
+        right.m_parent.setEnabled(false);
+    else if (how == "modal dialog")
+        dialog.open();
+    else
+        right.send(right.m_handle, QEvent::MouseMove, at + QPoint(9, 0), Qt::NoButton);
+    QTRY_VERIFY(!right.m_handle->isPressing());
+    right.send(right.m_handle, QEvent::MouseMove, at + QPoint(20, 0));
+    QCOMPARE(right.told(), QString("start cancel"));
 }
 
 void tst_BVResizableWidgetHandle::places()
@@ -190,6 +220,13 @@ void tst_BVResizableWidgetHandle::accessible()
     interface->valueInterface()->setCurrentValue(150);
     interface->actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
     QCOMPARE(right.told(), QString("start -50,0 end start 10,0 end"));
+    right.m_handle->setPosition(Handle::BottomRightCorner);
+    interface->valueInterface()->setCurrentValue(150);
+    interface->actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+    QCOMPARE(right.told(), QString("start -50,0 end start 10,10 end"));
+    Dragged bottom(Handle::BottomEdge, true);
+    interface = QAccessible::queryAccessibleInterface(bottom.m_handle);
+    QCOMPARE(interface->text(QAccessible::Name), QString("Enlarge"));
 }
 
 void tst_BVResizableWidgetHandle::diesOnPress()

@@ -116,6 +116,7 @@ void tst_BVResizeWidget::keys_data()
     QTest::newRow("right") << G::right << none << Keys{Qt::Key_Right} << QRect(100, 100, 210, 200);
     QTest::newRow("left") << G::left << none << Keys{Qt::Key_Left, Qt::Key_Down} << QRect(90, 100, 210, 200);
     QTest::newRow("single pixels") << G::bottom << shift << Keys{Qt::Key_Down} << QRect(100, 100, 200, 201);
+    QTest::newRow("a shortcut's key") << G::right << Qt::KeyboardModifiers(Qt::AltModifier) << Keys{Qt::Key_Right} << QRect(100, 100, 200, 200);
     QTest::newRow("corner, both ways") << G::bottomLeft << none << Keys{Qt::Key_Left, Qt::Key_Down} << QRect(90, 100, 210, 210);
     QTest::newRow("a stopped edge holds not the other") << G::topLeft << none << Keys{Qt::Key_Right, Qt::Key_Up} << QRect(100, 90, 200, 210);
     QTest::newRow("inward at the smallest size") << G::topRight << none << Keys{Qt::Key_Down, Qt::Key_Left} << QRect(100, 100, 200, 200);

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void placeHolder_data();
     void placeHolder();
     void events();
+    void twoHandles();
     void splitter();
     void deletion_data();
     void deletion();
@@ -141,6 +142,7 @@ void tst_ResizeableWidgetHandle::drag_data()
     QTest::newRow("top left") << Handle::TopLeftCorner << Way{{-25, -15}} << false << true << QMargins(25, 15, 0, 0);
     QTest::newRow("past the window's edge") << Handle::LeftEdge << Way{{-400, 0}} << false << true << QMargins(100, 0, 0, 0);
     QTest::newRow("from outside back in") << Handle::LeftEdge << Way{{-400, 0}, {350, 0}} << false << true << QMargins(50, 0, 0, 0);
+    QTest::newRow("beyond all numbers") << Handle::RightEdge << Way{{INT_MAX - 1000, 0}, {INT_MIN + 2, 0}, {9, 0}} << false << false << none;
     QTest::newRow("Escape") << Handle::BottomRightCorner << Way{{30, 40}} << true << false << none;
 }
 
@@ -171,6 +173,7 @@ void tst_ResizeableWidgetHandle::onResize_data()
     QTest::newRow("reaches the status bar's room") << QSize(300, 459) << QPoint(10, 10) << false;
     QTest::newRow("fills what is left of the height") << QSize(300, 458) << QPoint(10, 10) << true;
     QTest::newRow("outside") << QSize(300, 250) << QPoint(-1, 10) << false;
+    QTest::newRow("beyond all numbers") << QSize(INT_MAX, INT_MAX) << QPoint(INT_MAX, INT_MIN) << false;
 }
 
 void tst_ResizeableWidgetHandle::onResize()
@@ -236,6 +239,33 @@ void tst_ResizeableWidgetHandle::events()
     delete early;
     QCoreApplication::processEvents();
     QCOMPARE(m_window->m_log, QString("-?+"));
+}
+
+/// An edge and a corner of one widget: it floats for both, and goes on to do so while one is left.
+void tst_ResizeableWidgetHandle::twoHandles()
+{
+    QPointer<Handle> edge = new Handle(m_text, Handle::RightEdge);
+    QCoreApplication::processEvents();
+    m_window->m_log.clear();
+    const QRect place = inWindow();
+    m_handle->moveBy(QSize(0, 20));
+    edge->moveBy(QSize(30, 0));
+    QVERIFY(edge->isFloating() && edge->mainWidget() == m_handle->mainWidget());
+    QCOMPARE(inWindow(), place + QMargins(0, 0, 30, 20));
+    const Handle late(m_text, Handle::TopEdge);
+    QVERIFY(late.isFloating());
+    delete m_handle;
+    QVERIFY(edge->isFloating() && edge->placeHolder());
+    edge->moveBy(QSize(-30, 0));
+    edge->closeEnlarged();
+    QVERIFY(!edge->isFloating() && !late.isFloating());
+    QCOMPARE(m_text->parentWidget(), m_form);
+    QCoreApplication::processEvents();
+    QCOMPARE(m_window->m_log, QString("--++x"));
+    edge->moveBy(QSize(30, 0));
+    m_text->setParent(m_window->centralWidget()); // by the program
+    QVERIFY(!edge->isFloating() && !late.isFloating());
+    QVERIFY(!m_form->findChild<ResizeWidgetPlaceHolder *>());
 }
 
 void tst_ResizeableWidgetHandle::splitter()
