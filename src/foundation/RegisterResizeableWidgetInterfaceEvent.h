@@ -33,7 +33,8 @@ public:
 
     ResizeableWidgetInterface *getResizeableWidgetInterface() const;
     QWidget *getResizableWidget() const;
-    /// The flag as the constructor was given it: false registers, true takes the registration back.
+    /// The flag as the constructor was given it. The library's own panels give true when they come
+    /// and false when they go.
     bool deregister() const { return m_deregister; }
 
 private:
