@@ -130,16 +130,15 @@ void BVAnimatedTabBar::clearTabs()
     onTabsRemoved(hadCurrent, hadMarked);
 }
 
-/// Tells that tabs are gone, among them perhaps the current and the marked one. Each step may run
-/// slots that delete the bar.
+/// Tells that tabs are gone, among them perhaps the current and the marked one. A slot may delete
+/// the bar.
 void BVAnimatedTabBar::onTabsRemoved(bool isOtherCurrent, bool isOtherMarked)
 {
     onTabsChanged();
-    const QPointer<BVAnimatedTabBar> self = this;
+    m_parts->m_press.dropLost();
     hideOrShow();
-    if (self)
-        m_parts->m_press.dropLost();
-    if (self && isOtherCurrent) {
+    const QPointer<BVAnimatedTabBar> self = this;
+    if (isOtherCurrent) {
         BVTabBarAccessible::announceCurrent(this);
         Q_EMIT currentChanged(currentIndex());
     }
@@ -363,9 +362,9 @@ void BVAnimatedTabBar::changeEvent(QEvent *event)
         onTabsChanged();
         break;
     case QEvent::EnabledChange:
-        update();
         if (!isEnabled())
             cancelInput();
+        update();
         break;
     default:
         break;

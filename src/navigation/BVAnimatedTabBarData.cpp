@@ -236,8 +236,8 @@ void BVAnimatedTabBar::useMenuButton(int index, bool use)
     if (!changeState(m_parts->m_tabs.find(index), BVTab::HasMenuButton, use))
         return;
     onTabsChanged();
+    m_parts->m_press.dropLost();
     QAccessible::State changed;
     changed.hasPopup = true;
     BVTabBarAccessible::announceState(this, index, changed);
-    m_parts->m_press.dropLost();
 }

@@ -60,7 +60,7 @@ void BVAnimatedTabBar::endInput()
     update();
 }
 
-/// The bar can no longer be operated. Slots of its menu may delete it.
+/// The bar can no longer be operated.
 void BVAnimatedTabBar::cancelInput()
 {
     endInput();

@@ -96,7 +96,7 @@ void BVTabPress::cancel()
 void BVTabPress::closeMenu()
 {
     if (m_menu)
-        m_menu->close();
+        QMetaObject::invokeMethod(m_menu.data(), &QWidget::close, Qt::QueuedConnection);
 }
 
 void BVTabPress::click(const BVTabBarLayout::Hit &hit, bool closes)
@@ -187,7 +187,6 @@ void BVTabPress::showMenu(int index, QMenu *menu)
     if (!hasMenuButton(index) || m_isMenuOpen)
         return;
     const int tab = m_tabs->idAt(index);
-    const QPoint corner = menuCorner(index, menu->sizeHint().width());
     const QPointer<BVAnimatedTabBar> bar = m_bar;
     const QPointer<QMenu> opened = menu;
     m_menuDelay.stop();
@@ -196,7 +195,7 @@ void BVTabPress::showMenu(int index, QMenu *menu)
     setMenuTab(tab);
     endHeldPress(index);
     if (bar && opened && m_menuTab == tab) // those who hear of the click may change everything
-        opened->exec(corner);
+        opened->exec(menuCorner(m_tabs->indexOf(tab), opened->sizeHint().width()));
     if (bar)
         menuClosed();
 }

@@ -36,11 +36,11 @@ public:
     /// The user's wish for the tab's menu is not fulfilled, unless the menu is open.
     void refuseMenu(int index);
 
-    // What slots of a menu that closes do may delete the bar.
     /// Ends a press and a menu whose tab or button has gone.
     void dropLost();
     /// Ends the press and the menu.
     void cancel();
+    /// From the event loop, as slots of the menu may change everything.
     void closeMenu();
 
 protected:

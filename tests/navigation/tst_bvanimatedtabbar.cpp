@@ -100,6 +100,12 @@ struct Scene
                 on.isEmpty() ? m_bar->setEnabled(false) : m_bar->setTabEnabled(0, false);
             if (what == "hide" || what == "show")
                 m_bar->setVisible(what == "show");
+            if (what == "delete")
+                delete m_bar.data();
+            if (what == "leave")
+                m_window.hide();
+            if (what == "lonely")
+                m_bar->setHideTabBarForOne(true);
             if (what == "nomenu")
                 m_bar->useMenuButton(0, false);
             if (what == "block") // by a dialog
@@ -148,6 +154,8 @@ private Q_SLOTS:
     void slotsThatDelete();
     void nothingStaysPressed();
     void menusAmongChanges();
+    void menusThatClose_data();
+    void menusThatClose();
     void releaseKeepsView();
     void changes();
     void wheel();
@@ -377,6 +385,59 @@ void tst_BVAnimatedTabBar::menusAmongChanges()
     QTimer::singleShot(0, scene.m_bar, [&] { delete scene.m_bar; });
     scene.m_bar->showMenu(0, menu); // closes with the bar
     QVERIFY(!menu.isVisible() && !scene.m_bar);
+}
+
+void tst_BVAnimatedTabBar::menusThatClose_data()
+{
+    QTest::addColumn<QString>("atShow");
+    QTest::addColumn<QString>("steps");
+    QTest::addColumn<QString>("atHide");
+    QTest::addColumn<QString>("log");
+    QTest::newRow("bar gets hidden") << ""
+                                     << "hide"
+                                     << "delete"
+                                     << "";
+    QTest::newRow("window gets hidden") << ""
+                                        << "leave"
+                                        << "delete"
+                                        << "";
+    QTest::newRow("one tab left") << ""
+                                  << "lonely, remove d, remove c, remove b"
+                                  << "delete"
+                                  << "";
+    QTest::newRow("bar goes") << ""
+                              << "delete"
+                              << "delete"
+                              << "";
+    QTest::newRow("tab goes before it shows") << "remove a"
+                                              << ""
+                                              << ""
+                                              << "current 0 ";
+    QTest::newRow("next tab goes as well") << ""
+                                           << "remove a"
+                                           << "remove a"
+                                           << "current 0 current 1 ";
+}
+
+/// Whatever closes a menu, its slots may do what they like.
+void tst_BVAnimatedTabBar::menusThatClose()
+{
+    QFETCH(QString, atShow);
+    QFETCH(QString, steps);
+    QFETCH(QString, atHide);
+    Scene scene;
+    QMenu menu;
+    menu.addAction("action");
+    connect(&menu, &QMenu::aboutToShow, [&] { scene.run(atShow); });
+    connect(&menu, &QMenu::aboutToHide, [&] { scene.run(atHide); });
+    QTimer::singleShot(0, &menu, [&] { scene.run(steps); });
+    QTimer::singleShot(3000, &menu, [&] {
+        scene.m_log += "stayed open ";
+        menu.close();
+    });
+    scene.m_bar->showMenu(0, menu);
+    QCOMPARE(scene.m_bar.isNull(), atHide == "delete");
+    QTEST(scene.m_log, "log");
 }
 
 void tst_BVAnimatedTabBar::releaseKeepsView()
