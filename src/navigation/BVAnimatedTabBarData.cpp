@@ -42,8 +42,6 @@ void BVAnimatedTabBar::setTabEnabled(int index, bool enabled)
 {
     if (!changeState(m_parts->m_tabs.find(index), BVTab::Disabled, !enabled))
         return;
-    if (!enabled)
-        m_parts->m_press.refuseMenu(index);
     update();
     QAccessible::State changed;
     changed.disabled = true;

@@ -174,14 +174,6 @@ void BVTabPress::requestMenu()
         setMenuTab(-1); // nobody has opened a menu
 }
 
-void BVTabPress::refuseMenu(int index)
-{
-    if (!m_menuDelay.isActive() || m_tabs->idAt(index) != m_menuTab)
-        return;
-    m_menuDelay.stop();
-    setMenuTab(-1);
-}
-
 void BVTabPress::showMenu(int index, QMenu *menu)
 {
     if (!hasMenuButton(index) || m_isMenuOpen)

@@ -33,8 +33,6 @@ public:
     void askForMenu(int index);
     /// The menu and the bar may be deleted meanwhile.
     void showMenu(int index, QMenu *menu);
-    /// The user's wish for the tab's menu is not fulfilled, unless the menu is open.
-    void refuseMenu(int index);
 
     /// Ends a press and a menu whose tab or button has gone.
     void dropLost();

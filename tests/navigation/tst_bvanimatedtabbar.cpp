@@ -232,7 +232,7 @@ void tst_BVAnimatedTabBar::input_data()
     QTest::newRow("menu button goes") << "click av, nomenu, settle"
                                       << "";
     QTest::newRow("tab gets disabled") << "click av, disable a, settle"
-                                       << "";
+                                       << "menu 0 "; // is current
     QTest::newRow("bar gets disabled") << "click av, disable, settle"
                                        << "";
     QTest::newRow("bar gets hidden") << "click av, hide, settle"
