@@ -84,6 +84,8 @@ void BVTabPress::endPress()
 {
     m_menuDelay.stop();
     lift(m_pressed);
+    if (m_menu && !m_menu->isVisible()) // what its action does takes longer, such as a dialog
+        setMenuTab(-1);
 }
 
 void BVTabPress::cancel()

@@ -156,6 +156,7 @@ private Q_SLOTS:
     void menusAmongChanges();
     void menusThatClose_data();
     void menusThatClose();
+    void menuActionGoesOn();
     void releaseKeepsView();
     void changes();
     void wheel();
@@ -438,6 +439,23 @@ void tst_BVAnimatedTabBar::menusThatClose()
     scene.m_bar->showMenu(0, menu);
     QCOMPARE(scene.m_bar.isNull(), atHide == "delete");
     QTEST(scene.m_log, "log");
+}
+
+/// The menu button is pressed no longer than the menu is open, though its action may show a dialog.
+void tst_BVAnimatedTabBar::menuActionGoesOn()
+{
+    Scene scene;
+    scene.m_bar->clearFocus();
+    const QImage idle = scene.m_bar->grab().toImage();
+    QImage meanwhile;
+    QMenu menu;
+    QAction *action = menu.addAction("action", [&] {
+        scene.run("block");
+        meanwhile = scene.m_bar->grab().toImage();
+    });
+    QTimer::singleShot(0, &menu, [&] { QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center()); });
+    scene.m_bar->showMenu(0, menu);
+    QVERIFY(meanwhile == idle);
 }
 
 void tst_BVAnimatedTabBar::releaseKeepsView()
