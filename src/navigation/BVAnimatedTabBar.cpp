@@ -335,7 +335,6 @@ bool BVAnimatedTabBar::event(QEvent *event)
             return true;
         break;
     case QEvent::WindowBlocked:
-    case QEvent::UngrabMouse:
         endInput();
         break;
     case QEvent::LayoutRequest: // a tool button has changed

@@ -51,19 +51,14 @@ int stepped(const BVTabList &tabs, int steps)
 /// The press is over, also if its release does not come.
 void BVAnimatedTabBar::endInput()
 {
-    const bool hasScrolled = m_parts->m_autoScroll.stop();
-    const bool showsCurrent = m_parts->m_press.hasSelected() && !hasScrolled;
+    m_parts->m_autoScroll.stop();
     m_parts->m_press.endPress();
-    if (!showsCurrent)
-        return;
-    m_parts->m_geometry.show(currentIndex());
-    update();
 }
 
 /// The bar can no longer be operated.
 void BVAnimatedTabBar::cancelInput()
 {
-    endInput();
+    m_parts->m_autoScroll.stop();
     m_parts->m_press.cancel();
 }
 
@@ -85,14 +80,8 @@ void BVAnimatedTabBar::mouseReleaseEvent(QMouseEvent *event)
         event->ignore();
         return;
     }
-    const bool hasScrolled = m_parts->m_autoScroll.stop();
-    const bool showsCurrent = m_parts->m_press.hasSelected() && !hasScrolled;
-    const QPointer<BVAnimatedTabBar> self = this;
+    m_parts->m_autoScroll.stop();
     m_parts->m_press.release(event->pos());
-    if (!self || !showsCurrent)
-        return;
-    m_parts->m_geometry.show(currentIndex());
-    update();
 }
 
 void BVAnimatedTabBar::mouseDoubleClickEvent(QMouseEvent *event)

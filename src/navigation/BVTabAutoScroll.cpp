@@ -3,11 +3,10 @@
 
 #include "navigation/BVTabBarGeometry_p.h"
 #include "navigation/BVTabHover_p.h"
+#include "navigation/BVTabPress_p.h"
 
 #include <QTimerEvent>
 #include <QWidget>
-
-#include <utility>
 
 using BVTabBarLayout::Part;
 
@@ -19,10 +18,12 @@ constexpr int s_jump = 45;     // px for the press on an arrow itself
 
 } // namespace
 
-BVTabAutoScroll::BVTabAutoScroll(QWidget *bar, BVTabBarGeometry *geometry, BVTabHover *hover)
+BVTabAutoScroll::BVTabAutoScroll(QWidget *bar, BVTabBarGeometry *geometry, BVTabHover *hover,
+                                 BVTabPress *press)
     : m_bar(bar)
     , m_geometry(geometry)
     , m_hover(hover)
+    , m_press(press)
 {
 }
 
@@ -47,11 +48,10 @@ void BVTabAutoScroll::drag(const QPoint &position)
         start(m_bar->isRightToLeft() ? -side : side);
 }
 
-bool BVTabAutoScroll::stop()
+void BVTabAutoScroll::stop()
 {
     m_timer.stop();
     m_isOnArrow = false;
-    return std::exchange(m_hasScrolled, false);
 }
 
 void BVTabAutoScroll::start(int direction)
@@ -69,7 +69,7 @@ void BVTabAutoScroll::step(int distance)
         m_timer.stop();
         return;
     }
-    m_hasScrolled = true;
+    m_press->keepView();
     m_hover->correctHoveringState();
     m_bar->update();
 }

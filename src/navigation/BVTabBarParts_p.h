@@ -21,7 +21,7 @@ public:
         , m_animation(bar)
         , m_hover(bar, &m_tabs, &m_geometry, &m_animation)
         , m_press(bar, &m_tabs, &m_geometry)
-        , m_autoScroll(bar, &m_geometry, &m_hover)
+        , m_autoScroll(bar, &m_geometry, &m_hover, &m_press)
     {
     }
 

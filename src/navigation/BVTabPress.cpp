@@ -9,6 +9,8 @@
 #include <QMenu>
 #include <QTimerEvent>
 
+#include <utility>
+
 using BVTabBarLayout::Part;
 
 namespace {
@@ -28,7 +30,7 @@ QString clickRecord(int index, const BVTab &tab, bool isClosePressed)
 
 } // namespace
 
-BVTabPress::BVTabPress(BVAnimatedTabBar *bar, BVTabList *tabs, const BVTabBarGeometry *geometry)
+BVTabPress::BVTabPress(BVAnimatedTabBar *bar, BVTabList *tabs, BVTabBarGeometry *geometry)
     : m_bar(bar)
     , m_tabs(tabs)
     , m_geometry(geometry)
@@ -37,7 +39,6 @@ BVTabPress::BVTabPress(BVAnimatedTabBar *bar, BVTabList *tabs, const BVTabBarGeo
 
 void BVTabPress::press(const QPoint &position)
 {
-    endPress(); // its release has got lost
     const BVTabBarLayout::Hit hit = BVTabBarLayout::hitAt(m_geometry->layout(), position);
     m_pressed = m_tabs->idAt(hit.m_index);
     if (m_pressed < 0)
@@ -118,7 +119,10 @@ void BVTabPress::click(const BVTabBarLayout::Hit &hit, bool closes)
 void BVTabPress::lift(int tab)
 {
     m_pressed = -1;
-    m_hasSelected = false;
+    if (std::exchange(m_hasSelected, false)) {
+        m_geometry->show(m_tabs->current());
+        m_bar->update();
+    }
     setState(tab, BVTab::ClosePressed, false);
     if (!isMenuPending())
         setMenuTab(-1);
@@ -152,7 +156,7 @@ void BVTabPress::timerEvent(QTimerEvent * /*event*/)
 {
     m_menuDelay.stop();
     const int index = m_tabs->indexOf(m_menuTab);
-    if (index == m_tabs->current() && hasMenuButton(index) && m_bar->isEnabled())
+    if (index == m_tabs->current() && hasMenuButton(index))
         requestMenu();
     else
         setMenuTab(-1); // the user has gone on
@@ -220,10 +224,8 @@ QPoint BVTabPress::menuCorner(int index, int menuWidth) const
 
 void BVTabPress::dropLost()
 {
-    if (m_tabs->indexOf(m_pressed) < 0) {
-        m_pressed = -1;
-        m_hasSelected = false;
-    }
+    if (m_pressed >= 0 && m_tabs->indexOf(m_pressed) < 0)
+        lift(m_pressed);
     if (m_menuTab < 0 || hasMenuButton(m_tabs->indexOf(m_menuTab)))
         return;
     m_menuDelay.stop();

@@ -19,7 +19,7 @@ class QMenu;
 class BVTabPress : public QObject
 {
 public:
-    BVTabPress(BVAnimatedTabBar *bar, BVTabList *tabs, const BVTabBarGeometry *geometry);
+    BVTabPress(BVAnimatedTabBar *bar, BVTabList *tabs, BVTabBarGeometry *geometry);
 
     void press(const QPoint &position);
     void release(const QPoint &position);
@@ -29,6 +29,8 @@ public:
     bool isPressing() const { return m_pressed >= 0; }
     /// The press has made another tab the current one, which stays where it is until the end.
     bool hasSelected() const { return m_hasSelected; }
+    /// Leaves the tabs where the user scrolls them during the press.
+    void keepView() { m_hasSelected = false; }
     /// Asks at once for the menu of a tab that has a menu button.
     void askForMenu(int index);
     /// The menu and the bar may be deleted meanwhile.
@@ -60,7 +62,7 @@ private:
 
     BVAnimatedTabBar *m_bar;
     BVTabList *m_tabs;
-    const BVTabBarGeometry *m_geometry;
+    BVTabBarGeometry *m_geometry;
     QBasicTimer m_menuDelay;
     int m_pressed = -1; // the id of the tab under the press; -1 when released
     bool m_hasSelected = false;
