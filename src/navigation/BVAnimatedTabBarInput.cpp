@@ -10,11 +10,12 @@
 #include <QPointer>
 
 #include <cstdlib>
+#include <optional>
 
 namespace {
 
-/// The tab that a key leads to from the current one; -1 if it leads nowhere.
-int targetOf(int key, const BVTabList &tabs, bool rightToLeft)
+/// The tab that a key leads to from the current one, -1 at the end; nothing for other keys.
+std::optional<int> targetOf(int key, const BVTabList &tabs, bool rightToLeft)
 {
     switch (key) {
     case Qt::Key_Left:
@@ -26,13 +27,8 @@ int targetOf(int key, const BVTabList &tabs, bool rightToLeft)
     case Qt::Key_End:
         return tabs.nextEnabled(tabs.count(), -1);
     default:
-        return -1;
+        return std::nullopt;
     }
-}
-
-bool isTargetKey(int key)
-{
-    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Home || key == Qt::Key_End;
 }
 
 /// The tab so many enabled tabs from the current one, or the last one on the way.
@@ -130,13 +126,13 @@ void BVAnimatedTabBar::wheelEvent(QWheelEvent *event)
 void BVAnimatedTabBar::keyPressEvent(QKeyEvent *event)
 {
     m_parts->m_hover.cancelToolTip();
-    const BVTabList &tabs = m_parts->m_tabs;
+    const auto target = targetOf(event->key(), m_parts->m_tabs, isRightToLeft());
     const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
     const bool isMenuKey = event->modifiers() == Qt::AltModifier && event->key() == Qt::Key_Down;
     const bool isCloseKey =
         isPlain && event->key() == Qt::Key_Delete && hasCloseButton(currentIndex());
-    if (isPlain && isTargetKey(event->key()))
-        setCurrentIndex(targetOf(event->key(), tabs, isRightToLeft()));
+    if (isPlain && target)
+        setCurrentIndex(*target);
     else if ((isCloseKey || isMenuKey) && event->isAutoRepeat())
         return; // holding the key down asks once
     else if (isCloseKey)
