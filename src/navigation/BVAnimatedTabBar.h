@@ -46,8 +46,9 @@ class QToolButton;
 /// **Pointer.** Pressing a tab makes it current, unless it is disabled. A tab's menu button works
 /// only on the current tab: 100 ms after the press menuButtonClicked() asks for the menu, which
 /// showMenu() opens, unless the bar or the button cannot be used any more. A disabled tab's buttons
-/// work while it is the current one. A press whose release goes elsewhere, as to a dialog, comes to
-/// nothing. Dragging a pressed pointer past an end of the tabs scrolls them. The wheel changes the
+/// work while it is the current one. A press that is released off its tab, or during which a dialog
+/// opens, even one that a slot of currentChanged() shows, asks neither to close the tab nor for its
+/// menu. Dragging a pressed pointer past an end of the tabs scrolls them. The wheel changes the
 /// current tab while the bar has the focus and never wraps; without focus it is left to the page. A
 /// double click on a tab's button counts as two presses of it and emits no doubleClicked(). The
 /// tool tip comes after the style's usual delay, in the active window only, and not after a press
