@@ -7,7 +7,7 @@ namespace BVTabBarLayout {
 
 namespace {
 
-constexpr int s_sidePadding = 16;  // px; the status dot stands in it
+constexpr int s_sidePadding = 18;  // px; the status dot stands in it
 constexpr int s_buttonPadding = 7; // px between a button and the end of the tab
 constexpr int s_buttonGap = 2;     // px between buttons
 constexpr int s_gap = 6;           // px between icon, text and buttons
