@@ -16,6 +16,19 @@ constexpr int s_interval = 16; // ms
 constexpr int s_distance = 9;  // px per interval
 constexpr int s_jump = 45;     // px for the press on an arrow itself
 
+/// The room between the arrows. At the edge of a screen there is nothing beyond them to drag to.
+QRect innerArea(const BVTabBarLayout::Result &layout)
+{
+    QRect area = layout.m_area;
+    for (const QRect &arrow : {layout.m_backArrow, layout.m_forwardArrow}) {
+        if (!arrow.isEmpty() && arrow.left() == area.left())
+            area.setLeft(arrow.right() + 1);
+        else if (!arrow.isEmpty())
+            area.setRight(arrow.left() - 1);
+    }
+    return area;
+}
+
 } // namespace
 
 BVTabAutoScroll::BVTabAutoScroll(QWidget *bar, BVTabBarGeometry *geometry, BVTabHover *hover,
@@ -40,7 +53,7 @@ void BVTabAutoScroll::drag(const QPoint &position)
 {
     if (m_isOnArrow)
         return;
-    const QRect area = m_geometry->layout().m_area;
+    const QRect area = innerArea(m_geometry->layout());
     const int side = position.x() < area.left() ? -1 : int(position.x() > area.right());
     if (side == 0)
         m_timer.stop();

@@ -469,6 +469,11 @@ void tst_BVAnimatedTabBar::releaseKeepsView()
     QVERIFY(scrolled.right() >= 200);
     QTest::mouseClick(scene.m_bar, Qt::LeftButton, {}, QPoint(100, 1)); // above the tabs
     QCOMPARE(scene.m_bar->getTabRect(3), scrolled);
+    QTest::mousePress(scene.m_bar, Qt::LeftButton, {}, QPoint(100, 20));
+    QMouseEvent move(QEvent::MouseMove, QPoint(196, 20), Qt::NoButton, Qt::LeftButton, {}); // over the other arrow
+    QApplication::sendEvent(scene.m_bar, &move);
+    QTRY_VERIFY(scene.m_bar->getTabRect(3).right() < 200);
+    QTest::mouseRelease(scene.m_bar, Qt::LeftButton, {}, QPoint(196, 20));
     scene.m_log.clear();
     QTest::mouseDClick(scene.m_bar, Qt::LeftButton, {}, arrow);
     QTest::mouseRelease(scene.m_bar, Qt::LeftButton, {}, arrow);
