@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "itemviews/BVContainerListControl.h"
 
+#include "itemviews/BVDelegateManager.h"
 #include "itemviews/BVDragTreeWidget.h"
 #include "itemviews/BVDropRules_p.h"
+#include "itemviews/BVItemDelegate.h"
 #include "itemviews/BVListToolBar_p.h"
 #include "itemviews/BVPlannelData_p.h"
 #include "itemviews/BVTreeItemMove_p.h"
@@ -272,7 +274,11 @@ void BVContainerListControl::moveDown()
 bool BVContainerListControl::isRenamable(const QTreeWidgetItem *item) const
 {
     constexpr Qt::ItemFlags needed = Qt::ItemIsEditable | Qt::ItemIsEnabled;
-    return m_editable && item && (item->flags() & needed) == needed;
+    if (!m_editable || !item || (item->flags() & needed) != needed)
+        return false;
+    const QModelIndex index = m_tree->indexFromItem(item, qMax(0, m_tree->currentColumn()));
+    const BVItemDelegate *delegate = BVDelegateManager::itemDelegateOf(m_tree, index);
+    return !delegate || delegate->isEditable(index);
 }
 
 void BVContainerListControl::rename()

@@ -3,6 +3,8 @@
 #include "itemviews/BVDragAndDropManager.h"
 #include "itemviews/BVDragTreeWidget.h"
 
+#include "foundation/BVWidgetStatus.h"
+
 #include "TestSupport.h"
 #include "TreeText.h"
 
@@ -374,6 +376,9 @@ void tst_BVContainerListControl::readOnly()
     QCOMPARE(list.tree()->editTriggers(), triggers);
     list.button("Rename")->click();
     QVERIFY(isEditing());
+
+    list.tree()->currentItem()->setData(0, BVWidgetStatus::s_itemRole, int(BVWidgetStatus::StandardLocked));
+    QTRY_VERIFY(!list.button("Rename")->isEnabled());
 }
 
 void tst_BVContainerListControl::ownerKeepsRows()
