@@ -165,16 +165,19 @@ void HardeningCurve::paintAxes(QPainter &painter, const Plot &plot) const
         painter.drawLine(QPointF(area.left() - s_tick, y), QPointF(area.left(), y));
         painter.setPen(text);
         painter.drawText(QRectF(0, y - line, area.left() - s_tick - s_gap, 2 * line),
-                         Qt::AlignRight | Qt::AlignVCenter, number(i * plot.stresses.step));
+                         Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter,
+                         number(i * plot.stresses.step));
     }
     painter.setPen(axis);
     painter.drawLine(area.topLeft(), area.bottomLeft());
     painter.drawLine(area.bottomLeft(), area.bottomRight());
     painter.setPen(text);
     painter.drawText(QRectF(s_gap, 0, area.right(), area.top() - s_gap),
-                     Qt::AlignLeft | Qt::AlignVCenter, tr("Stress \u03c3 [%1]").arg(plot.unit));
+                     Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter,
+                     tr("Stress \u03c3 [%1]").arg(plot.unit));
     painter.drawText(QRectF(area.left(), area.bottom() - line - s_gap, area.width() - s_gap, line),
-                     Qt::AlignRight | Qt::AlignVCenter, tr("Plastic strain \u03b5"));
+                     Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter,
+                     tr("Plastic strain \u03b5"));
 }
 
 void HardeningCurve::paintYieldStress(QPainter &painter, const Plot &plot) const
@@ -187,7 +190,7 @@ void HardeningCurve::paintYieldStress(QPainter &painter, const Plot &plot) const
     painter.drawLine(QPointF(plot.area.left(), y), QPointF(plot.area.right(), y));
     painter.setPen(color);
     painter.drawText(QRectF(plot.area.left(), y - 31, plot.area.width() - s_gap, 30),
-                     Qt::AlignRight | Qt::AlignBottom,
+                     Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignBottom,
                      tr("Yield stress \u03c3\u2080 = %1").arg(plot.text(m_yieldStress)));
 }
 
@@ -211,7 +214,7 @@ void HardeningCurve::paintPointer(QPainter &painter, const Plot &plot) const
     painter.drawEllipse(QPointF(plot.x(m_pointed), plot.y(stress)), s_dot, s_dot);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(QRectF(0, 0, plot.area.right(), plot.area.top() - s_gap),
-                     Qt::AlignRight | Qt::AlignVCenter,
+                     Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter,
                      QStringLiteral("\u03b5 = %1, \u03c3 = %2")
                          .arg(QString::number(m_pointed, 'f', 3), plot.text(stress)));
 }

@@ -21,6 +21,8 @@ StepHeader::StepHeader(QWidget *parent)
     setObjectName(QStringLiteral("bv_step_header"));
     m_title->setProperty("header", true);
     m_hint->setProperty("hint", true);
+    for (BVLabel *label : {m_title, m_hint}) // names come from the user
+        label->setTextFormat(Qt::PlainText);
     m_hint->setWordWrap(true);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(s_margin, s_padding, s_margin, s_padding);
