@@ -31,6 +31,8 @@ BVResizableWidget::~BVResizableWidget()
 {
     if (m_registration->isPosted() && !isFloating())
         registerResizeableWidgetToMainWindow(true);
+    if (m_float)
+        m_float->forgetPanel();
 }
 
 // Content
@@ -52,6 +54,8 @@ void BVResizableWidget::setContainerWidget(QWidget *container, bool registerPane
 
 void BVResizableWidget::useScrollArea(bool on)
 {
+    if (m_container && !isAncestorOf(m_container))
+        m_container = nullptr; // it belongs to others now
     m_scroll->manageScrollAreas(on, m_container);
     m_handles->updateContainerWidgetLayoutPosition(m_scroll->standIn(m_container));
     PropertyChangeFilter::repolishPost(this);
@@ -210,7 +214,7 @@ bool BVResizableWidget::isFloating() const
 void BVResizableWidget::onMoveStarted()
 {
     m_rectAtPress = currentRect();
-    m_floatedAtPress = isFloating();
+    m_floatedAtPress = isFloating() && !mainWidget()->isReturning();
     m_enlargedAtPress = m_enlarged;
     m_isFirstMove = true;
     if (isFloating())
@@ -252,7 +256,8 @@ void BVResizableWidget::onMoveCanceled()
     if (!self || !isFloating())
         return;
     if (floated)
-        mainWidget()->setGeometryWithAnimation(rect, 0, false);
+        mainWidget()->setGeometryWithAnimation(
+            BVPanelGeometry::clamped(mainWidget()->availableArea(), rect), 0, false);
     else
         m_float->comeBack();
 }
@@ -294,7 +299,7 @@ void BVResizableWidget::onResize(QSize size, QPoint relativePosition)
     if (size.isNull() || !isLarger(size, containerSize()))
         return;
     if (horizontalHandle() && horizontalAnchorPosition() == AnchorRight && lastSize().isValid())
-        size.rwidth() += width() - lastSize().width();
+        size.rwidth() = qMin(size.width() + width() - lastSize().width(), maximumWidth());
     if (!m_handles->dragsHeight())
         size.setHeight(height());
     const QRect target(plausible(relativePosition), plausible(size));

@@ -21,9 +21,10 @@ class MainWidget;
 ///
 /// When a drag asks for more room than the panel has, the panel leaves its layout, where a place
 /// holder keeps its place, and floats over its main window: the nearest QMainWindow around it, or
-/// its top-most widget. A drag is limited to the window; it never makes the panel smaller than its
-/// place, and a panel dragged back to that size returns when the handle is let go. A request that
-/// the window has no room for leaves the panel where it is.
+/// its top-most widget. So a panel in a dialog or in an undocked dock floats in that window; it
+/// returns when the dock is docked or undocked. A drag is limited to the window; it never makes the
+/// panel smaller than its place, and a panel dragged back to that size returns when the handle is
+/// let go. A request that the window has no room for leaves the panel where it is.
 ///
 /// It floats from where its place can be kept: a splitter, a stack, a dock, the toolkit's other
 /// layouts or a parent without one; not from a scroll area or the middle of a main window, nor in a
@@ -85,7 +86,8 @@ public:
     BVResizableWidgetHandle *horizontalHandle() const;
     BVResizableWidgetHandle *diagonalHandle() const;
 
-    /// Lets the container scroll when the panel is smaller than it.
+    /// Lets the container scroll when the panel is smaller than it. One that has left the panel is
+    /// let go.
     void useScrollArea(bool on);
     bool hasScrollArea() const;
 

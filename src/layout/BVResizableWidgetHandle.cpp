@@ -255,10 +255,10 @@ void BVResizableWidgetHandle::mouseMoveEvent(QMouseEvent *event)
     if (!m_pressing)
         return QFrame::mouseMoveEvent(event);
     event->accept();
-    if (event->buttons() & Qt::LeftButton)
-        move(event->globalPos());
-    else
+    if (event->spontaneous() && !(event->buttons() & Qt::LeftButton))
         cancelMove(); // the release has gone elsewhere
+    else
+        move(event->globalPos());
 }
 
 void BVResizableWidgetHandle::mouseReleaseEvent(QMouseEvent *event)

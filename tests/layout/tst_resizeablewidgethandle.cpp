@@ -63,6 +63,9 @@ private Q_SLOTS:
     void events();
     void twoHandles();
     void splitter();
+    void lastHandle_data();
+    void lastHandle();
+    void floatsAgain();
     void deletion_data();
     void deletion();
     void scrollArea_data();
@@ -283,6 +286,62 @@ void tst_ResizeableWidgetHandle::splitter()
     m_handle->closeEnlarged();
     QCOMPARE(splitter->widget(1), m_text);
     QCOMPARE(splitter->sizes(), sizes);
+}
+
+/// Whenever the last handle goes, the widget comes back; one that is taken elsewhere has gone, too.
+void tst_ResizeableWidgetHandle::lastHandle_data()
+{
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"deleted when it floats", "taken away", "taken away before", "taken away and deleted"})
+        QTest::newRow(how) << how;
+}
+
+void tst_ResizeableWidgetHandle::lastHandle()
+{
+    QFETCH(const QString, how);
+    const QPointer<QWidget> text = m_text;
+    QString told;
+    connect(m_handle, &Handle::sigFloatingChanged, [&](bool floating) {
+        told += floating ? '+' : '-';
+        if (how == "deleted when it floats")
+            delete m_handle;
+    });
+    if (how == "taken away before")
+        m_handle->setParent(m_form);
+    m_handle->onResize(QSize(300, 250), QPoint(10, 10));
+    if (how.startsWith("taken away"))
+        m_handle->setParent(m_form);
+    if (how == "taken away and deleted")
+        delete m_handle;
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(text && text->parentWidget() == m_form && text->isVisible());
+    QVERIFY(!m_form->findChild<ResizeWidgetPlaceHolder *>() && !m_window->findChild<MainWidget *>());
+    QCOMPARE(m_window->m_log.right(1), QString(m_window->m_log.contains('x') ? "x" : "-"));
+    QCOMPARE(told, QString(how == "taken away before" ? "" : how == "deleted when it floats" ? "+" : "+-"));
+    if (m_handle) {
+        m_handle->onResize(QSize(300, 250), QPoint(10, 10));
+        QVERIFY(!m_handle->isFloating() && m_handle->getResizableWidget() == m_handle);
+    }
+}
+
+/// All handles hear of both times, and the main window of no end between.
+void tst_ResizeableWidgetHandle::floatsAgain()
+{
+    Handle second(m_text, Handle::RightEdge);
+    QString told;
+    connect(&second, &Handle::sigFloatingChanged, [&](bool floating) { told += floating ? '+' : '-'; });
+    m_handle->onResize(QSize(300, 250), QPoint(10, 10));
+    const auto connection = connect(m_handle, &Handle::sigFloatingChanged, [&](bool floating) {
+        if (!floating)
+            m_handle->onResize(QSize(300, 250), QPoint(10, 10));
+    });
+    m_handle->closeEnlarged();
+    disconnect(connection);
+    QCoreApplication::processEvents();
+    QVERIFY(m_handle->isFloating() && second.isFloating());
+    QCOMPARE(told, QString("+-+"));
+    QVERIFY(!m_window->m_log.contains('x'));
 }
 
 void tst_ResizeableWidgetHandle::deletion_data()
