@@ -11,6 +11,7 @@
 
 #include <memory>
 
+class BVPanelDrag;
 class BVPanelFloat;
 class BVPanelHandles;
 class BVPanelRegistration;
@@ -174,6 +175,7 @@ private:
 
     QSize containerSize() const;
     QRect currentRect() const;
+    void growTo(const QSize &wanted);
     QRect grown(const QSize &wanted) const;
     QRect restored(const QRect &rect) const;
     QRect availableArea() const;
@@ -188,13 +190,10 @@ private:
     std::unique_ptr<BVPanelFloat> m_float;     // the place and the main widget while floating
     std::unique_ptr<BVPanelScroll> m_scroll;   // never null
     std::unique_ptr<BVPanelRegistration> m_registration; // never null
+    std::unique_ptr<BVPanelDrag> m_drag;                 // never null
     QVariantMap m_mainWidgetProperties;
     QByteArray m_pendingState; // applied when the panel is shown
-    QRect m_rectAtPress;       // in the window's coordinates
-    QSize m_wantedSize;        // what the drag asks for, within the window or not
     QRect m_lastRect;          // what the enlarged size goes back to, in the window's coordinates
-    bool m_isFirstMove = true; // of the drag
-    bool m_floatedAtPress = false;
     bool m_enlargedAtPress = false;
     bool m_enlarged = false;
     bool m_lastWasEmbedded = false; // the last size is that of the place

@@ -88,8 +88,7 @@ void MainWidget::skipAnimation()
 
 QRect MainWidget::availableArea() const
 {
-    return BVPanelGeometry::availableArea(parentWidget()->size(),
-                                          parentWidget()->contentsMargins());
+    return BVPanelGeometry::availableArea(parentWidget());
 }
 
 void MainWidget::onAnimationFinished()

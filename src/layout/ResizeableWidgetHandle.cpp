@@ -3,6 +3,7 @@
 
 #include "layout/BVFloatOwner_p.h"
 #include "layout/BVHandleAccessible_p.h"
+#include "layout/BVPanelDrag_p.h"
 #include "layout/BVPanelFloat_p.h"
 #include "layout/BVPanelGeometry_p.h"
 #include "layout/BVPanelRegistration_p.h"
@@ -19,6 +20,7 @@ ResizeableWidgetHandle::ResizeableWidgetHandle(QWidget *widget, Position positio
     : BVResizableWidgetHandle(position, widget)
     , m_widget(widget)
     , m_registration(std::make_unique<BVPanelRegistration>(this))
+    , m_drag(std::make_unique<BVPanelDrag>())
 {
     connect(this, &BVResizableWidgetHandle::sigMoveStarted, this,
             &ResizeableWidgetHandle::onMoveStarted);
@@ -84,7 +86,8 @@ void ResizeableWidgetHandle::onResize(QSize size, QPoint relativePosition)
         return;
     // A widget that has no room to grow does not leave its layout first.
     const QRect target(plausible(relativePosition), plausible(size));
-    if (BVPanelGeometry::fits(availableArea(), target) && (isFloating() || leavePlace()))
+    const QRect area = BVPanelGeometry::availableArea(BVPanelGeometry::hostWindow(m_widget));
+    if (BVPanelGeometry::fits(area, target) && (isFloating() || leavePlace()))
         mainWidget()->setGeometryWithAnimation(target, BVPanelFloat::s_duration, false);
 }
 
@@ -148,9 +151,7 @@ void ResizeableWidgetHandle::onMoveStarted()
 {
     if (!m_widget)
         return;
-    m_rectAtPress = currentRect();
-    m_wantedSize = m_rectAtPress.size();
-    m_floatedAtPress = isFloating() && !mainWidget()->isReturning();
+    m_drag->begin(m_widget, panelFloat());
     if (isFloating())
         mainWidget()->raise();
 }
@@ -160,11 +161,11 @@ void ResizeableWidgetHandle::onMoveAbout(const QSize &delta)
     const QSize growth = BVPanelGeometry::alongHandle(position(), delta);
     if (!m_widget || !ResizeableWidgetInterface::checkResizingPossible(this, growth))
         return;
-    m_wantedSize = plausible(m_wantedSize + plausible(growth));
     // What the drag has taken away before does not count as a wish for more room.
-    if (!isFloating() && !checkResizingPossible(this, m_wantedSize - m_widget->size()))
+    const QSize wanted = m_drag->wants(growth);
+    if (!isFloating() && !checkResizingPossible(this, wanted - m_widget->size()))
         return;
-    const QRect target = grown(m_wantedSize);
+    const QRect target = grown(wanted);
     if (target != currentRect() && (isFloating() || leavePlace()))
         mainWidget()->setGeometryWithAnimation(target, 0, false);
 }
@@ -177,11 +178,7 @@ void ResizeableWidgetHandle::onMoved()
 
 void ResizeableWidgetHandle::onMoveCanceled()
 {
-    if (!m_floatedAtPress)
-        closeEnlarged();
-    else if (isFloating())
-        mainWidget()->setGeometryWithAnimation(
-            BVPanelGeometry::clamped(mainWidget()->availableArea(), m_rectAtPress), 0, false);
+    m_drag->undo(panelFloat());
 }
 
 void ResizeableWidgetHandle::onToggleRequested()
@@ -205,27 +202,16 @@ void ResizeableWidgetHandle::placeOverWidget()
     raise();
 }
 
-QRect ResizeableWidgetHandle::availableArea() const
-{
-    const QWidget *window = BVPanelGeometry::hostWindow(m_widget);
-    return BVPanelGeometry::availableArea(window->size(), window->contentsMargins());
-}
-
 QRect ResizeableWidgetHandle::currentRect() const
 {
-    return isFloating() ? mainWidget()->targetGeometry() : BVPanelGeometry::rectInWindow(m_widget);
+    return BVPanelDrag::currentRect(m_widget, panelFloat());
 }
 
-/// What a drag that asks for that size makes of the widget, within the window and not smaller than
-/// the place.
 QRect ResizeableWidgetHandle::grown(const QSize &wanted) const
 {
     const BVPanelGeometry::HandlePlace &place = BVPanelGeometry::handlePlace(position());
-    const QRect rect = currentRect();
-    const QSize least = isFloating() ? panelFloat()->placeRect().size() : rect.size();
-    return BVPanelGeometry::grown({availableArea(), least, m_widget->maximumSize(),
-                                   place.widthSign < 0, place.heightSign < 0},
-                                  rect, wanted);
+    return BVPanelDrag::grown(m_widget, panelFloat(), wanted, place.widthSign < 0,
+                              place.heightSign < 0);
 }
 
 bool ResizeableWidgetHandle::leavePlace()

@@ -10,6 +10,7 @@
 #include <memory>
 
 class BVFloatOwner;
+class BVPanelDrag;
 class BVPanelFloat;
 class BVPanelRegistration;
 class MainWidget;
@@ -87,7 +88,6 @@ private:
     void onToggleRequested();
 
     void placeOverWidget();
-    QRect availableArea() const;
     QRect currentRect() const;
     QRect grown(const QSize &wanted) const;
     BVPanelFloat *panelFloat() const;
@@ -99,8 +99,6 @@ private:
     QPointer<QWidget> m_widget;
     QPointer<BVFloatOwner> m_owner;                      // null without a widget; child of that
     std::unique_ptr<BVPanelRegistration> m_registration; // never null
-    QRect m_rectAtPress;                                 // in the window's coordinates
-    QSize m_wantedSize; // what the drag asks for, within the window or not
-    bool m_floatedAtPress = false;
-    bool m_toldFloating = false; // what the program has heard last
+    std::unique_ptr<BVPanelDrag> m_drag;                 // never null
+    bool m_toldFloating = false;                         // what the program has heard last
 };

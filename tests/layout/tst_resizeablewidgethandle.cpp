@@ -6,6 +6,8 @@
 #include "layout/ResizeWidgetPlaceHolder.h"
 #include "layout/ResizeableWidgetHandle.h"
 
+#include "TestSupport.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
@@ -52,10 +54,12 @@ class tst_ResizeableWidgetHandle : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { muteOffscreenWarnings(); }
     void init();
     void cleanup();
     void drag_data();
     void drag();
+    void cancel();
     void onResize_data();
     void onResize();
     void placeHolder_data();
@@ -163,6 +167,25 @@ void tst_ResizeableWidgetHandle::drag()
     QTRY_COMPARE(inWindow(), before + growth);
     QVERIFY(m_text->rect().contains(m_handle->geometry()));
     QCOMPARE(m_handle->pos().x() == 0, position == Handle::LeftEdge || position == Handle::TopLeftCorner);
+}
+
+/// On its way back the widget does not float, and it stays in a window that has become smaller.
+void tst_ResizeableWidgetHandle::cancel()
+{
+    const QRect place = inWindow();
+    QTest::keyClick(m_handle.data(), Qt::Key_Return);
+    QTRY_VERIFY(m_handle->isFloating() && !m_handle->mainWidget()->isAnimating());
+    QTest::keyClick(m_handle.data(), Qt::Key_Return);
+    QVERIFY(m_handle->mainWidget()->isReturning());
+    drag({{40, 40}}, true);
+    QVERIFY(!m_handle->isFloating());
+    QTRY_COMPARE(inWindow(), place);
+    m_handle->onResize(QSize(500, 400), QPoint(10, 10));
+    QTest::mousePress(m_handle.data(), Qt::LeftButton);
+    Q_EMIT m_handle->sigMoveAbout(QSize(-50, -50));
+    m_window->setFixedSize(400, 300);
+    QTest::keyClick(m_handle.data(), Qt::Key_Escape);
+    QCOMPARE(inWindow(), QRect(0, 0, 400, 268));
 }
 
 void tst_ResizeableWidgetHandle::onResize_data()
