@@ -7,6 +7,8 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 BVFloatOwner *BVFloatOwner::of(QWidget *widget)
 {
     auto *owner = widget->findChild<BVFloatOwner *>(QString(), Qt::FindDirectChildrenOnly);

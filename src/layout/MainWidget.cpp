@@ -7,6 +7,7 @@
 #include <QChildEvent>
 #include <QPropertyAnimation>
 #include <QStyle>
+#include <QVector>
 
 namespace {
 
