@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QSet>
 #include <QVariant>
 #include <QWidget>
 
@@ -20,14 +21,16 @@ QObject *propertyOf(const QCoreApplication *application)
 /// Empties the property when the window goes that it holds, since others read it too.
 void watch(QCoreApplication *application, QObject *window)
 {
-    static QPointer<QObject> s_watched;
-    static QPointer<QObject> s_watcher;
-    if (!window || (window == s_watched && s_watcher))
+    static QPointer<QCoreApplication> s_application;
+    static QSet<QObject *> s_watched; // all that it has held, since it may hold them again
+    if (s_application != application)
+        s_watched.clear();
+    s_application = application;
+    if (!window || s_watched.contains(window))
         return;
-    delete s_watcher;
-    s_watched = window;
-    s_watcher = new QObject(application);
-    QObject::connect(window, &QObject::destroyed, s_watcher, [application](QObject *gone) {
+    s_watched.insert(window);
+    QObject::connect(window, &QObject::destroyed, application, [application](QObject *gone) {
+        s_watched.remove(gone);
         if (propertyOf(application) == gone)
             application->setProperty(s_property, QVariant());
     });

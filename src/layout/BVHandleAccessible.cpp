@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "layout/BVHandleAccessible_p.h"
 
+#include "layout/BVArrowStep_p.h"
 #include "layout/BVPanelGeometry_p.h"
 #include "layout/BVResizableWidgetTextHandle.h"
 
 namespace {
-
-constexpr int s_step = 10; // px
 
 QAccessibleInterface *handleInterface(const QString & /*key*/, QObject *object)
 {
@@ -138,7 +137,7 @@ QStringList BVHandleAccessible::actionNames() const
 void BVHandleAccessible::doAction(const QString &name)
 {
     if (name == increaseAction() || name == decreaseAction())
-        growBy(name == increaseAction() ? s_step : -s_step, true);
+        growBy(name == increaseAction() ? BVArrowStep::s_length : -BVArrowStep::s_length, true);
     else if (name == toggleAction() && handle()->isEnabled())
         Q_EMIT handle()->sigToggleRequested();
     else

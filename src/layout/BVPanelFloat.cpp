@@ -181,6 +181,7 @@ BVPanelFloat::BVPanelFloat(QWidget *panel, QWidget *window)
     // A pointer that clears itself does so only when all children of the widget are gone.
     connect(m_mainWidget, &QObject::destroyed, this, [this] { m_mainWidget = nullptr; });
     connect(m_place, &QObject::destroyed, this, &BVPanelFloat::onPlaceDestroyed);
+    connect(m_panel, &QObject::destroyed, this, &BVPanelFloat::forgetPanel);
     connect(m_mainWidget, &MainWidget::sigAnimationFinished, this, [this](bool returning) {
         if (returning)
             comeBack();
@@ -189,6 +190,8 @@ BVPanelFloat::BVPanelFloat(QWidget *panel, QWidget *window)
 
 BVPanelFloat::~BVPanelFloat()
 {
+    if (m_panel && m_place && m_mainWidget)
+        putBack();
     unwatchAll();
     if (m_place) {
         m_place->disconnect(this);
@@ -200,28 +203,37 @@ BVPanelFloat::~BVPanelFloat()
     }
 }
 
+void BVPanelFloat::forgetPanel()
+{
+    unwatchAll();
+    m_panel = nullptr;
+}
+
 void BVPanelFloat::returnToPlace()
 {
-    if (m_place && m_mainWidget)
+    if (m_panel && m_place && m_mainWidget)
         m_mainWidget->setGeometryWithAnimation(placeRect(), s_duration, true);
 }
 
 void BVPanelFloat::comeBack()
 {
-    if (!m_place || !m_mainWidget)
+    if (!m_panel || !m_place || !m_mainWidget)
         return;
-    {
-        const FocusKeeper focus(m_panel);
-        unwatchAll();
-        m_place->disconnect(this);
-        const std::unique_ptr<QWidget> place(std::exchange(m_place, nullptr));
-        const bool isHidden = place->isHidden();
-        QWidget *parent = place->parentWidget();
-        m_mainWidget->hide();
-        replace(parent, place.get(), m_panel, [&] { place->setParent(nullptr); });
-        m_panel->setVisible(!isHidden);
-    }
+    putBack();
     end();
+}
+
+void BVPanelFloat::putBack()
+{
+    const FocusKeeper focus(m_panel);
+    unwatchAll();
+    m_place->disconnect(this);
+    const std::unique_ptr<QWidget> place(std::exchange(m_place, nullptr));
+    const bool isHidden = place->isHidden();
+    QWidget *parent = place->parentWidget();
+    m_mainWidget->hide();
+    replace(parent, place.get(), m_panel, [&] { place->setParent(nullptr); });
+    m_panel->setVisible(!isHidden);
 }
 
 /// Lets the main widget go, and tells it. Nothing else afterwards: this may be deleted.
@@ -234,7 +246,7 @@ void BVPanelFloat::end()
     m_mainWidget = nullptr;
     const QPointer<QWidget> panel(m_panel);
     Q_EMIT sigEnded();
-    if (panel)
+    if (panel && !qobject_cast<MainWidget *>(panel->parentWidget())) // it may float again
         BVPanelRegistration::postClosed(panel);
 }
 
@@ -293,6 +305,8 @@ bool BVPanelFloat::eventFilter(QObject *watched, QEvent *event)
     else if (type == QEvent::Show || type == QEvent::Hide || type == QEvent::EnabledChange ||
              type == QEvent::LayoutDirectionChange)
         syncWithPlace();
+    if (type == QEvent::Show) // a dock becomes a window, or none, without another parent
+        checkHost();
     return false;
 }
 
@@ -301,6 +315,13 @@ void BVPanelFloat::onAncestorMoved()
     if (!m_place || !m_mainWidget)
         return;
     watchAncestors();
+    checkHost();
+}
+
+void BVPanelFloat::checkHost()
+{
+    if (!m_place || !m_mainWidget)
+        return;
     if (BVPanelGeometry::hostWindow(m_place) != m_mainWidget->parentWidget())
         QMetaObject::invokeMethod(this, &BVPanelFloat::comeBack, Qt::QueuedConnection);
 }

@@ -17,7 +17,7 @@ class QWidget;
 /// The panel is shown and enabled as the place is, and has the font and palette that the forms
 /// around the place give it. When the place is deleted, so is the panel; when the panel is deleted,
 /// the place and the main widget go. The time also ends when the place comes into another window,
-/// and when the program gives the panel another parent.
+/// as that of a dock does that is undocked, and when the program gives the panel another parent.
 class BVPanelFloat : public QObject
 {
     Q_OBJECT
@@ -28,12 +28,16 @@ public:
     /// Takes the panel out of its layout. Null, with nothing changed, where its place cannot be
     /// kept, in a window that is a splitter and for what floats already.
     static std::unique_ptr<BVPanelFloat> leave(QWidget *panel);
+    /// Puts the panel back if the time has not ended.
     ~BVPanelFloat() override;
 
     /// Moves the panel to its place, into which it comes back then.
     void returnToPlace();
     /// Puts the panel back in its place.
     void comeBack();
+
+    /// To be called at the latest when the panel is being deleted; nothing brings it back then.
+    void forgetPanel();
 
     /// Null once the time has ended.
     MainWidget *mainWidget() const;
@@ -56,12 +60,14 @@ private:
     void unwatchAll();
     void onPlaceDestroyed();
     void onAncestorMoved();
+    void checkHost();
     void onPanelMoved();
+    void putBack();
     void end();
     void syncWithPlace();
     void syncLook();
 
-    QWidget *m_panel;
+    QWidget *m_panel;         // null once it is being deleted
     QWidget *m_place;         // null once it is being deleted
     MainWidget *m_mainWidget; // likewise
     QVector<QPointer<QObject>> m_watched;

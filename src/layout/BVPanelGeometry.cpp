@@ -98,6 +98,11 @@ QRect availableArea(const QSize &window, const QMargins &margins)
         .adjusted(0, 0, 0, -s_statusBarHeight);
 }
 
+QRect availableArea(const QWidget *window)
+{
+    return availableArea(window->size(), window->contentsMargins());
+}
+
 bool fits(const QRect &area, const QRect &rect)
 {
     return !rect.isEmpty() && area.contains(rect);
@@ -154,9 +159,9 @@ bool isLarger(const QSize &size, const QSize &other)
     return size.width() > other.width() || size.height() > other.height();
 }
 
-QWidget *hostWindow(QWidget *widget)
+QWidget *hostWindow(const QWidget *widget)
 {
-    QWidget *window = widget;
+    auto *window = const_cast<QWidget *>(widget);
     while (window && !window->isWindow() && window->parentWidget()) {
         window = window->parentWidget();
         if (qobject_cast<QMainWindow *>(window))
@@ -165,9 +170,9 @@ QWidget *hostWindow(QWidget *widget)
     return window;
 }
 
-QRect rectInWindow(QWidget *widget)
+QRect rectInWindow(const QWidget *widget)
 {
-    QWidget *window = hostWindow(widget);
+    const QWidget *window = hostWindow(widget);
     return QRect(widget == window ? QPoint() : widget->mapTo(window, QPoint(0, 0)), widget->size());
 }
 

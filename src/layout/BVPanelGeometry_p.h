@@ -43,6 +43,7 @@ Position positionOf(bool dragsWidth, bool dragsHeight, bool keepsRight, bool kee
 
 /// The room for panels in a window of this size; it leaves out the margins and a status bar.
 QRect availableArea(const QSize &window, const QMargins &margins);
+QRect availableArea(const QWidget *window);
 /// Whether a rectangle that is not empty lies in the area.
 bool fits(const QRect &area, const QRect &rect);
 /// The rectangle with another size, and with its left or right and its top or bottom as before.
@@ -70,8 +71,8 @@ QPoint plausible(const QPoint &point);
 bool isLarger(const QSize &size, const QSize &other);
 
 /// The nearest QMainWindow around the widget, or its top-most widget.
-QWidget *hostWindow(QWidget *widget);
+QWidget *hostWindow(const QWidget *widget);
 /// The widget's rectangle in the coordinates of its host window.
-QRect rectInWindow(QWidget *widget);
+QRect rectInWindow(const QWidget *widget);
 
 } // namespace BVPanelGeometry

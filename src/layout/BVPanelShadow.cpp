@@ -25,8 +25,8 @@ class Strip : public QWidget
 {
 public:
     explicit Strip(QWidget *parent)
-        : QWidget(parent)
     {
+        setParent(parent); // which tells the parent of a strip, not of any widget
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setAttribute(Qt::WA_NoSystemBackground);
         setAttribute(Qt::WA_StaticContents); // a side that grows looks the same where it was
@@ -94,4 +94,9 @@ void BVPanelShadow::stackUnder(QWidget *widget)
         if (strip)
             strip->stackUnder(widget);
     }
+}
+
+bool BVPanelShadow::isStrip(const QObject *object)
+{
+    return dynamic_cast<const Strip *>(object);
 }

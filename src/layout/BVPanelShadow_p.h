@@ -24,6 +24,8 @@ public:
     void follow(QWidget *widget);
     void stackUnder(QWidget *widget);
 
+    static bool isStrip(const QObject *object);
+
 private:
     QVector<QPointer<QWidget>> m_strips;
 };

@@ -2,6 +2,7 @@
 #include "layout/BVResizableWidget.h"
 
 #include "foundation/MainWindow.h"
+#include "layout/BVPanelDrag_p.h"
 #include "layout/BVPanelFloat_p.h"
 #include "layout/BVPanelGeometry_p.h"
 #include "layout/BVPanelHandles_p.h"
@@ -24,6 +25,7 @@ BVResizableWidget::BVResizableWidget(QWidget *parent)
     , m_handles(std::make_unique<BVPanelHandles>(this))
     , m_scroll(std::make_unique<BVPanelScroll>(this))
     , m_registration(std::make_unique<BVPanelRegistration>(this))
+    , m_drag(std::make_unique<BVPanelDrag>())
 {
 }
 
@@ -31,6 +33,8 @@ BVResizableWidget::~BVResizableWidget()
 {
     if (m_registration->isPosted() && !isFloating())
         registerResizeableWidgetToMainWindow(true);
+    if (m_float)
+        m_float->forgetPanel();
 }
 
 // Content
@@ -52,6 +56,8 @@ void BVResizableWidget::setContainerWidget(QWidget *container, bool registerPane
 
 void BVResizableWidget::useScrollArea(bool on)
 {
+    if (m_container && !isAncestorOf(m_container))
+        m_container = nullptr; // it belongs to others now
     m_scroll->manageScrollAreas(on, m_container);
     m_handles->updateContainerWidgetLayoutPosition(m_scroll->standIn(m_container));
     PropertyChangeFilter::repolishPost(this);
@@ -180,8 +186,7 @@ bool BVResizableWidget::fitToMainWindow(const QRect &rect) const
 
 QRect BVResizableWidget::availableArea() const
 {
-    const QWidget *window = BVPanelGeometry::hostWindow(const_cast<BVResizableWidget *>(this));
-    return BVPanelGeometry::availableArea(window->size(), window->contentsMargins());
+    return BVPanelGeometry::availableArea(BVPanelGeometry::hostWindow(this));
 }
 
 void BVResizableWidget::setPropertyOfMainWidget(const QString &name, const QVariant &value)
@@ -209,10 +214,8 @@ bool BVResizableWidget::isFloating() const
 
 void BVResizableWidget::onMoveStarted()
 {
-    m_rectAtPress = currentRect();
-    m_floatedAtPress = isFloating();
+    m_drag->begin(this, m_float.get());
     m_enlargedAtPress = m_enlarged;
-    m_isFirstMove = true;
     if (isFloating())
         mainWidget()->raise();
 }
@@ -222,39 +225,29 @@ void BVResizableWidget::onMoveAbout(BVResizableWidgetHandle *handle, const QSize
     const QSize growth = plausible(BVPanelGeometry::alongHandle(handle->position(), delta));
     if (!ResizeableWidgetInterface::checkResizingPossible(handle, growth))
         return;
-    const bool initial = std::exchange(m_isFirstMove, false);
-    if (initial)
-        m_wantedSize = currentRect().size();
     // What the drag has taken away before does not count as a wish for more room.
-    const QSize needed = m_wantedSize + growth - currentRect().size();
-    if (isFloating() || checkResizingPossible(handle, needed))
-        onResizeAbout(growth, initial);
-    else
-        m_wantedSize = plausible(m_wantedSize + growth);
+    const QSize wanted = m_drag->wants(growth);
+    if (isFloating() || checkResizingPossible(handle, wanted - currentRect().size()))
+        growTo(wanted);
 }
 
 void BVResizableWidget::onMoved()
 {
-    m_wantedSize = QSize();
+    m_drag->end();
     if (isFloating() && !isLarger(currentRect().size(), m_float->placeRect().size()))
         m_float->returnToPlace();
 }
 
 void BVResizableWidget::onMoveCanceled()
 {
-    m_wantedSize = QSize();
+    m_drag->end();
     if (!isFloating())
         return;
-    const bool floated = m_floatedAtPress;
-    const QRect rect = m_rectAtPress;
+    const BVPanelDrag drag = *m_drag;
     const QPointer<BVResizableWidget> self(this);
     setEnlarged(m_enlargedAtPress);
-    if (!self || !isFloating())
-        return;
-    if (floated)
-        mainWidget()->setGeometryWithAnimation(rect, 0, false);
-    else
-        m_float->comeBack();
+    if (self)
+        drag.undo(m_float.get());
 }
 
 bool BVResizableWidget::checkResizingPossible(QObject *handle, const QSize &delta)
@@ -271,10 +264,14 @@ bool BVResizableWidget::checkResizingPossible(QObject *handle, const QSize &delt
 
 void BVResizableWidget::onResizeAbout(QSize delta, bool initial)
 {
-    if (initial || !m_wantedSize.isValid())
-        m_wantedSize = currentRect().size();
-    m_wantedSize = plausible(m_wantedSize + plausible(delta));
-    const QRect target = grown(m_wantedSize);
+    if (initial || !m_drag->isGoingOn())
+        m_drag->begin(this, m_float.get());
+    growTo(m_drag->wants(delta));
+}
+
+void BVResizableWidget::growTo(const QSize &wanted)
+{
+    const QRect target = grown(wanted);
     if (target == currentRect())
         return;
     const QPointer<BVResizableWidget> self(this);
@@ -294,7 +291,7 @@ void BVResizableWidget::onResize(QSize size, QPoint relativePosition)
     if (size.isNull() || !isLarger(size, containerSize()))
         return;
     if (horizontalHandle() && horizontalAnchorPosition() == AnchorRight && lastSize().isValid())
-        size.rwidth() += width() - lastSize().width();
+        size.rwidth() = qMin(size.width() + width() - lastSize().width(), maximumWidth());
     if (!m_handles->dragsHeight())
         size.setHeight(height());
     const QRect target(plausible(relativePosition), plausible(size));
@@ -303,21 +300,15 @@ void BVResizableWidget::onResize(QSize size, QPoint relativePosition)
         moveTo(target);
 }
 
-/// What a drag that asks for that size makes of the panel, within the window and not smaller than
-/// the place.
 QRect BVResizableWidget::grown(const QSize &wanted) const
 {
-    const QRect rect = currentRect();
-    const QSize place = m_float ? m_float->placeRect().size() : rect.size();
-    return BVPanelGeometry::grown(
-        {availableArea(), place, maximumSize(), m_handles->keepsRight(), m_handles->keepsBottom()},
-        rect, wanted);
+    return BVPanelDrag::grown(this, m_float.get(), wanted, m_handles->keepsRight(),
+                              m_handles->keepsBottom());
 }
 
 QRect BVResizableWidget::currentRect() const
 {
-    return isFloating() ? mainWidget()->targetGeometry()
-                        : BVPanelGeometry::rectInWindow(const_cast<BVResizableWidget *>(this));
+    return BVPanelDrag::currentRect(this, m_float.get());
 }
 
 // Floating

@@ -11,6 +11,7 @@
 
 #include <memory>
 
+class BVPanelDrag;
 class BVPanelFloat;
 class BVPanelHandles;
 class BVPanelRegistration;
@@ -21,9 +22,10 @@ class MainWidget;
 ///
 /// When a drag asks for more room than the panel has, the panel leaves its layout, where a place
 /// holder keeps its place, and floats over its main window: the nearest QMainWindow around it, or
-/// its top-most widget. A drag is limited to the window; it never makes the panel smaller than its
-/// place, and a panel dragged back to that size returns when the handle is let go. A request that
-/// the window has no room for leaves the panel where it is.
+/// its top-most widget. So a panel in a dialog or in an undocked dock floats in that window; it
+/// returns when the dock is docked or undocked. A drag is limited to the window; it never makes the
+/// panel smaller than its place, and a panel dragged back to that size returns when the handle is
+/// let go. A request that the window has no room for leaves the panel where it is.
 ///
 /// It floats from where its place can be kept: a splitter, a stack, a dock, the toolkit's other
 /// layouts or a parent without one; not from a scroll area or the middle of a main window, nor in a
@@ -85,7 +87,8 @@ public:
     BVResizableWidgetHandle *horizontalHandle() const;
     BVResizableWidgetHandle *diagonalHandle() const;
 
-    /// Lets the container scroll when the panel is smaller than it.
+    /// Lets the container scroll when the panel is smaller than it. One that has left the panel is
+    /// let go.
     void useScrollArea(bool on);
     bool hasScrollArea() const;
 
@@ -172,6 +175,7 @@ private:
 
     QSize containerSize() const;
     QRect currentRect() const;
+    void growTo(const QSize &wanted);
     QRect grown(const QSize &wanted) const;
     QRect restored(const QRect &rect) const;
     QRect availableArea() const;
@@ -186,13 +190,10 @@ private:
     std::unique_ptr<BVPanelFloat> m_float;     // the place and the main widget while floating
     std::unique_ptr<BVPanelScroll> m_scroll;   // never null
     std::unique_ptr<BVPanelRegistration> m_registration; // never null
+    std::unique_ptr<BVPanelDrag> m_drag;                 // never null
     QVariantMap m_mainWidgetProperties;
     QByteArray m_pendingState; // applied when the panel is shown
-    QRect m_rectAtPress;       // in the window's coordinates
-    QSize m_wantedSize;        // what the drag asks for, within the window or not
     QRect m_lastRect;          // what the enlarged size goes back to, in the window's coordinates
-    bool m_isFirstMove = true; // of the drag
-    bool m_floatedAtPress = false;
     bool m_enlargedAtPress = false;
     bool m_enlarged = false;
     bool m_lastWasEmbedded = false; // the last size is that of the place

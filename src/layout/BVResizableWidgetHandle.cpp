@@ -2,6 +2,7 @@
 #include "layout/BVResizableWidgetHandle.h"
 
 #include "foundation/MainWindow.h"
+#include "layout/BVArrowStep_p.h"
 #include "layout/BVHandleAccessible_p.h"
 #include "layout/BVPanelGeometry_p.h"
 #include "platform/PropertyChangeFilter.h"
@@ -13,34 +14,11 @@
 
 namespace {
 
-constexpr int s_keyStep = 10;       // px
 constexpr int s_dotCount = 3;       // of the grip
 constexpr int s_dotDistance = 5;    // px
 constexpr double s_dotRadius = 1.2; // px
 constexpr int s_quietAlpha = 110;
 constexpr int s_middleLightness = 128;
-
-struct KeyStep
-{
-    int key;
-    QPoint direction;
-};
-
-const KeyStep s_keySteps[] = {
-    {Qt::Key_Left, {-1, 0}},
-    {Qt::Key_Right, {1, 0}},
-    {Qt::Key_Up, {0, -1}},
-    {Qt::Key_Down, {0, 1}},
-};
-
-QPoint directionOf(int key)
-{
-    for (const KeyStep &step : s_keySteps) {
-        if (step.key == key)
-            return step.direction;
-    }
-    return QPoint();
-}
 
 bool isToggleKey(int key)
 {
@@ -255,10 +233,10 @@ void BVResizableWidgetHandle::mouseMoveEvent(QMouseEvent *event)
     if (!m_pressing)
         return QFrame::mouseMoveEvent(event);
     event->accept();
-    if (event->buttons() & Qt::LeftButton)
-        move(event->globalPos());
-    else
+    if (event->spontaneous() && !(event->buttons() & Qt::LeftButton))
         cancelMove(); // the release has gone elsewhere
+    else
+        move(event->globalPos());
 }
 
 void BVResizableWidgetHandle::mouseReleaseEvent(QMouseEvent *event)
@@ -279,11 +257,9 @@ void BVResizableWidgetHandle::mouseDoubleClickEvent(QMouseEvent *event)
 
 void BVResizableWidgetHandle::keyPressEvent(QKeyEvent *event)
 {
-    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
-    const int step = modifiers & Qt::ShiftModifier ? 1 : s_keyStep;
     const QSize growth = BVPanelGeometry::alongHandle(
-        m_position, BVPanelGeometry::growth(m_position, directionOf(event->key()) * step));
-    const bool isPlain = !(modifiers & ~Qt::ShiftModifier);
+        m_position, BVPanelGeometry::growth(m_position, BVArrowStep::of(*event)));
+    const bool isPlain = !(event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
     if (!isPlain || (growth.isNull() && !isToggleKey(event->key())))
         return QFrame::keyPressEvent(event);
     m_showsFocus = true;

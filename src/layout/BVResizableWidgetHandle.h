@@ -12,9 +12,10 @@
 /// The handle resizes nothing itself. A drag is reported as sigMoveStarted(), any number of
 /// sigMoveAbout() with the growth since the last one, and sigMoved() if there was any. Escape ends
 /// a drag with sigMoveCanceled(), and so does what keeps the release from the handle: hiding or
-/// disabling it, a modal dialog, or a pointer that comes without its button. The arrow keys move a
-/// focused handle by 10 pixels, with Shift by one; each key is a drag of its own. A double click,
-/// Return and Space ask for sigToggleRequested().
+/// disabling it, a modal dialog, or a pointer that comes without its button; a move that the
+/// program itself delivers counts with and without. The arrow keys move a focused handle by 10
+/// pixels, with Shift by one; each key is a drag of its own. A double click, Return and Space ask
+/// for sigToggleRequested().
 ///
 /// A handle that no layout manages keeps to its place at the edge of its parent. Positions are
 /// edges on the screen, in both layout directions.

@@ -2,11 +2,11 @@
 #include "layout/BVResizeWidget.h"
 
 #include "foundation/BVCursorTable.h"
+#include "layout/BVArrowStep_p.h"
 #include "layout/BVGripGeometry_p.h"
 #include "layout/BVResizeWidgetAccessible_p.h"
 
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyleOption>
 #include <QStylePainter>
@@ -17,7 +17,6 @@
 namespace {
 
 constexpr int s_thickness = 5; // px
-constexpr int s_keyStep = 10;  // px
 
 struct Kind
 {
@@ -52,27 +51,6 @@ BVResizeWidget::ResizeType typeOf(Qt::Edges edges, BVResizeWidget::ResizeType fa
             return static_cast<BVResizeWidget::ResizeType>(type);
     }
     return fallback;
-}
-
-/// Null for other keys, and with modifiers other than Shift.
-QPoint stepOf(const QKeyEvent &event)
-{
-    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    if (modifiers & ~Qt::ShiftModifier)
-        return QPoint();
-    const int length = modifiers & Qt::ShiftModifier ? 1 : s_keyStep;
-    switch (event.key()) {
-    case Qt::Key_Left:
-        return QPoint(-length, 0);
-    case Qt::Key_Right:
-        return QPoint(length, 0);
-    case Qt::Key_Up:
-        return QPoint(0, -length);
-    case Qt::Key_Down:
-        return QPoint(0, length);
-    default:
-        return QPoint();
-    }
 }
 
 /// Whether a window's place is the window system's alone.
@@ -161,7 +139,7 @@ void BVResizeWidget::hideEvent(QHideEvent *event)
 
 void BVResizeWidget::keyPressEvent(QKeyEvent *event)
 {
-    const QPoint step = stepOf(*event);
+    const QPoint step = BVArrowStep::of(*event);
     const Qt::Edges edges = s_kinds[m_resizeType].grip.edges;
     if ((step.x() && (edges & s_sides)) || (step.y() && (edges & s_ends)))
         moveBy(step);

@@ -7,12 +7,24 @@
 #include <QChildEvent>
 #include <QPropertyAnimation>
 #include <QStyle>
+#include <QVector>
+
+namespace {
+
+/// Whether it can lie over a container without being meant to.
+bool isSibling(const QObject *object)
+{
+    return object->isWidgetType() && !static_cast<const QWidget *>(object)->isWindow() &&
+           !qobject_cast<const MainWidget *>(object) && !BVPanelShadow::isStrip(object);
+}
+
+} // namespace
 
 MainWidget::MainWidget(QWidget *window)
-    : QWidget(window)
-    , m_animation(new QPropertyAnimation(this, "geometry", this))
+    : m_animation(new QPropertyAnimation(this, "geometry", this))
     , m_shadow(std::make_unique<BVPanelShadow>(window))
 {
+    setParent(window); // which tells the others of a container, not of any widget
     setAttribute(Qt::WA_StyledBackground);
     setAutoFillBackground(true);
     m_animation->setEasingCurve(QEasingCurve::OutCubic);
@@ -77,8 +89,7 @@ void MainWidget::skipAnimation()
 
 QRect MainWidget::availableArea() const
 {
-    return BVPanelGeometry::availableArea(parentWidget()->size(),
-                                          parentWidget()->contentsMargins());
+    return BVPanelGeometry::availableArea(parentWidget());
 }
 
 void MainWidget::onAnimationFinished()
@@ -130,8 +141,25 @@ bool MainWidget::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Resize || event->type() == QEvent::ContentsRectChange)
         keepInWindow();
     else if (event->type() == QEvent::ChildAdded && isVisible())
-        raise(); // a sibling begins on top; what wants to stay above the panel raises itself later
+        stayAbove(static_cast<QChildEvent *>(event)->child());
     return false;
+}
+
+/// A sibling begins on top; what wants to stay above the containers raises itself later.
+void MainWidget::stayAbove(const QObject *sibling)
+{
+    if (!isSibling(sibling))
+        return;
+    QVector<MainWidget *> containers; // from below
+    for (QObject *child : parentWidget()->children()) {
+        auto *container = qobject_cast<MainWidget *>(child);
+        if (container && container->isVisible())
+            containers.append(container);
+    }
+    if (containers.value(0) != this)
+        return; // the lowest one does it for all
+    for (MainWidget *container : qAsConst(containers))
+        container->raise();
 }
 
 void MainWidget::keepInWindow()

@@ -59,6 +59,7 @@ protected:
 
 private:
     void keepInWindow();
+    void stayAbove(const QObject *sibling);
     void leaveWith(const QObject *child);
 
     QPropertyAnimation *m_animation; // child of this

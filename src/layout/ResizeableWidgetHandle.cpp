@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "layout/ResizeableWidgetHandle.h"
 
+#include "layout/BVFloatOwner_p.h"
 #include "layout/BVHandleAccessible_p.h"
+#include "layout/BVPanelDrag_p.h"
 #include "layout/BVPanelFloat_p.h"
 #include "layout/BVPanelGeometry_p.h"
 #include "layout/BVPanelRegistration_p.h"
@@ -9,7 +11,6 @@
 #include "layout/ResizeWidgetPlaceHolder.h"
 
 #include <QEvent>
-#include <QVBoxLayout>
 
 using Brimvale::ResizeableWidgetInterface;
 using BVPanelGeometry::isLarger;
@@ -19,6 +20,7 @@ ResizeableWidgetHandle::ResizeableWidgetHandle(QWidget *widget, Position positio
     : BVResizableWidgetHandle(position, widget)
     , m_widget(widget)
     , m_registration(std::make_unique<BVPanelRegistration>(this))
+    , m_drag(std::make_unique<BVPanelDrag>())
 {
     connect(this, &BVResizableWidgetHandle::sigMoveStarted, this,
             &ResizeableWidgetHandle::onMoveStarted);
@@ -30,25 +32,30 @@ ResizeableWidgetHandle::ResizeableWidgetHandle(QWidget *widget, Position positio
     connect(this, &BVResizableWidgetHandle::sigToggleRequested, this,
             &ResizeableWidgetHandle::onToggleRequested);
     placeOverWidget();
-    for (const QPointer<ResizeableWidgetHandle> &other : handlesOfWidget()) {
-        if (other->isFloating() && !isFloating())
-            join(other->m_float);
-    }
-    if (m_widget && !isFloating())
+    if (!m_widget)
+        return;
+    m_owner = BVFloatOwner::of(m_widget);
+    m_owner->attach(this);
+    m_toldFloating = isFloating();
+    if (!m_toldFloating)
         m_registration->post(m_widget);
 }
 
 ResizeableWidgetHandle::~ResizeableWidgetHandle()
 {
     disconnect();
+    letGoOfWidget();
+}
+
+/// Brings the widget back if this has been the last handle of it.
+void ResizeableWidgetHandle::letGoOfWidget()
+{
     if (m_registration->isPosted())
         m_registration->takeBack(m_widget);
-    // A widget that is going itself has taken its children from their list, and its place goes too.
-    if (!isFloating() || !m_widget || !m_widget->children().contains(this))
-        return;
-    m_float->disconnect(this);
-    if (m_float.use_count() == 1)
-        m_float->comeBack();
+    const QPointer<BVFloatOwner> owner = std::exchange(m_owner, nullptr);
+    m_widget = nullptr;
+    if (owner)
+        owner->detach(this);
 }
 
 QWidget *ResizeableWidgetHandle::getResizableWidget()
@@ -79,36 +86,55 @@ void ResizeableWidgetHandle::onResize(QSize size, QPoint relativePosition)
         return;
     // A widget that has no room to grow does not leave its layout first.
     const QRect target(plausible(relativePosition), plausible(size));
-    if (BVPanelGeometry::fits(availableArea(), target) && (isFloating() || leavePlace()))
+    const QRect area = BVPanelGeometry::availableArea(BVPanelGeometry::hostWindow(m_widget));
+    if (BVPanelGeometry::fits(area, target) && (isFloating() || leavePlace()))
         mainWidget()->setGeometryWithAnimation(target, BVPanelFloat::s_duration, false);
 }
 
 void ResizeableWidgetHandle::closeEnlarged()
 {
-    const std::shared_ptr<BVPanelFloat> panelFloat = m_float; // which its end takes away
-    if (panelFloat)
-        panelFloat->comeBack();
+    if (isFloating())
+        panelFloat()->comeBack();
+}
+
+BVPanelFloat *ResizeableWidgetHandle::panelFloat() const
+{
+    return m_owner ? m_owner->panelFloat() : nullptr;
 }
 
 bool ResizeableWidgetHandle::isFloating() const
 {
-    return mainWidget();
+    return panelFloat();
 }
 
 MainWidget *ResizeableWidgetHandle::mainWidget() const
 {
-    return m_float ? m_float->mainWidget() : nullptr;
+    return isFloating() ? panelFloat()->mainWidget() : nullptr;
 }
 
 ResizeWidgetPlaceHolder *ResizeableWidgetHandle::placeHolder() const
 {
-    return isFloating() ? m_float->place()->findChild<ResizeWidgetPlaceHolder *>() : nullptr;
+    return isFloating() ? panelFloat()->place()->findChild<ResizeWidgetPlaceHolder *>() : nullptr;
 }
 
 void ResizeableWidgetHandle::updatePosition()
 {
     BVResizableWidgetHandle::updatePosition();
     placeOverWidget();
+}
+
+bool ResizeableWidgetHandle::event(QEvent *event)
+{
+    const bool isMoved = event->type() == QEvent::ParentChange && parentWidget() != m_widget;
+    if (isMoved && m_widget) {
+        const QPointer<ResizeableWidgetHandle> self(this);
+        letGoOfWidget();
+        if (self && std::exchange(m_toldFloating, false))
+            Q_EMIT sigFloatingChanged(false);
+        if (!self)
+            return true;
+    }
+    return BVResizableWidgetHandle::event(event);
 }
 
 bool ResizeableWidgetHandle::eventFilter(QObject *watched, QEvent *event)
@@ -125,9 +151,7 @@ void ResizeableWidgetHandle::onMoveStarted()
 {
     if (!m_widget)
         return;
-    m_rectAtPress = currentRect();
-    m_wantedSize = m_rectAtPress.size();
-    m_floatedAtPress = isFloating();
+    m_drag->begin(m_widget, panelFloat());
     if (isFloating())
         mainWidget()->raise();
 }
@@ -137,27 +161,24 @@ void ResizeableWidgetHandle::onMoveAbout(const QSize &delta)
     const QSize growth = BVPanelGeometry::alongHandle(position(), delta);
     if (!m_widget || !ResizeableWidgetInterface::checkResizingPossible(this, growth))
         return;
-    m_wantedSize = plausible(m_wantedSize + plausible(growth));
     // What the drag has taken away before does not count as a wish for more room.
-    if (!isFloating() && !checkResizingPossible(this, m_wantedSize - m_widget->size()))
+    const QSize wanted = m_drag->wants(growth);
+    if (!isFloating() && !checkResizingPossible(this, wanted - m_widget->size()))
         return;
-    const QRect target = grown(m_wantedSize);
+    const QRect target = grown(wanted);
     if (target != currentRect() && (isFloating() || leavePlace()))
         mainWidget()->setGeometryWithAnimation(target, 0, false);
 }
 
 void ResizeableWidgetHandle::onMoved()
 {
-    if (isFloating() && !isLarger(currentRect().size(), m_float->placeRect().size()))
+    if (isFloating() && !isLarger(currentRect().size(), panelFloat()->placeRect().size()))
         returnToPlace();
 }
 
 void ResizeableWidgetHandle::onMoveCanceled()
 {
-    if (!m_floatedAtPress)
-        closeEnlarged();
-    else if (isFloating())
-        mainWidget()->setGeometryWithAnimation(m_rectAtPress, 0, false);
+    m_drag->undo(panelFloat());
 }
 
 void ResizeableWidgetHandle::onToggleRequested()
@@ -181,92 +202,42 @@ void ResizeableWidgetHandle::placeOverWidget()
     raise();
 }
 
-QRect ResizeableWidgetHandle::availableArea() const
-{
-    const QWidget *window = BVPanelGeometry::hostWindow(m_widget);
-    return BVPanelGeometry::availableArea(window->size(), window->contentsMargins());
-}
-
 QRect ResizeableWidgetHandle::currentRect() const
 {
-    return isFloating() ? mainWidget()->targetGeometry() : BVPanelGeometry::rectInWindow(m_widget);
+    return BVPanelDrag::currentRect(m_widget, panelFloat());
 }
 
-/// What a drag that asks for that size makes of the widget, within the window and not smaller than
-/// the place.
 QRect ResizeableWidgetHandle::grown(const QSize &wanted) const
 {
     const BVPanelGeometry::HandlePlace &place = BVPanelGeometry::handlePlace(position());
-    const QRect rect = currentRect();
-    const QSize least = m_float ? m_float->placeRect().size() : rect.size();
-    return BVPanelGeometry::grown({availableArea(), least, m_widget->maximumSize(),
-                                   place.widthSign < 0, place.heightSign < 0},
-                                  rect, wanted);
-}
-
-QVector<QPointer<ResizeableWidgetHandle>> ResizeableWidgetHandle::handlesOfWidget() const
-{
-    QVector<QPointer<ResizeableWidgetHandle>> handles;
-    for (QObject *child : m_widget ? m_widget->children() : QObjectList()) {
-        if (auto *handle = qobject_cast<ResizeableWidgetHandle *>(child))
-            handles.append(handle);
-    }
-    return handles;
+    return BVPanelDrag::grown(m_widget, panelFloat(), wanted, place.widthSign < 0,
+                              place.heightSign < 0);
 }
 
 bool ResizeableWidgetHandle::leavePlace()
 {
-    const std::shared_ptr<BVPanelFloat> panelFloat = BVPanelFloat::leave(m_widget);
-    if (!panelFloat)
-        return false;
     const QPointer<ResizeableWidgetHandle> self(this);
-    const QVector<QPointer<ResizeableWidgetHandle>> handles = handlesOfWidget();
-    for (const QPointer<ResizeableWidgetHandle> &handle : handles)
-        handle->join(panelFloat);
-    addPlaceHolder();
-    for (const QPointer<ResizeableWidgetHandle> &handle : handles) {
-        if (handle && handle->isFloating())
-            handle->tellFloating();
-    }
-    return self && isFloating();
+    return m_owner && m_owner->leavePlace() && self && isFloating();
 }
 
-void ResizeableWidgetHandle::join(const std::shared_ptr<BVPanelFloat> &panelFloat)
+void ResizeableWidgetHandle::tellFloating(bool floating)
 {
-    m_float = panelFloat;
-    connect(m_float.get(), &BVPanelFloat::sigEnded, this, &ResizeableWidgetHandle::onFloatEnded);
-}
-
-void ResizeableWidgetHandle::tellFloating()
-{
+    if (m_toldFloating == floating)
+        return;
+    m_toldFloating = floating;
     const QPointer<ResizeableWidgetHandle> self(this);
-    if (m_registration->isPosted())
+    if (!floating)
+        m_registration->post(m_widget);
+    else if (m_registration->isPosted())
         m_registration->takeBack(m_widget);
-    if (self && isFloating())
-        Q_EMIT sigFloatingChanged(true);
-}
-
-void ResizeableWidgetHandle::onFloatEnded()
-{
-    m_float.reset();
-    m_registration->post(m_widget);
+    if (!self || m_toldFloating != floating)
+        return;
     placeOverWidget();
-    Q_EMIT sigFloatingChanged(false);
-}
-
-void ResizeableWidgetHandle::addPlaceHolder()
-{
-    auto *holder = new ResizeWidgetPlaceHolder(m_float->place());
-    holder->standFor(m_widget);
-    auto *layout = new QVBoxLayout(m_float->place());
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(holder);
-    connect(holder, &ResizeWidgetPlaceHolder::sigCloseRequested, m_float.get(),
-            &BVPanelFloat::returnToPlace, Qt::QueuedConnection);
+    Q_EMIT sigFloatingChanged(floating);
 }
 
 void ResizeableWidgetHandle::returnToPlace()
 {
     if (isFloating())
-        m_float->returnToPlace();
+        panelFloat()->returnToPlace();
 }

@@ -6,10 +6,11 @@
 #include "layout/ResizeableWidgetInterface.h"
 
 #include <QPointer>
-#include <QVector>
 
 #include <memory>
 
+class BVFloatOwner;
+class BVPanelDrag;
 class BVPanelFloat;
 class BVPanelRegistration;
 class MainWidget;
@@ -20,8 +21,9 @@ class ResizeWidgetPlaceHolder;
 /// The handle lies over an edge or corner of the widget that it is made in; it brings the widget
 /// the service that BVResizableWidget has built in. A drag that asks for more room than the widget
 /// has lets it float: over the nearest QMainWindow around it, or over its top-most widget, inside
-/// of which it stays, within its maximum size. In its layout or splitter stands a
-/// ResizeWidgetPlaceHolder. The sides across from the handle stay where they are.
+/// of which it stays, within its maximum size. So a widget in a dialog or in an undocked dock
+/// floats in that window; it returns when the dock is docked or undocked. In its layout or splitter
+/// stands a ResizeWidgetPlaceHolder. The sides across from the handle stay where they are.
 ///
 /// A drag never makes the floating widget smaller than its place, and at that size the widget
 /// returns when the handle is let go; Escape undoes a drag. A double click on the handle, Return or
@@ -34,7 +36,8 @@ class ResizeWidgetPlaceHolder;
 /// handles is deleted, the widget returns first.
 ///
 /// A widget can have several handles, say at an edge and a corner. It floats for all of them at
-/// once, and each registers it.
+/// once, and each registers it. A handle that gets another parent lets go of its widget, as if it
+/// were deleted, and does nothing from then on.
 class BVWIDGETS_EXPORT ResizeableWidgetHandle :
     public BVResizableWidgetHandle,
     public Brimvale::ResizeableWidgetInterface
@@ -73,31 +76,29 @@ Q_SIGNALS:
     void sigFloatingChanged(bool floating);
 
 protected:
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    friend class BVFloatOwner;
     void onMoveStarted();
     void onMoveAbout(const QSize &delta);
     void onMoved();
     void onMoveCanceled();
     void onToggleRequested();
 
-    QVector<QPointer<ResizeableWidgetHandle>> handlesOfWidget() const;
     void placeOverWidget();
-    QRect availableArea() const;
     QRect currentRect() const;
     QRect grown(const QSize &wanted) const;
+    BVPanelFloat *panelFloat() const;
     bool leavePlace();
-    void addPlaceHolder();
     void returnToPlace();
-    void join(const std::shared_ptr<BVPanelFloat> &panelFloat);
-    void tellFloating();
-    void onFloatEnded();
+    void tellFloating(bool floating);
+    void letGoOfWidget();
 
     QPointer<QWidget> m_widget;
-    std::shared_ptr<BVPanelFloat> m_float; // while the widget floats, of all handles of the widget
+    QPointer<BVFloatOwner> m_owner;                      // null without a widget; child of that
     std::unique_ptr<BVPanelRegistration> m_registration; // never null
-    QRect m_rectAtPress;                                 // in the window's coordinates
-    QSize m_wantedSize; // what the drag asks for, within the window or not
-    bool m_floatedAtPress = false;
+    std::unique_ptr<BVPanelDrag> m_drag;                 // never null
+    bool m_toldFloating = false;                         // what the program has heard last
 };

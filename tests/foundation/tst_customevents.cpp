@@ -80,6 +80,14 @@ void tst_CustomEvents::mainWindow()
         window.reset();
         QVERIFY(!Brimvale::mainWindow());
     }
+    auto former = std::make_unique<QWidget>();
+    for (QWidget *window : {former.get(), &widget}) {
+        qApp->setProperty("MainWindow", QVariant::fromValue(window));
+        QCOMPARE(Brimvale::mainWindow(), window);
+    }
+    qApp->setProperty("MainWindow", QVariant::fromValue(former.get()));
+    former.reset(); // before anybody has asked for it again
+    QVERIFY(!qApp->property("MainWindow").isValid());
 }
 
 void tst_CustomEvents::blockSignals()

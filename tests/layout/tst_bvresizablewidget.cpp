@@ -7,6 +7,7 @@
 #include "TestSupport.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDockWidget>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,7 +17,9 @@
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QStyleFactory>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -136,9 +139,13 @@ private Q_SLOTS:
     void crossingEvents();
     void enlarge();
     void cancel();
+    void cancelOnTheWayBack();
     void places_data();
     void places();
     void followsPlace();
+    void dock();
+    void order();
+    void floatsAgain();
     void movedElsewhere();
     void windowShrinks();
     void endsInSignal_data();
@@ -257,6 +264,9 @@ void tst_BVResizableWidget::widthCorrection()
     scene.m_panel->onResize(QSize(320, 150), QPoint(10, 10));
     scene.m_panel->onResize(QSize(400, 150), QPoint(10, 10));
     QCOMPARE(scene.m_panel->width(), 420); // 320 now, 300 saved
+    scene.m_panel->setMaximumWidth(450);
+    scene.m_panel->onResize(QSize(440, 150), QPoint(10, 10));
+    QCOMPARE(scene.m_panel->mainWidget()->width(), 450);
 }
 
 void tst_BVResizableWidget::check()
@@ -362,6 +372,29 @@ void tst_BVResizableWidget::cancel()
         QCOMPARE(scene.m_panel->isFloating(), before.width() == 260);
         scene.drag(scene.m_panel->diagonalHandle(), QPoint(60, 40));
     }
+    scene.drag(scene.m_panel->diagonalHandle(), QPoint(250, 200));
+    mouse(QEvent::MouseButtonPress, at);
+    mouse(QEvent::MouseMove, at - QPoint(50, 50));
+    scene.m_window->resize(500, 300);
+    QTest::keyClick(scene.m_window.get(), Qt::Key_Escape);
+    QCOMPARE(scene.rect(), QRect(0, 0, 500, 268)); // not as large as the window was
+}
+
+/// What is on its way back does not float, and Escape undoes a drag of that.
+void tst_BVResizableWidget::cancelOnTheWayBack()
+{
+    Scene scene;
+    scene.m_panel->onToggleEnlarge();
+    QVERIFY(scene.m_panel->isEnlarged());
+    qApp->setStyle(QStyleFactory::create("fusion")); // with animations
+    scene.m_panel->onToggleEnlarge();
+    QVERIFY(scene.m_panel->mainWidget()->isReturning());
+    Handle *handle = scene.m_panel->diagonalHandle();
+    QTest::mousePress(handle, Qt::LeftButton);
+    Q_EMIT handle->sigMoveAbout(QSize(40, 40));
+    QTest::keyClick(handle, Qt::Key_Escape);
+    qApp->setStyle(new Still);
+    QVERIFY(!scene.m_panel->isFloating());
 }
 
 void tst_BVResizableWidget::places_data()
@@ -487,6 +520,65 @@ void tst_BVResizableWidget::followsPlace()
     QTRY_VERIFY(!scene.m_panel->isFloating());
     QCOMPARE(scene.m_panel->window(), &other);
     delete scene.m_host;
+}
+
+/// A dock becomes a window and none without another parent; the panel is never left in the wrong one.
+void tst_BVResizableWidget::dock()
+{
+    Scene scene;
+    auto *dock = new QDockWidget;
+    scene.m_window->addDockWidget(Qt::LeftDockWidgetArea, dock);
+    dock->setWidget(scene.m_window->takeCentralWidget());
+    for (const bool undocked : {true, false}) {
+        QCoreApplication::processEvents();
+        scene.m_panel->onResize(scene.m_panel->size() + QSize(5, 5), QPoint(1, 40));
+        QCOMPARE(scene.m_panel->mainWidget()->parentWidget(), undocked ? static_cast<QWidget *>(scene.m_window.get()) : dock);
+        dock->setFloating(undocked);
+        QTRY_VERIFY(!scene.m_panel->isFloating());
+        QCOMPARE(scene.m_panel->parentWidget(), scene.m_host.data());
+        QTRY_VERIFY(scene.m_panel->isVisible());
+    }
+}
+
+/// Whatever comes into the window leaves the order of the panels as it is.
+void tst_BVResizableWidget::order()
+{
+    Scene scene;
+    auto *other = new BVResizableWidget(scene.m_host);
+    other->setContainerWidget(new QLabel("other"));
+    other->setGeometry(300, 300, 50, 50);
+    other->show();
+    scene.m_panel->onResize(QSize(300, 300), QPoint(20, 20));
+    other->useDiagonalHandle(true);
+    other->onResize(QSize(300, 300), QPoint(60, 60));
+    const auto isOtherOnTop = [&] { return other->isAncestorOf(scene.m_window->childAt(100, 100)); };
+    QVERIFY(isOtherOnTop());
+    new QTimer(scene.m_window.get());
+    QVERIFY(isOtherOnTop());
+    auto *sibling = new QWidget(scene.m_window.get());
+    sibling->setGeometry(scene.m_window->rect());
+    sibling->show();
+    QVERIFY(isOtherOnTop());
+    scene.m_panel->mainWidget()->raise();
+    new QDialog(scene.m_window.get());
+    new QWidget(scene.m_window.get());
+    QVERIFY(!isOtherOnTop() && scene.m_panel->isAncestorOf(scene.m_window->childAt(100, 100)));
+}
+
+/// One that floats again before the main window has heard of its end has not been closed.
+void tst_BVResizableWidget::floatsAgain()
+{
+    Scene scene;
+    scene.drag(scene.m_panel->diagonalHandle(), QPoint(30, 30));
+    scene.m_window->registered();
+    const auto connection = connect(scene.m_panel, &BVResizableWidget::sigFloatingChanged, [&](bool floating) {
+        if (!floating)
+            scene.m_panel->onResize(QSize(300, 250), QPoint(20, 20));
+    });
+    scene.m_panel->closeEnlarged();
+    disconnect(connection);
+    QVERIFY(scene.m_panel->isFloating());
+    QVERIFY(!scene.m_window->registered().contains("close"));
 }
 
 void tst_BVResizableWidget::movedElsewhere()
@@ -684,6 +776,10 @@ void tst_BVResizableWidget::scrollArea()
     second.setContainerWidget(other);
     scene.m_panel->setContainerWidget(new QLabel("third"));
     QCOMPARE(second.containerWidget(), other); // it belongs to the second one now
+    QPointer<QWidget> taken = scene.m_panel->containerWidget();
+    taken->setParent(&second);
+    scene.m_panel->useScrollArea(!scene.m_panel->hasScrollArea());
+    QCOMPARE(taken->parentWidget(), &second);
 }
 
 void tst_BVResizableWidget::directions()

@@ -67,7 +67,7 @@ void tst_BVResizableWidgetHandle::mouse()
     left.send(left.m_handle, QEvent::MouseButtonPress, at);
     left.send(left.m_handle, QEvent::MouseMove, at - QPoint(3, 0));
     left.send(left.m_handle, QEvent::MouseMove, at - QPoint(3, 0)); // a null delta is none
-    left.send(left.m_handle, QEvent::MouseMove, at - QPoint(7, -1));
+    left.send(left.m_handle, QEvent::MouseMove, at - QPoint(7, -1), Qt::NoButton); // a program's own event
     left.send(left.m_handle, QEvent::MouseButtonRelease, at);
     left.send(left.m_handle, QEvent::MouseMove, at);
     QCOMPARE(left.told(), QString("start 3,0 4,1 end")); // growth to the left, each since the last
@@ -137,8 +137,11 @@ void tst_BVResizableWidgetHandle::lostRelease()
         right.m_parent.setEnabled(false);
     else if (how == "modal dialog")
         dialog.open();
-    else
-        right.send(right.m_handle, QEvent::MouseMove, at + QPoint(9, 0), Qt::NoButton);
+    else {
+        QMouseEvent move(QEvent::MouseMove, QPointF(5, 50), at + QPoint(9, 0), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QSpontaneKeyEvent::setSpontaneous(&move);
+        qApp->notify(right.m_handle, &move); // sendEvent() makes it a program's own
+    }
     QTRY_VERIFY(!right.m_handle->isPressing());
     right.send(right.m_handle, QEvent::MouseMove, at + QPoint(20, 0));
     QCOMPARE(right.told(), QString("start cancel"));

@@ -6,6 +6,8 @@
 #include "layout/ResizeWidgetPlaceHolder.h"
 #include "layout/ResizeableWidgetHandle.h"
 
+#include "TestSupport.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
@@ -52,10 +54,12 @@ class tst_ResizeableWidgetHandle : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { muteOffscreenWarnings(); }
     void init();
     void cleanup();
     void drag_data();
     void drag();
+    void cancel();
     void onResize_data();
     void onResize();
     void placeHolder_data();
@@ -63,6 +67,9 @@ private Q_SLOTS:
     void events();
     void twoHandles();
     void splitter();
+    void lastHandle_data();
+    void lastHandle();
+    void floatsAgain();
     void deletion_data();
     void deletion();
     void scrollArea_data();
@@ -160,6 +167,25 @@ void tst_ResizeableWidgetHandle::drag()
     QTRY_COMPARE(inWindow(), before + growth);
     QVERIFY(m_text->rect().contains(m_handle->geometry()));
     QCOMPARE(m_handle->pos().x() == 0, position == Handle::LeftEdge || position == Handle::TopLeftCorner);
+}
+
+/// On its way back the widget does not float, and it stays in a window that has become smaller.
+void tst_ResizeableWidgetHandle::cancel()
+{
+    const QRect place = inWindow();
+    QTest::keyClick(m_handle.data(), Qt::Key_Return);
+    QTRY_VERIFY(m_handle->isFloating() && !m_handle->mainWidget()->isAnimating());
+    QTest::keyClick(m_handle.data(), Qt::Key_Return);
+    QVERIFY(m_handle->mainWidget()->isReturning());
+    drag({{40, 40}}, true);
+    QVERIFY(!m_handle->isFloating());
+    QTRY_COMPARE(inWindow(), place);
+    m_handle->onResize(QSize(500, 400), QPoint(10, 10));
+    QTest::mousePress(m_handle.data(), Qt::LeftButton);
+    Q_EMIT m_handle->sigMoveAbout(QSize(-50, -50));
+    m_window->setFixedSize(400, 300);
+    QTest::keyClick(m_handle.data(), Qt::Key_Escape);
+    QCOMPARE(inWindow(), QRect(0, 0, 400, 268));
 }
 
 void tst_ResizeableWidgetHandle::onResize_data()
@@ -283,6 +309,62 @@ void tst_ResizeableWidgetHandle::splitter()
     m_handle->closeEnlarged();
     QCOMPARE(splitter->widget(1), m_text);
     QCOMPARE(splitter->sizes(), sizes);
+}
+
+/// Whenever the last handle goes, the widget comes back; one that is taken elsewhere has gone, too.
+void tst_ResizeableWidgetHandle::lastHandle_data()
+{
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"deleted when it floats", "taken away", "taken away before", "taken away and deleted"})
+        QTest::newRow(how) << how;
+}
+
+void tst_ResizeableWidgetHandle::lastHandle()
+{
+    QFETCH(const QString, how);
+    const QPointer<QWidget> text = m_text;
+    QString told;
+    connect(m_handle, &Handle::sigFloatingChanged, [&](bool floating) {
+        told += floating ? '+' : '-';
+        if (how == "deleted when it floats")
+            delete m_handle;
+    });
+    if (how == "taken away before")
+        m_handle->setParent(m_form);
+    m_handle->onResize(QSize(300, 250), QPoint(10, 10));
+    if (how.startsWith("taken away"))
+        m_handle->setParent(m_form);
+    if (how == "taken away and deleted")
+        delete m_handle;
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(text && text->parentWidget() == m_form && text->isVisible());
+    QVERIFY(!m_form->findChild<ResizeWidgetPlaceHolder *>() && !m_window->findChild<MainWidget *>());
+    QCOMPARE(m_window->m_log.right(1), QString(m_window->m_log.contains('x') ? "x" : "-"));
+    QCOMPARE(told, QString(how == "taken away before" ? "" : how == "deleted when it floats" ? "+" : "+-"));
+    if (m_handle) {
+        m_handle->onResize(QSize(300, 250), QPoint(10, 10));
+        QVERIFY(!m_handle->isFloating() && m_handle->getResizableWidget() == m_handle);
+    }
+}
+
+/// All handles hear of both times, and the main window of no end between.
+void tst_ResizeableWidgetHandle::floatsAgain()
+{
+    Handle second(m_text, Handle::RightEdge);
+    QString told;
+    connect(&second, &Handle::sigFloatingChanged, [&](bool floating) { told += floating ? '+' : '-'; });
+    m_handle->onResize(QSize(300, 250), QPoint(10, 10));
+    const auto connection = connect(m_handle, &Handle::sigFloatingChanged, [&](bool floating) {
+        if (!floating)
+            m_handle->onResize(QSize(300, 250), QPoint(10, 10));
+    });
+    m_handle->closeEnlarged();
+    disconnect(connection);
+    QCoreApplication::processEvents();
+    QVERIFY(m_handle->isFloating() && second.isFloating());
+    QCOMPARE(told, QString("+-+"));
+    QVERIFY(!m_window->m_log.contains('x'));
 }
 
 void tst_ResizeableWidgetHandle::deletion_data()
