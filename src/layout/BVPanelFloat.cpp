@@ -162,7 +162,8 @@ std::unique_ptr<BVPanelFloat> BVPanelFloat::leave(QWidget *panel)
     const QRect rect = BVPanelGeometry::rectInWindow(panel);
     std::unique_ptr<BVPanelFloat> result(new BVPanelFloat(panel, window));
     MainWidget *main = result->m_mainWidget;
-    main->setGeometry(rect);
+    main->setGeometryWithAnimation(rect, 0, false);
+    result->m_placeRect = rect;
     result->syncLook();
     const auto takeOut = [&] { main->setContent(panel); };
     if (!replace(panel->parentWidget(), panel, result->m_place, takeOut))
@@ -305,6 +306,8 @@ bool BVPanelFloat::eventFilter(QObject *watched, QEvent *event)
     else if (type == QEvent::Show || type == QEvent::Hide || type == QEvent::EnabledChange ||
              type == QEvent::LayoutDirectionChange)
         syncWithPlace();
+    if (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show)
+        onPlaceMoved();
     if (type == QEvent::Show) // a dock becomes a window, or none, without another parent
         checkHost();
     return false;
@@ -324,6 +327,20 @@ void BVPanelFloat::checkHost()
         return;
     if (BVPanelGeometry::hostWindow(m_place) != m_mainWidget->parentWidget())
         QMetaObject::invokeMethod(this, &BVPanelFloat::comeBack, Qt::QueuedConnection);
+}
+
+/// The panel keeps what it sticks out of its place on each side. A place out of sight, as on
+/// another page, does not count.
+void BVPanelFloat::onPlaceMoved()
+{
+    if (!m_place || !m_mainWidget || !m_place->isVisible())
+        return;
+    const QWidget *window = m_mainWidget->parentWidget();
+    const QRect rect = placeRect();
+    if (rect == m_placeRect || !window->rect().intersects(rect) ||
+        BVPanelGeometry::hostWindow(m_place) != window)
+        return;
+    m_mainWidget->followPlace(std::exchange(m_placeRect, rect), rect);
 }
 
 /// The program has taken the panel elsewhere.

@@ -15,9 +15,10 @@ class QWidget;
 /// holder that keeps its place.
 ///
 /// The panel is shown and enabled as the place is, and has the font and palette that the forms
-/// around the place give it. When the place is deleted, so is the panel; when the panel is deleted,
-/// the place and the main widget go. The time also ends when the place comes into another window,
-/// as that of a dock does that is undocked, and when the program gives the panel another parent.
+/// around the place give it; its edges follow those of the place. When the place is deleted, so is
+/// the panel; when the panel is deleted, the place and the main widget go. The time also ends when
+/// the place comes into another window, as that of a dock does that is undocked, and when the
+/// program gives the panel another parent.
 class BVPanelFloat : public QObject
 {
     Q_OBJECT
@@ -62,6 +63,7 @@ private:
     void onAncestorMoved();
     void checkHost();
     void onPanelMoved();
+    void onPlaceMoved();
     void putBack();
     void end();
     void syncWithPlace();
@@ -70,5 +72,6 @@ private:
     QWidget *m_panel;         // null once it is being deleted
     QWidget *m_place;         // null once it is being deleted
     MainWidget *m_mainWidget; // likewise
+    QRect m_placeRect;        // when it was last in sight
     QVector<QPointer<QObject>> m_watched;
 };

@@ -34,7 +34,8 @@ class MainWidget;
 /// While it floats it is visible and enabled as its place is, has the font and palette that its
 /// form gives it, but not what a style sheet set on the form itself says, and it belongs to
 /// whatever owns that place: when the form is deleted, the panel is too. When the program gives it
-/// another parent, it stays there and floats no longer.
+/// another parent, it stays there and floats no longer. When the place moves or changes its size,
+/// as with the window, each edge of the panel does likewise.
 ///
 /// The main window in the application's property "MainWindow" is told of the panel while it stands
 /// in its layout. Each time that it has left the main widget, the main window gets, posted, the

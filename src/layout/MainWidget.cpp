@@ -51,6 +51,12 @@ QWidget *MainWidget::content() const
 
 void MainWidget::setGeometryWithAnimation(const QRect &rect, int durationMs, bool returning)
 {
+    m_wanted = rect;
+    moveTo(rect, durationMs, returning);
+}
+
+void MainWidget::moveTo(const QRect &rect, int durationMs, bool returning)
+{
     m_animation->stop();
     m_returning = returning;
     m_animation->setDuration(qMax(0, durationMs));
@@ -162,12 +168,21 @@ void MainWidget::stayAbove(const QObject *sibling)
         container->raise();
 }
 
+void MainWidget::followPlace(const QRect &from, const QRect &to)
+{
+    if (m_wanted.isNull() || isReturning())
+        return;
+    m_wanted.adjust(to.left() - from.left(), to.top() - from.top(), to.right() - from.right(),
+                    to.bottom() - from.bottom());
+    keepInWindow();
+}
+
+/// What is cut off while the window is small comes back with the room for it.
 void MainWidget::keepInWindow()
 {
-    if (isReturning())
+    if (m_wanted.isNull() || isReturning())
         return;
-    const QRect target = targetGeometry();
-    const QRect inside = BVPanelGeometry::clamped(availableArea(), target);
-    if (inside != target)
-        setGeometryWithAnimation(inside, 0, false);
+    const QRect inside = BVPanelGeometry::clamped(availableArea(), m_wanted);
+    if (inside != targetGeometry())
+        moveTo(inside, 0, false);
 }

@@ -14,8 +14,9 @@ class QPropertyAnimation;
 /// The container in which a panel floats over its main window.
 ///
 /// A child of the window, not a window itself: it stays above its siblings and inside the room that
-/// the window has for panels, also when the window shrinks. Its frame and shadow lie around it, so
-/// that its content fills its geometry. When its content goes, it goes too.
+/// the window has for panels, also when the window shrinks; it takes its size again when that
+/// grows. Its frame and shadow lie around it, so that its content fills its geometry. When its
+/// content goes, it goes too.
 class BVWIDGETS_EXPORT MainWidget : public QWidget
 {
     Q_OBJECT
@@ -34,6 +35,8 @@ public:
     /// @p durationMs milliseconds. At once while it is hidden, with a duration of 0 or less and
     /// when the style wants no animations. @p returning comes back with sigAnimationFinished().
     void setGeometryWithAnimation(const QRect &rect, int durationMs, bool returning);
+    /// The place that the content has come from has moved: each edge moves as that of the place.
+    void followPlace(const QRect &from, const QRect &to);
     /// Where the animation ends; the geometry without one.
     QRect targetGeometry() const;
     bool isAnimating() const;
@@ -59,12 +62,14 @@ protected:
 
 private:
     void keepInWindow();
+    void moveTo(const QRect &rect, int durationMs, bool returning);
     void stayAbove(const QObject *sibling);
     void leaveWith(const QObject *child);
 
     QPropertyAnimation *m_animation; // child of this
     std::unique_ptr<BVPanelShadow> m_shadow;
     QPointer<QWidget> m_content;
+    QRect m_wanted;                           // where there is room for it; null until it was given
     const QObject *m_contentObject = nullptr; // only compared
     bool m_returning = false;
 };

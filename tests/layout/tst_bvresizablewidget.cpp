@@ -653,10 +653,17 @@ void tst_BVResizableWidget::windowShrinks()
 {
     Scene scene;
     scene.drag(scene.m_panel->diagonalHandle(), QPoint(350, 300));
+    const QRect rect = scene.rect();
     scene.m_window->resize(500, 300);
-    QCOMPARE(scene.rect(), QRect(0, 0, 500, 268));
+    QCOMPARE(scene.rect(), QRect(50, 0, 450, 268)); // with the right edge of the place
     scene.m_window->resize(600, 500);
-    QCOMPARE(scene.rect(), QRect(0, 0, 500, 268));
+    QCOMPARE(scene.rect(), rect);
+    scene.m_window->resize(700, 600);
+    QCOMPARE(scene.rect(), rect.adjusted(0, 0, 100, 0));
+    scene.m_host->hide();
+    scene.m_window->resize(600, 500);
+    scene.m_host->show();
+    QCOMPARE(scene.rect(), rect);
 }
 
 void tst_BVResizableWidget::deletions_data()
