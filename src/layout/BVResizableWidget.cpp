@@ -16,7 +16,6 @@
 #include <QEvent>
 #include <QTimer>
 
-using Brimvale::ResizeableWidgetInterface;
 using BVPanelGeometry::isLarger;
 using BVPanelGeometry::plausible;
 

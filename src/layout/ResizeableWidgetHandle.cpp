@@ -12,7 +12,6 @@
 
 #include <QEvent>
 
-using Brimvale::ResizeableWidgetInterface;
 using BVPanelGeometry::isLarger;
 using BVPanelGeometry::plausible;
 

@@ -12,6 +12,7 @@
 #include "navigation/BVStackFilterLine_p.h"
 #include "platform/PropertyChangeFilter.h"
 
+#include <QAction>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QHeaderView>
