@@ -9,6 +9,7 @@
 #include "StartPage.h"
 #include "StepHeader.h"
 #include "TestSupport.h"
+#include "WorkbenchBench.h"
 #include "WorkbenchSettings.h"
 #include "WorkbenchWindow.h"
 
@@ -31,18 +32,9 @@ namespace {
 
 const QString s_steel = QStringLiteral(":/Setups/square-cup-steel.xml");
 
-/// The main window with the steel set-up, shown and active.
-struct Bench
+struct Bench : WorkbenchBench
 {
-    Bench()
-    {
-        window.openExample(s_steel);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-    }
-
     BVControlledStackItem *entry(int index) { return form->operationsEntry()->itemAt(index); }
-    OperationPage *page(int index) { return form->operations()->pages().value(index); }
     FieldEditor *field(int page, size_t index) { return this->page(page)->group()->editors()[index]; }
     QStringList names()
     {
@@ -52,20 +44,9 @@ struct Bench
         return names;
     }
     QAction *action(const char *kind) { return form->startPage()->kindActions().value(OperationKinds::find(QLatin1String(kind))); }
-    void type(int page, size_t index, const QString &text)
-    {
-        FieldEditor *editor = field(page, index);
-        window.showPageOf(editor->edit());
-        editor->edit()->setFocus();
-        editor->selectAll();
-        QTest::keyClicks(editor->edit(), text);
-        QTest::keyClick(editor->edit(), Qt::Key_Return);
-        QCoreApplication::processEvents();
-    }
+    void type(int page, size_t index, const QString &text) { WorkbenchBench::type(field(page, index), text); }
     bool needsInput(int index) { return entry(index)->getBVWidgetStatus() & BVWidgetStatus::NeedInput; }
 
-    WorkbenchWindow window;
-    SetupStack *form = window.form();
     BVDragTreeWidget *tree = form->controller()->tree();
 };
 

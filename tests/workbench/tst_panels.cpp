@@ -13,6 +13,7 @@
 #include "SetupStack.h"
 #include "StartPage.h"
 #include "TestSupport.h"
+#include "WorkbenchBench.h"
 #include "WorkbenchPanels.h"
 #include "WorkbenchSettings.h"
 #include "WorkbenchWindow.h"
@@ -37,41 +38,25 @@
 
 namespace {
 
-const QString s_steel = QStringLiteral(":/Setups/square-cup-steel.xml");
-
 int fieldIndex(const char *group, const char *key)
 {
     return SetupFields::findField(SetupFields::findGroup(QLatin1String(group)), QLatin1String(key));
 }
 
-/// The main window with the steel set-up, shown and active.
-struct Bench
+struct Bench : WorkbenchBench
 {
     Bench()
+        : WorkbenchBench(QSize(1040, 780))
     {
-        window.resize(1040, 780);
-        window.openExample(s_steel);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
     }
 
     BVControlledStackItem *entry(int index) { return form->operations()->entries().value(index); }
-    OperationPage *page(int index) { return form->operations()->pages().value(index); }
     QStringList texts()
     {
         QStringList texts;
         for (int i = 0; i < tabs->count(); ++i)
             texts << tabs->getItemText(i);
         return texts;
-    }
-    void type(FieldEditor *editor, const QString &text)
-    {
-        window.showPageOf(editor->edit());
-        editor->edit()->setFocus();
-        editor->selectAll();
-        QTest::keyClicks(editor->edit(), text);
-        QTest::keyClick(editor->edit(), Qt::Key_Return);
-        QCoreApplication::processEvents();
     }
     /// Chooses an entry of the current tab's menu.
     void choose(const QString &text)
@@ -96,8 +81,6 @@ struct Bench
         return nullptr;
     }
 
-    WorkbenchWindow window;
-    SetupStack *form = window.form();
     OperationTabs *tabs = window.tabs();
     FloatingPanel *messagePanel = window.panels()->messagePanel();
     FloatingPanel *curvePanel = window.panels()->curvePanel();
