@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "layout/BVHandleAccessible_p.h"
 
-#include "layout/BVArrowStep_p.h"
+#include "layout/BVHandleStep_p.h"
 #include "layout/BVPanelGeometry_p.h"
 #include "layout/BVResizableWidgetTextHandle.h"
 
@@ -137,7 +137,7 @@ QStringList BVHandleAccessible::actionNames() const
 void BVHandleAccessible::doAction(const QString &name)
 {
     if (name == increaseAction() || name == decreaseAction())
-        growBy(name == increaseAction() ? BVArrowStep::s_length : -BVArrowStep::s_length, true);
+        growBy(name == increaseAction() ? BVHandleStep::s_length : -BVHandleStep::s_length, true);
     else if (name == toggleAction() && handle()->isEnabled())
         Q_EMIT handle()->sigToggleRequested();
     else

@@ -70,7 +70,7 @@ QSize plausible(const QSize &size);
 QPoint plausible(const QPoint &point);
 bool isLarger(const QSize &size, const QSize &other);
 
-/// The nearest QMainWindow around the widget, or its top-most widget.
+/// The nearest QMainWindow around the widget, or the window that it is in if that comes first.
 QWidget *hostWindow(const QWidget *widget);
 /// The widget's rectangle in the coordinates of its host window.
 QRect rectInWindow(const QWidget *widget);

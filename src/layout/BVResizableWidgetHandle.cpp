@@ -2,8 +2,8 @@
 #include "layout/BVResizableWidgetHandle.h"
 
 #include "foundation/MainWindow.h"
-#include "layout/BVArrowStep_p.h"
 #include "layout/BVHandleAccessible_p.h"
+#include "layout/BVHandleStep_p.h"
 #include "layout/BVPanelGeometry_p.h"
 #include "platform/PropertyChangeFilter.h"
 
@@ -258,7 +258,7 @@ void BVResizableWidgetHandle::mouseDoubleClickEvent(QMouseEvent *event)
 void BVResizableWidgetHandle::keyPressEvent(QKeyEvent *event)
 {
     const QSize growth = BVPanelGeometry::alongHandle(
-        m_position, BVPanelGeometry::growth(m_position, BVArrowStep::of(*event)));
+        m_position, BVPanelGeometry::growth(m_position, BVHandleStep::of(*event)));
     const bool isPlain = !(event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
     if (!isPlain || (growth.isNull() && !isToggleKey(event->key())))
         return QFrame::keyPressEvent(event);

@@ -2,8 +2,8 @@
 #include "layout/BVResizeWidget.h"
 
 #include "foundation/BVCursorTable.h"
-#include "layout/BVArrowStep_p.h"
 #include "layout/BVGripGeometry_p.h"
+#include "layout/BVHandleStep_p.h"
 #include "layout/BVResizeWidgetAccessible_p.h"
 
 #include <QGuiApplication>
@@ -139,7 +139,7 @@ void BVResizeWidget::hideEvent(QHideEvent *event)
 
 void BVResizeWidget::keyPressEvent(QKeyEvent *event)
 {
-    const QPoint step = BVArrowStep::of(*event);
+    const QPoint step = BVHandleStep::of(*event);
     const Qt::Edges edges = s_kinds[m_resizeType].grip.edges;
     if ((step.x() && (edges & s_sides)) || (step.y() && (edges & s_ends)))
         moveBy(step);

@@ -5,7 +5,7 @@
 #include <QPoint>
 
 /// What the keyboard and assistive technology drag a handle or grip by.
-namespace BVArrowStep {
+namespace BVHandleStep {
 
 constexpr int s_length = 10; // px; Shift makes it one
 
@@ -30,4 +30,4 @@ inline QPoint of(const QKeyEvent &event)
     }
 }
 
-} // namespace BVArrowStep
+} // namespace BVHandleStep
