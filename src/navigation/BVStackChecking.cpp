@@ -2,34 +2,15 @@
 #include "navigation/BVStackChecking_p.h"
 
 #include "itemviews/BVDragTreeWidget.h"
+#include "itemviews/BVTreeItems_p.h"
 #include "navigation/BVControlledStackItem.h"
 #include "navigation/BVStackNavigation_p.h"
 
+#include <QList>
 #include <QPersistentModelIndex>
-#include <QPointer>
 #include <QTreeWidgetItemIterator>
-#include <QVector>
 
 namespace {
-
-/// A row that may go.
-class Row
-{
-public:
-    Row(QTreeWidgetItem *row, int column)
-        : m_tree(qobject_cast<BVDragTreeWidget *>(row->treeWidget()))
-        , m_index(m_tree ? m_tree->indexFromItem(row, column) : QModelIndex())
-    {
-    }
-    QTreeWidgetItem *item() const
-    {
-        return m_tree && m_index.isValid() ? m_tree->itemFromIndex(m_index) : nullptr;
-    }
-
-private:
-    QPointer<BVDragTreeWidget> m_tree;
-    QPersistentModelIndex m_index;
-};
 
 int columnOf(const QTreeWidgetItem *row)
 {
@@ -37,13 +18,14 @@ int columnOf(const QTreeWidgetItem *row)
     return item ? item->checkColumn() : 0;
 }
 
+/// Slots may delete rows while others are checked.
 template <typename Wanted>
-QVector<Row> rows(BVDragTreeWidget *tree, const Wanted &isWanted)
+QList<QPersistentModelIndex> rows(BVDragTreeWidget *tree, const Wanted &isWanted)
 {
-    QVector<Row> rows;
+    QList<QPersistentModelIndex> rows;
     for (QTreeWidgetItemIterator i(tree); *i; ++i)
         if (BVStackChecking::isCheckable(*i) && isWanted(*i))
-            rows.append(Row(*i, columnOf(*i)));
+            rows.append(BVTreeItems::indexOf(*i));
     return rows;
 }
 
@@ -61,10 +43,10 @@ bool isLinked(const QTreeWidgetItem *row, const QTreeWidgetItem *other)
            (isBelow(other, row) && row->flags() & Qt::ItemIsAutoTristate);
 }
 
-void checkEach(const QVector<Row> &rows, Qt::CheckState state)
+void checkEach(const QList<QPersistentModelIndex> &rows, Qt::CheckState state)
 {
-    for (const Row &row : rows)
-        BVStackChecking::check(row.item(), state);
+    for (const QModelIndex &row : rows)
+        BVStackChecking::check(BVTreeItems::itemOf(row), state);
 }
 
 } // namespace
@@ -118,10 +100,10 @@ void BVStackChecking::checkOnly(QTreeWidgetItem *row)
         return;
     }
     const BVStackNavigation::NetToggles groups(BVControlledStackItem::itemFromTreeItem(row));
-    const Row kept(row, columnOf(row));
+    const QPersistentModelIndex kept = BVTreeItems::indexOf(row);
     const auto isOther = [row](const QTreeWidgetItem *other) {
         return other != row && !isLinked(other, row);
     };
     checkEach(rows(tree, isOther), Qt::Unchecked);
-    check(kept.item(), Qt::Checked);
+    check(BVTreeItems::itemOf(kept), Qt::Checked);
 }
